@@ -1,0 +1,40 @@
+# What every target of this project shares, and the one way to declare a library of src/.
+
+set(THREADS_PREFER_PTHREAD_FLAG ON)
+find_package(Threads REQUIRED)
+
+# Warnings are errors in our code only; the SDK's headers come in as system headers.
+# Contraction stays off: a fused multiply-add rounds once where the formulas round twice, and ten cells of the built-in
+# morph table would come out a step higher.
+# g++ 12 sees overlaps in its own std::string (its bug 105329), so that one warning is off there.
+add_library(house_flags INTERFACE)
+target_compile_options(house_flags INTERFACE
+    $<$<CXX_COMPILER_ID:GNU,Clang>:-Wall;-Wextra;-Wpedantic;-Wconversion;-Wsign-conversion;-Wshadow;-Werror;-ffp-contract=off>
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+    $<$<CXX_COMPILER_ID:MSVC>:/W4;/WX;/fp:precise;/utf-8>)
+if(TESSALY_SANITIZE)
+    target_compile_options(house_flags INTERFACE -fsanitize=${TESSALY_SANITIZE} -fno-sanitize-recover=all
+        -fno-omit-frame-pointer)
+    target_link_options(house_flags INTERFACE -fsanitize=${TESSALY_SANITIZE})
+    # The SDK's programs are not instrumented: to load our module they need the sanitizer's library first.
+    if(TESSALY_SANITIZE MATCHES "thread")
+        set(_runtime libtsan.so)
+    else()
+        set(_runtime libasan.so)
+    endif()
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${_runtime} OUTPUT_VARIABLE _runtime
+        OUTPUT_STRIP_TRAILING_WHITESPACE)
+    set(TESSALY_LOADER_ENVIRONMENT "LD_PRELOAD=${_runtime};ASAN_OPTIONS=detect_leaks=0")
+endif()
+
+# house_library(NAME LINKS target...)
+# A library of all sources in this folder. Its folder is its only public include path, so a file can include just the
+# folders that its link line names: an include in the wrong direction does not build.
+function(house_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS")
+    file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+    file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
+    add_library(${name} STATIC ${sources} ${headers})
+    target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+    target_link_libraries(${name} PUBLIC ${arg_LINKS} PRIVATE house_flags)
+endfunction()

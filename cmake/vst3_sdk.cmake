@@ -1,0 +1,71 @@
+# The VST 3 SDK: found, built once outside the build folder, and offered as imported targets.
+#
+#   vst3sdk::plugin    what a plug-in links          vst3sdk::hosting   what a host links
+#   VST3_VALIDATOR, VST3_MODULEINFOTOOL, VST3_EDITORHOST   the SDK's own programs
+
+if(DEFINED ENV{XDG_CACHE_HOME} AND NOT "$ENV{XDG_CACHE_HOME}" STREQUAL "")
+    set(_cache "$ENV{XDG_CACHE_HOME}/tessaly-bench")
+else()
+    set(_cache "$ENV{HOME}/.cache/tessaly-bench")
+endif()
+set(VST3_SDK_DIR "${_cache}/vst3sdk" CACHE PATH "Folder of the VST 3 SDK (with pluginterfaces, public.sdk, vstgui4)")
+
+if(NOT EXISTS "${VST3_SDK_DIR}/pluginterfaces/vst/ivstaudioprocessor.h")
+    message(FATAL_ERROR "No VST 3 SDK in ${VST3_SDK_DIR}. Either run scripts/fetch-sdk \"${VST3_SDK_DIR}\" "
+        "(Debian: from its source archive), or build with -DVST3_SDK_DIR=<the folder of an SDK that you have>.")
+endif()
+
+string(SHA1 _hash "${VST3_SDK_DIR}")
+string(SUBSTRING "${_hash}" 0 8 _hash)
+set(VST3_SDK_BUILD_DIR "${_cache}/vst3sdk-build-${_hash}" CACHE PATH "Where the SDK's libraries and programs are built")
+
+set(_archives sdk sdk_common base pluginterfaces sdk_hosting)
+set(VST3_VALIDATOR "${VST3_SDK_BUILD_DIR}/bin/Release/validator")
+set(VST3_EDITORHOST "${VST3_SDK_BUILD_DIR}/bin/Release/editorhost")
+set(VST3_MODULEINFOTOOL "${VST3_SDK_BUILD_DIR}/bin/Release/moduleinfotool")
+
+if(NOT EXISTS "${VST3_SDK_BUILD_DIR}/.complete")
+    message(STATUS "Building the VST 3 SDK once in ${VST3_SDK_BUILD_DIR} (some two minutes)")
+    execute_process(
+        COMMAND ${CMAKE_COMMAND} -G Ninja -S "${VST3_SDK_DIR}" -B "${VST3_SDK_BUILD_DIR}"
+            -DCMAKE_BUILD_TYPE=Release -DCMAKE_POSITION_INDEPENDENT_CODE=ON -DCMAKE_CXX_VISIBILITY_PRESET=hidden
+            -DCMAKE_VISIBILITY_INLINES_HIDDEN=ON "-DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER}"
+            "-DCMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER}"
+            -DSMTG_ENABLE_VST3_PLUGIN_EXAMPLES=OFF -DSMTG_CREATE_PLUGIN_LINK=OFF -DSMTG_RUN_VST_VALIDATOR=OFF
+        OUTPUT_FILE "${CMAKE_CURRENT_BINARY_DIR}/sdk.log" ERROR_FILE "${CMAKE_CURRENT_BINARY_DIR}/sdk.log"
+        RESULT_VARIABLE _result)
+    if(_result EQUAL 0)
+        execute_process(
+            COMMAND ${CMAKE_COMMAND} --build "${VST3_SDK_BUILD_DIR}" --target ${_archives} validator editorhost
+                moduleinfotool
+            OUTPUT_FILE "${CMAKE_CURRENT_BINARY_DIR}/sdk.log" ERROR_FILE "${CMAKE_CURRENT_BINARY_DIR}/sdk.log"
+            RESULT_VARIABLE _result)
+    endif()
+    if(NOT _result EQUAL 0)
+        message(FATAL_ERROR "The VST 3 SDK did not build; see ${CMAKE_CURRENT_BINARY_DIR}/sdk.log")
+    endif()
+    file(TOUCH "${VST3_SDK_BUILD_DIR}/.complete")
+endif()
+
+foreach(_archive IN LISTS _archives)
+    add_library(vst3sdk_${_archive} STATIC IMPORTED)
+    set_target_properties(vst3sdk_${_archive} PROPERTIES
+        IMPORTED_LOCATION "${VST3_SDK_BUILD_DIR}/lib/Release/lib${_archive}.a")
+endforeach()
+
+set_target_properties(vst3sdk_base PROPERTIES INTERFACE_LINK_LIBRARIES vst3sdk_pluginterfaces)
+set_target_properties(vst3sdk_sdk_common PROPERTIES INTERFACE_LINK_LIBRARIES vst3sdk_base)
+set_target_properties(vst3sdk_sdk vst3sdk_sdk_hosting PROPERTIES INTERFACE_LINK_LIBRARIES vst3sdk_sdk_common)
+
+# RELEASE also in debug builds: with DEVELOPMENT the SDK traps into a debugger, which kills a host.
+add_library(vst3sdk_headers INTERFACE)
+target_include_directories(vst3sdk_headers SYSTEM INTERFACE "${VST3_SDK_DIR}")
+target_compile_definitions(vst3sdk_headers INTERFACE RELEASE=1)
+
+add_library(vst3sdk_plugin INTERFACE)
+target_link_libraries(vst3sdk_plugin INTERFACE vst3sdk_headers vst3sdk_sdk Threads::Threads)
+add_library(vst3sdk::plugin ALIAS vst3sdk_plugin)
+
+add_library(vst3sdk_host INTERFACE)
+target_link_libraries(vst3sdk_host INTERFACE vst3sdk_headers vst3sdk_sdk_hosting Threads::Threads ${CMAKE_DL_LIBS})
+add_library(vst3sdk::hosting ALIAS vst3sdk_host)
