@@ -1,0 +1,19 @@
+#pragma once
+
+#include <clocale>
+#include <doctest/doctest.h>
+
+namespace tessaly::test
+{
+
+/// As long as it lives, the process runs under a locale with a decimal comma, as a host may.
+class GermanLocale
+{
+public:
+    GermanLocale () { REQUIRE (std::setlocale (LC_ALL, "de_DE.UTF-8") != nullptr); }
+    ~GermanLocale () { std::setlocale (LC_ALL, "C"); }
+    GermanLocale (const GermanLocale&) = delete;
+    GermanLocale& operator= (const GermanLocale&) = delete;
+};
+
+} // namespace tessaly::test

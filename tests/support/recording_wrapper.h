@@ -1,0 +1,61 @@
+#pragma once
+
+#include "effect_wrapper.h"
+#include "result.h"
+#include <cstring>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace tessaly::test
+{
+
+/// What happened, in order, as short texts.
+using CallLog = std::vector<std::string>;
+
+template <typename... Words>
+void Record (CallLog& log, const Words&... words)
+{
+    std::ostringstream text;
+    const char* gap = "";
+    ((text << gap << words, gap = " "), ...);
+    log.push_back (text.str ());
+}
+
+/// The adapter's place: writes down what the effect tells it.
+class RecordingWrapper : public ZEffectWrapper
+{
+public:
+    explicit RecordingWrapper (CallLog& calls)
+        : log (calls)
+    {
+    }
+
+    bool NotifyEditor (std::int32_t code, void* data) override
+    {
+        if (data == nullptr)
+            Record (log, "notify", code, "null");
+        else if (code == kCodeSampleRate)
+            Record (log, "notify", code, *static_cast<double*> (data));
+        else if (code == kCodeBlockSize || code == kCodePostHost)
+            Record (log, "notify", code, *static_cast<std::int32_t*> (data));
+        else if (code == kCodeBypass)
+            Record (log, "notify", code, *static_cast<bool*> (data));
+        else
+            Record (log, "notify", code, "object");
+        return true;
+    }
+    bool NotifyEditor2 (std::int32_t, void*) override { return false; }
+    void PostHost (std::int32_t argument) override { Record (log, "post", argument); }
+    void GetTimeInfo (ZTimeInfo* info) override { info->tempo = 98.5; }
+    std::int32_t GetHostName (char* buffer) override
+    {
+        std::strcpy (buffer, "Some Host");
+        return kOk;
+    }
+
+private:
+    CallLog& log; // not owned: the test, outlives this
+};
+
+} // namespace tessaly::test
