@@ -1,0 +1,36 @@
+#pragma once
+
+namespace tessaly
+{
+
+/// Coefficients of one second-order section. In the usual notation b0, b1, b2, -a1, -a2 of a denominator normalized to
+/// a0 = 1: the feedback terms are added, so they carry the sign. All zero: silence.
+struct BiquadCoefs
+{
+    double c0 = 0.0;
+    double c1 = 0.0;
+    double c2 = 0.0;
+    double c3 = 0.0;
+    double c4 = 0.0;
+};
+
+/// The last two inputs (s0 the newer) and the last two outputs (s2 the newer) of a section.
+struct BiquadState
+{
+    double s0 = 0.0;
+    double s1 = 0.0;
+    double s2 = 0.0;
+    double s3 = 0.0;
+};
+
+/// One sample through a section in direct form 1:
+///     y[n] = c0 x[n] + c1 x[n-1] + c2 x[n-2] + c3 y[n-1] + c4 y[n-2]
+inline double processBiquad (const BiquadCoefs& coefs, BiquadState& state, double x)
+{
+    const double y =
+        coefs.c0 * x + coefs.c1 * state.s0 + coefs.c2 * state.s1 + coefs.c3 * state.s2 + coefs.c4 * state.s3;
+    state = { x, state.s0, y, state.s2 };
+    return y;
+}
+
+} // namespace tessaly

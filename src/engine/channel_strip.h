@@ -1,0 +1,76 @@
+#pragma once
+
+#include "compressor.h"
+#include "equalizer.h"
+#include "noise_generator.h"
+#include "old_plugin_core.h"
+#include "shared_value.h"
+#include "strip_meter.h"
+
+#include <cstdint>
+
+namespace tessaly
+{
+
+/// The audio engine: a mono channel strip. Each sample passes, in this order, a tiny noise, the compressor with its
+/// makeup, "Total Gain", the equalizer and a blend with the dry input for "Bypass". Settings glide or are crossfaded;
+/// only the bypasses of the two stages switch. Double precision inside, float at both ends. Channel 0 is processed.
+///
+/// Meter 0 is the gain reduction, 0 for none to 1; meter 1 the output level, 0 to 1. Both are published after a block.
+///
+/// Threads: the process operations on the audio thread; SetParameterOld and all reads on any thread, also during a
+/// block; SetSampleRateOld, ResumeOld and SuspendOld during set-up, not beside a block.
+class Channel_Strip : public ZOldPluginCore
+{
+public:
+    explicit Channel_Strip (ZEffect* owner);
+
+    void SetSampleRateOld (double rate) override; ///< Hz, above 0; then as ResumeOld
+    void ResumeOld () override;                   ///< designs everything anew and clears the equalizer, no crossfade
+    void SuspendOld () override;                  ///< clears the meters
+    std::int32_t GetTail () override;             ///< seven seconds, in samples
+
+    /// Sets a parameter by its plain value: a step, truncated to a whole number. "Bypass" is on for any but 0.
+    /// An unknown index, and "Morph", which is no setting of the engine, change nothing.
+    /// @param step  in the parameter's range, which the storage keeps; a time, ratio or quality of 0 has no meaning
+    void SetParameterOld (std::int32_t index, float step) override;
+
+    /// Without channels (null pointers) or samples only the meters are published.
+    void Process (float** in, float** out, std::int32_t n) override;
+    std::int32_t ProcessBlock (ZAudioBlock& block) override;
+    std::int32_t ProcessBlockBypassed (ZAudioBlock& block) override; ///< the strip has a bypass of its own
+
+    /// What the equalizer's settings do at a frequency (Hz), in dB.
+    /// @param band  1 low, 2 mid, 3 high, any other all three
+    virtual double eqResponseDb (double frequency, std::int16_t band);
+
+    double bandFrequency (std::int16_t band) const { return equalizer.bandFrequency (band); } ///< Hz; -1: no such band
+    double bandGain (std::int16_t band) const { return equalizer.bandGain (band); }           ///< dB; -1: no such band
+    double eqValue (std::int16_t parameterIndex) const; ///< indexes 10 to 16, else -1
+    double compressorCurveDb (double inputDb) const { return compressor.compressorCurveDb (inputDb); }
+
+private:
+    void processChannel (const float* in, float* out, std::int32_t n);
+    float processSample (float input);
+    void publishMeters ();
+
+    // Settings, written by SetParameterOld.
+    SharedValue<double> sampleRate = 44100.0; // Hz
+    SharedValue<double> totalGainTarget = 1.0;
+    SharedValue<double> bypassTarget = 0.0; // 0 processed, 1 dry
+    SharedValue<std::uint16_t> eqBypassed = 0;
+    SharedValue<std::uint16_t> compressorBypassed = 0;
+
+    Compressor compressor;
+    Equalizer equalizer;
+
+    // The audio thread's own.
+    NoiseGenerator noise;
+    double glideCoef = 0.0;
+    double totalGain = 1.0;
+    double bypass = 0.0;
+    StripMeter gainReductionMeter; // of 1/gain, 1 and up
+    StripMeter outputMeter;
+};
+
+} // namespace tessaly

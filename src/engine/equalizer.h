@@ -1,0 +1,63 @@
+#pragma once
+
+#include "blend_biquad.h"
+#include "shared_value.h"
+#include "strip_parameter.h"
+
+#include <cstdint>
+
+namespace tessaly
+{
+
+/// Three bands in series: a low shelf, a peak, a high shelf.
+///
+/// Threads: `startUp` during set-up, `process` on the audio thread, the rest on any.
+class Equalizer
+{
+public:
+    Equalizer () { startUp (sampleRate); }
+
+    /// @return false, with nothing changed, if the parameter is none of the equalizer's
+    bool setParameter (StripParameter parameter, std::int32_t step);
+
+    /// Designs all bands anew and clears their state, without a crossfade.
+    /// @param newSampleRate  Hz, above 0
+    void startUp (double newSampleRate);
+
+    double process (double x) { return eqHigh.process (eqMid.process (eqLow.process (x))); }
+
+    /// Response of the settings as they are now, dB.
+    /// @param frequency  Hz, limited to 0.48 of the sample rate
+    /// @param band       1 low, 2 mid, 3 high, any other all three
+    double responseDb (double frequency, std::int16_t band) const;
+
+    double bandFrequency (std::int16_t band) const; ///< Hz; band 1 low, 2 mid, 3 high, any other -1
+    double bandGain (std::int16_t band) const;      ///< dB; likewise
+    double value (StripParameter parameter) const;  ///< Hz, dB or q; -1 if it is none of the equalizer's
+
+private:
+    void designLow ();
+    void designMid ();
+    void designHigh ();
+
+    static constexpr double lowSlope = 0.32;
+    static constexpr double lowMaxDb = 18.0;
+    static constexpr double midSlope = 0.70;
+    static constexpr double midMaxDb = 18.0;
+    static constexpr double highSlope = 0.32;
+    static constexpr double highMaxDb = 18.0;
+
+    SharedValue<double> sampleRate = 44100.0; // Hz
+    SharedValue<double> lowGainDb = 0.0;
+    SharedValue<double> lowFreq = 100.0; // Hz
+    SharedValue<double> midGainDb = 0.0;
+    SharedValue<double> midFreq = 200.0;
+    SharedValue<double> midQ = 1.0;
+    SharedValue<double> highGainDb = 0.0;
+    SharedValue<double> highFreq = 200.0;
+    BlendBiquad eqLow;
+    BlendBiquad eqMid;
+    BlendBiquad eqHigh;
+};
+
+} // namespace tessaly
