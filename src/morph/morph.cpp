@@ -1,0 +1,65 @@
+#include "morph.h"
+
+#include "truncate.h"
+#include <algorithm>
+
+namespace tessaly
+{
+
+namespace
+{
+
+constexpr double kPositionsPerRow = 15.0;
+constexpr double kLastPosition = 120.0;
+constexpr std::int32_t kLastRow = static_cast<std::int32_t> (kKeyPointRows) - 1;
+
+bool IsFilled (const KeyPointTable& table, std::int32_t row)
+{
+    return row >= 0 && table.HasKeyPoint (static_cast<std::uint32_t> (row));
+}
+
+std::int32_t FilledDownFrom (const KeyPointTable& table, std::int32_t row)
+{
+    while (row >= 0 && !IsFilled (table, row))
+        --row;
+    return row;
+}
+
+std::int32_t FilledUpFrom (const KeyPointTable& table, std::int32_t row)
+{
+    while (row < kLastRow && !IsFilled (table, row))
+        ++row;
+    return row;
+}
+
+KeyPointRow Between (const KeyPointRow& lower, const KeyPointRow& upper, double fraction)
+{
+    KeyPointRow steps;
+    for (std::size_t j = 0; j < steps.size (); ++j)
+        steps[j] = TruncateToInt16 (lower[j] + fraction * (upper[j] - lower[j]));
+    return steps;
+}
+
+} // namespace
+
+std::optional<KeyPointRow> MorphedSteps (const KeyPointTable& table, float position)
+{
+    const auto place = std::clamp (static_cast<double> (position), 0.0, kLastPosition) / kPositionsPerRow;
+    const auto row = TruncateToInt16 (place);
+    const auto fraction = place - row;
+    const auto lower = FilledDownFrom (table, row);
+    const auto upper = FilledUpFrom (table, row + 1);
+
+    const bool hasLower = IsFilled (table, lower);
+    const bool hasUpper = IsFilled (table, upper);
+    const auto& rows = table.rows;
+    if (hasLower && hasUpper && fraction != 0.0)
+        return Between (rows[static_cast<std::size_t> (lower)], rows[static_cast<std::size_t> (upper)], fraction);
+    if (hasLower)
+        return rows[static_cast<std::size_t> (lower)];
+    if (hasUpper)
+        return rows[static_cast<std::size_t> (upper)];
+    return std::nullopt;
+}
+
+} // namespace tessaly

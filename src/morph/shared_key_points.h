@@ -1,0 +1,35 @@
+#pragma once
+
+#include "key_points.h"
+#include <array>
+#include <atomic>
+#include <cstdint>
+
+namespace tessaly
+{
+
+/// The set of key points in use, replaced whole on one thread while another may morph by it: a reader gets the old set
+/// or the new one, never rows of both.
+///
+/// Two buffers and a generation whose lowest bit says which one is in use. A writer fills the other buffer, then raises
+/// the generation; a reader copies, then reads again if the generation has changed meanwhile. No lock: a reader goes
+/// round once more only for a set that came while it was reading.
+class SharedKeyPoints
+{
+public:
+    explicit SharedKeyPoints (const KeyPointTable& table);
+
+    KeyPointTable Read () const;               ///< any thread
+    void Replace (const KeyPointTable& table); ///< one thread at a time: the host's user-interface thread
+
+private:
+    using Cells = std::array<std::array<std::atomic<std::int16_t>, kKeyPointColumns>, kKeyPointRows>;
+
+    static void Fill (Cells& cells, const KeyPointTable& table);
+    static KeyPointTable Copy (const Cells& cells);
+
+    std::array<Cells, 2> buffers;
+    std::atomic<std::uint32_t> generation = 0;
+};
+
+} // namespace tessaly
