@@ -1,0 +1,81 @@
+#include "edit_brackets.h"
+
+#include <algorithm>
+
+namespace tessaly
+{
+
+namespace
+{
+
+bool Contains (const std::vector<std::uint32_t>& ids, std::uint32_t id)
+{
+    return std::find (ids.begin (), ids.end (), id) != ids.end ();
+}
+
+} // namespace
+
+void EditBrackets::BeginHeld (std::uint32_t id, std::uint32_t nowMs)
+{
+    if (!Contains (held, id))
+    {
+        held.push_back (id);
+        host.BeginHostEdit (id);
+    }
+    std::erase (timed, id);
+    heldClock = { nowMs, true };
+}
+
+void EditBrackets::EndHeld (std::uint32_t id)
+{
+    if (Contains (held, id))
+    {
+        host.EndHostEdit (id);
+        std::erase (held, id);
+    }
+    std::erase (timed, id);
+}
+
+void EditBrackets::BeginTimed (std::uint32_t id, std::uint32_t nowMs)
+{
+    if (!Contains (held, id) && !Contains (timed, id))
+    {
+        timed.push_back (id);
+        host.BeginHostEdit (id);
+    }
+    timedClock = { nowMs, true };
+}
+
+void EditBrackets::EndTimed (std::uint32_t id)
+{
+    if (std::erase (timed, id) != 0 && !Contains (held, id))
+        host.EndHostEdit (id);
+}
+
+void EditBrackets::EndAllHeld ()
+{
+    while (!held.empty ())
+        EndHeld (held.back ());
+}
+
+void EditBrackets::EndAllTimed ()
+{
+    while (!timed.empty ())
+        EndTimed (timed.back ());
+}
+
+void EditBrackets::EndExpired (std::uint32_t nowMs)
+{
+    if (heldClock.IsExpired (nowMs))
+    {
+        heldClock.running = false;
+        EndAllHeld ();
+    }
+    if (timedClock.IsExpired (nowMs))
+    {
+        timedClock.running = false;
+        EndAllTimed ();
+    }
+}
+
+} // namespace tessaly

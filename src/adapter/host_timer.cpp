@@ -1,0 +1,94 @@
+#include "host_timer.h"
+
+#include "pluginterfaces/base/funknownimpl.h"
+#include "pluginterfaces/gui/iplugview.h"
+
+namespace tessaly
+{
+
+using namespace Steinberg;
+
+#if SMTG_OS_LINUX
+
+namespace
+{
+
+/// What the run loop calls. A loop may keep its reference, or dispatch a copied list, after the timer has stopped:
+/// the function is forgotten then.
+class TimerHandler final : public U::Implements<U::Directly<Linux::ITimerHandler>>
+{
+public:
+    explicit TimerHandler (std::function<void ()> function)
+        : onTimerFunction (std::move (function))
+    {
+    }
+
+    void PLUGIN_API onTimer () override
+    {
+        const auto function = onTimerFunction; // a copy: the host may end the timer from within the call
+        if (function)
+            function ();
+    }
+    void Forget () { onTimerFunction = nullptr; }
+
+private:
+    std::function<void ()> onTimerFunction;
+};
+
+} // namespace
+
+struct HostTimer::Registration
+{
+    IPtr<Linux::IRunLoop> loop;
+    IPtr<TimerHandler> handler;
+};
+
+bool HostTimer::Start (FUnknown* context, FUnknown* fallbackContext, std::uint64_t intervalMs,
+                       std::function<void ()> onTimer)
+{
+    Stop ();
+    for (FUnknown* source : { context, fallbackContext })
+    {
+        const auto loop = U::cast<Linux::IRunLoop> (source);
+        auto handler = owned (new TimerHandler (onTimer));
+        if (loop && loop->registerTimer (handler, intervalMs) == kResultOk)
+        {
+            registration = std::make_unique<Registration> (Registration{ loop, handler });
+            return true;
+        }
+    }
+    return false;
+}
+
+void HostTimer::Stop ()
+{
+    if (!registration)
+        return;
+    const auto ended = std::move (registration);
+    ended->handler->Forget ();
+    ended->loop->unregisterTimer (ended->handler);
+}
+
+#else
+
+struct HostTimer::Registration
+{
+};
+
+bool HostTimer::Start (FUnknown*, FUnknown*, std::uint64_t, std::function<void ()>)
+{
+    return false;
+}
+
+void HostTimer::Stop () {}
+
+#endif
+
+HostTimer::HostTimer () = default;
+
+HostTimer::~HostTimer ()
+{
+    Stop ();
+}
+
+} // namespace tessaly

@@ -1,0 +1,32 @@
+#pragma once
+
+namespace tessaly
+{
+
+class ZEffect;
+
+/// One effect on the list of those that are alive in this module. The controller gets its effect as raw bytes in a
+/// message, and hosts have been seen to deliver messages late, twice or to the wrong half: a pointer that is not listed
+/// is not used.
+///
+/// Instances may be made on several host threads, so the list has a lock; the audio thread never comes here. Nothing of
+/// it needs destruction: some hosts tear instances down from `exit`, after the module's statics have gone.
+class LiveEffect
+{
+public:
+    LiveEffect () = default;
+    ~LiveEffect () { Remove (); }
+    LiveEffect (const LiveEffect&) = delete;
+    LiveEffect& operator= (const LiveEffect&) = delete;
+
+    void Add (const ZEffect* newEffect); ///< lists it in place of what was listed through this object
+    void Remove ();
+
+    static bool Contains (const ZEffect* effect); ///< false for null
+
+private:
+    const ZEffect* effect = nullptr; // not owned: whoever owns this object
+    LiveEffect* next = nullptr;      // not owned: the next one listed
+};
+
+} // namespace tessaly

@@ -1,0 +1,92 @@
+#include "class_id.h"
+#include "host_context.h"
+#include "plugin_config.h"
+#include "pluginterfaces/base/smartpointer.h"
+#include "public.sdk/source/main/pluginfactory.h"
+#include "vst3_controller_wrapper.h"
+#include "vst3_effect_wrapper.h"
+
+#ifndef RELEASE
+#error "Without RELEASE the SDK traps into a debugger at tear-down, which kills the host"
+#endif
+
+using namespace Steinberg;
+
+// The platform's module entry of the SDK calls these two; there is nothing to set up.
+bool InitModule ();
+bool DeinitModule ();
+
+bool InitModule ()
+{
+    return true;
+}
+
+bool DeinitModule ()
+{
+    return true;
+}
+
+namespace tessaly
+{
+
+namespace
+{
+
+/// The SDK's factory, which also keeps the host context for the controllers.
+class PluginFactory final : public CPluginFactory
+{
+public:
+    explicit PluginFactory (const PFactoryInfo& info)
+        : CPluginFactory (info)
+    {
+    }
+
+    tresult PLUGIN_API setHostContext (FUnknown* context) override
+    {
+        hostContext = context;
+        return kResultTrue;
+    }
+    FUnknown* HostContext () const { return hostContext; }
+
+private:
+    IPtr<FUnknown> hostContext;
+};
+
+PClassInfo2 MakeClassInfo (const FUID& id, const char* category, const char* name, int32 flags)
+{
+    return PClassInfo2 (id.toTUID (), PClassInfo::kManyInstances, category, name, flags, config::kSubCategories, "",
+                        config::kVersion, config::kSdkVersion);
+}
+
+PluginFactory* MakeFactory ()
+{
+    const PFactoryInfo info (config::kVendor, config::kVendorUrl, config::kVendorEmail, PFactoryInfo::kUnicode);
+    auto* factory = new PluginFactory (info); // counted by the SDK: the host's last release deletes it
+    const PClassInfo2 processor =
+        MakeClassInfo (ProcessorClassId (), kVstAudioEffectClass, config::kPluginName, Vst::kDistributable);
+    const PClassInfo2 controller =
+        MakeClassInfo (ControllerClassId (), kVstComponentControllerClass, config::kControllerName, 0);
+    factory->registerClass (&processor, ZVst3EffectWrapper::CreateInstance);
+    factory->registerClass (&controller, ZVst3ControllerWrapper::CreateInstance);
+    return factory;
+}
+
+} // namespace
+
+FUnknown* FactoryHostContext ()
+{
+    return gPluginFactory != nullptr ? static_cast<PluginFactory*> (gPluginFactory)->HostContext () : nullptr;
+}
+
+} // namespace tessaly
+
+/// The class factory: made on the first call, the same object with one more reference on every later one, made anew
+/// after its last release. Processor first, controller second.
+SMTG_EXPORT_SYMBOL IPluginFactory* PLUGIN_API GetPluginFactory ()
+{
+    if (gPluginFactory != nullptr)
+        gPluginFactory->addRef ();
+    else
+        gPluginFactory = tessaly::MakeFactory ();
+    return gPluginFactory;
+}

@@ -1,0 +1,441 @@
+#include "vst3_controller_wrapper.h"
+
+#include "binary_message.h"
+#include "effect.h"
+#include "host_context.h"
+#include "kvp_parameters.h"
+#include "live_effect.h"
+#include "parameter_ids.h"
+#include "parameter_storage_base.h"
+#include "plugin_config.h"
+#include "text_conversion.h"
+#include <chrono>
+
+namespace tessaly
+{
+
+using namespace Steinberg;
+
+namespace
+{
+
+constexpr std::uint64_t kTimerIntervalMs = 20;
+
+/// Milliseconds of a steady clock, wrapping every 49 days.
+std::uint32_t TickCountMs ()
+{
+    const auto now = std::chrono::steady_clock::now ().time_since_epoch ();
+    return static_cast<std::uint32_t> (std::chrono::duration_cast<std::chrono::milliseconds> (now).count ());
+}
+
+ZParameterStorageBase* StorageOf (ZEffect* effect)
+{
+    ZParameterStorageBase* storage = nullptr;
+    effect->GetInfo (kCodeStorage, &storage);
+    return storage;
+}
+
+/// Sets a flag and brings the old value back on every way out.
+class ScopedFlag
+{
+public:
+    explicit ScopedFlag (bool& target)
+        : flag (target)
+        , previous (target)
+    {
+        flag = true;
+    }
+    ~ScopedFlag () { flag = previous; }
+    ScopedFlag (const ScopedFlag&) = delete;
+    ScopedFlag& operator= (const ScopedFlag&) = delete;
+
+private:
+    bool& flag; // not owned: the caller's
+    bool previous;
+};
+
+} // namespace
+
+ZVst3ControllerWrapper::ZVst3ControllerWrapper ()
+    : vuBuffer (config::kMeterCount, 0.0f)
+{
+}
+
+FUnknown* ZVst3ControllerWrapper::CreateInstance (void*)
+{
+    return static_cast<Vst::IEditController*> (new ZVst3ControllerWrapper);
+}
+
+tresult PLUGIN_API ZVst3ControllerWrapper::initialize (FUnknown* context)
+{
+    const tresult result = EditControllerEx1::initialize (context);
+    if (result != kResultOk)
+        return result;
+    hostThread = std::this_thread::get_id ();
+    timer.Start (context, FactoryHostContext (), kTimerIntervalMs, [this] { edits.EndExpired (TickCountMs ()); });
+    return kResultOk;
+}
+
+tresult PLUGIN_API ZVst3ControllerWrapper::terminate ()
+{
+    timer.Stop ();
+    EndAllEdits ();
+    Attach (nullptr);
+    return EditControllerEx1::terminate ();
+}
+
+tresult PLUGIN_API ZVst3ControllerWrapper::notify (Vst::IMessage* received)
+{
+    EndExpiredEdits ();
+    const tresult result = EditControllerEx1::notify (received);
+    if (result != kResultFalse)
+        return result;
+    return OnEffectMessage (*received) ? kResultOk : kResultFalse;
+}
+
+/// Hosts have been seen to deliver messages twice, late or to both halves, so a pointer counts only while its effect
+/// lives, and announcing an effect again changes nothing.
+/// @return true if the message is one of the processor's that is answered with success
+bool ZVst3ControllerWrapper::OnEffectMessage (Vst::IMessage& received)
+{
+    const FIDString id = received.getMessageID ();
+    if (FIDStringsEqual (id, message::kActive))
+    {
+        std::uint8_t state = 0;
+        if (ReadValue (received, state))
+            active = state != 0;
+        return false; // the sender does not look at the answer
+    }
+    ZEffect* sent = nullptr;
+    if (!ReadValue (received, sent) || !LiveEffect::Contains (sent))
+        return false;
+    if (FIDStringsEqual (id, message::kConnectEffect))
+    {
+        if (sent != effect)
+            Attach (sent);
+        return true;
+    }
+    if (FIDStringsEqual (id, message::kDisconnectEffect))
+    {
+        if (sent == effect)
+            Attach (nullptr);
+        return true;
+    }
+    const bool mono = FIDStringsEqual (id, message::kMono);
+    const bool stereo = FIDStringsEqual (id, message::kStereo);
+    const bool counted = FIDStringsEqual (id, message::kChannelCount);
+    if (!mono && !stereo && !counted)
+        return false;
+    if (counted)
+        sent->GetInfo (kCodeNumInputs, &numChannels);
+    else
+        numChannels = mono ? 1 : 2;
+    if (sent == effect)
+        UpdateParameters (StorageOf (sent));
+    return true;
+}
+
+void ZVst3ControllerWrapper::Attach (ZEffect* newEffect)
+{
+    if (newEffect == nullptr)
+        SetStorage (nullptr); // the parameter objects look into the old effect's storage
+    SetEffect (newEffect);
+    if (newEffect != nullptr)
+        SetStorage (StorageOf (newEffect));
+}
+
+void ZVst3ControllerWrapper::SetEffect (ZEffect* newEffect)
+{
+    effect = newEffect;
+}
+
+void ZVst3ControllerWrapper::SetStorage (ZParameterStorageBase* newStorage)
+{
+    storage = newStorage;
+    BuildParameters ();
+}
+
+void ZVst3ControllerWrapper::BuildUnits ()
+{
+    units.clear ();
+    for (std::int32_t i = 0; i < storage->GetUnitCount (); ++i)
+    {
+        ZUnitRecord record{};
+        storage->GetUnit (i, &record);
+        if (record.id == 0)
+            continue;
+        Vst::String128 name{};
+        Widen (record.name.data (), name);
+        addUnit (new Vst::Unit (name, record.id, record.parentId)); // the controller's list owns it
+    }
+}
+
+void ZVst3ControllerWrapper::BuildParameters ()
+{
+    parameters.removeAll ();
+    if (storage == nullptr)
+        return;
+    BuildUnits ();
+    // The container owns what is added.
+    for (std::int32_t i = 0; i < storage->GetParameterCount (); ++i)
+        parameters.addParameter (new KVPParameter (i, storage));
+    for (std::int32_t i = 0; i < config::kMeterCount; ++i)
+        parameters.addParameter (new KVPVuParameter (i));
+    if constexpr (config::kUsesMidi)
+    {
+        for (std::uint32_t i = 0; i < kMidiNumberCount; ++i)
+            parameters.addParameter (new KVPMidiParameter (static_cast<std::int32_t> (i)));
+    }
+}
+
+void ZVst3ControllerWrapper::UpdateParameters (ZParameterStorageBase* newStorage)
+{
+    if (newStorage == nullptr)
+        return;
+    storage = newStorage;
+    for (std::int32_t i = 0; i < storage->GetParameterCount (); ++i)
+    {
+        if (auto* parameter = FCast<KVPParameter> (getParameterObject (static_cast<Vst::ParamID> (i))))
+            parameter->SetUp (storage);
+    }
+    RefreshValues ();
+    if (componentHandler)
+    {
+        componentHandler->restartComponent (Vst::kParamTitlesChanged);
+        componentHandler->restartComponent (Vst::kParamValuesChanged);
+        setDirty (false);
+    }
+}
+
+void ZVst3ControllerWrapper::RefreshValues ()
+{
+    for (std::int32_t i = 0; storage != nullptr && i < storage->GetParameterCount (); ++i)
+        EditControllerEx1::setParamNormalized (static_cast<Vst::ParamID> (i),
+                                               static_cast<double> (storage->GetNormalized (i)));
+}
+
+tresult PLUGIN_API ZVst3ControllerWrapper::setComponentState (IBStream*)
+{
+    // The processor has filled the shared storage already, so there is nothing to read.
+    EndExpiredEdits ();
+    RefreshValues ();
+    return kResultOk;
+}
+
+tresult PLUGIN_API ZVst3ControllerWrapper::setState (IBStream*)
+{
+    EndExpiredEdits ();
+    return kResultOk;
+}
+
+tresult PLUGIN_API ZVst3ControllerWrapper::getState (IBStream*)
+{
+    EndExpiredEdits ();
+    return kResultOk;
+}
+
+int32 PLUGIN_API ZVst3ControllerWrapper::getParameterCount ()
+{
+    EndExpiredEdits ();
+    return EditControllerEx1::getParameterCount ();
+}
+
+tresult PLUGIN_API ZVst3ControllerWrapper::getParameterInfo (int32 index, Vst::ParameterInfo& info)
+{
+    EndExpiredEdits ();
+    return EditControllerEx1::getParameterInfo (index, info);
+}
+
+tresult PLUGIN_API ZVst3ControllerWrapper::getParamStringByValue (Vst::ParamID id, Vst::ParamValue normalized,
+                                                                  Vst::String128 text)
+{
+    EndExpiredEdits ();
+    return EditControllerEx1::getParamStringByValue (id, normalized, text);
+}
+
+tresult PLUGIN_API ZVst3ControllerWrapper::getParamValueByString (Vst::ParamID id, Vst::TChar* text,
+                                                                  Vst::ParamValue& normalized)
+{
+    EndExpiredEdits ();
+    return EditControllerEx1::getParamValueByString (id, text, normalized);
+}
+
+Vst::ParamValue PLUGIN_API ZVst3ControllerWrapper::normalizedParamToPlain (Vst::ParamID id, Vst::ParamValue normalized)
+{
+    EndExpiredEdits ();
+    return EditControllerEx1::normalizedParamToPlain (id, normalized);
+}
+
+Vst::ParamValue PLUGIN_API ZVst3ControllerWrapper::plainParamToNormalized (Vst::ParamID id, Vst::ParamValue plain)
+{
+    EndExpiredEdits ();
+    return EditControllerEx1::plainParamToNormalized (id, plain);
+}
+
+tresult PLUGIN_API ZVst3ControllerWrapper::setComponentHandler (Vst::IComponentHandler* handler)
+{
+    hostThread = std::this_thread::get_id (); // some hosts make instances on a worker thread
+    if (handler != componentHandler)
+        EndAllEdits (); // the handler that heard their beginning has to hear their end
+    return EditControllerEx1::setComponentHandler (handler);
+}
+
+Vst::ParamValue PLUGIN_API ZVst3ControllerWrapper::getParamNormalized (Vst::ParamID id)
+{
+    EndExpiredEdits ();
+    return EditControllerEx1::getParamNormalized (id);
+}
+
+tresult PLUGIN_API ZVst3ControllerWrapper::setParamNormalized (Vst::ParamID id, Vst::ParamValue value)
+{
+    EndExpiredEdits ();
+    if (EditControllerEx1::getParamNormalized (id) == value)
+        return kResultOk; // a host's repeat makes no trip through the effect
+    const tresult result = EditControllerEx1::setParamNormalized (id, value);
+    if (inSetParam)
+        return kResultFalse;
+    const ScopedFlag guard (inSetParam);
+    if (IsOrdinaryId (id) && effect != nullptr && storage != nullptr)
+    {
+        storage->GetValues (snapshot);
+        effect->SetParameter (static_cast<std::int32_t> (id), static_cast<float> (value));
+        const tresult reported = ReportSideEffects (id, static_cast<float> (value));
+        return reported != kResultOk ? reported : result;
+    }
+    if (IsMeterId (id))
+    {
+        vuBuffer.Write (static_cast<std::int32_t> (id - kFirstMeterId), static_cast<float> (value), 0);
+        vuBuffer.Flush ();
+    }
+    return result;
+}
+
+/// Tells the host of every parameter that the effect moved beside the one that was set to `value`.
+tresult ZVst3ControllerWrapper::ReportSideEffects (Vst::ParamID id, float value)
+{
+    storage->GetValues (values);
+    for (std::size_t i = 0; i < values.size () && i < snapshot.size (); ++i)
+    {
+        const auto moved = static_cast<Vst::ParamID> (i);
+        if (values[i] == (moved == id ? value : snapshot[i]))
+            continue;
+        BeginTimedEdit (moved);
+        performEdit (moved, static_cast<double> (values[i]));
+        const tresult stored = EditControllerEx1::setParamNormalized (moved, static_cast<double> (values[i]));
+        if (stored != kResultOk)
+            return stored;
+    }
+    return kResultOk;
+}
+
+tresult PLUGIN_API ZVst3ControllerWrapper::getMidiControllerAssignment (int32, int16, Vst::CtrlNumber controller,
+                                                                        Vst::ParamID& id)
+{
+    const auto number = static_cast<std::uint32_t> (controller);
+    if (!config::kUsesMidi || number >= kMidiNumberCount)
+        return kResultFalse;
+    id = number + kFirstMidiId;
+    return kResultTrue;
+}
+
+tresult PLUGIN_API ZVst3ControllerWrapper::getXmlRepresentationStream (Vst::RepresentationInfo&, IBStream*)
+{
+    return kResultFalse; // the strip offers none
+}
+
+tresult PLUGIN_API ZVst3ControllerWrapper::setUnitProgramData (int32, int32, IBStream*)
+{
+    return kResultFalse;
+}
+
+void ZVst3ControllerWrapper::SetParameterFromEditor (Vst::ParamID id, float value)
+{
+    setParamNormalized (id, static_cast<double> (value));
+    performEdit (id, static_cast<double> (value));
+}
+
+void ZVst3ControllerWrapper::BeginHeldEdit (Vst::ParamID id)
+{
+    edits.BeginHeld (id, TickCountMs ());
+}
+
+void ZVst3ControllerWrapper::EndHeldEdit (Vst::ParamID id)
+{
+    edits.EndHeld (id);
+}
+
+void ZVst3ControllerWrapper::EndAllHeldEdits ()
+{
+    edits.EndAllHeld ();
+}
+
+void ZVst3ControllerWrapper::BeginTimedEdit (Vst::ParamID id)
+{
+    edits.BeginTimed (id, TickCountMs ());
+}
+
+void ZVst3ControllerWrapper::EndTimedEdit (Vst::ParamID id)
+{
+    edits.EndTimed (id);
+}
+
+void ZVst3ControllerWrapper::EndAllTimedEdits ()
+{
+    edits.EndAllTimed ();
+}
+
+void ZVst3ControllerWrapper::EndAllEdits ()
+{
+    EndAllTimedEdits ();
+    EndAllHeldEdits ();
+}
+
+/// Not on a stranger's thread, and not while the host is being told of a change.
+void ZVst3ControllerWrapper::EndExpiredEdits ()
+{
+    if (!inSetParam && std::this_thread::get_id () == hostThread)
+        edits.EndExpired (TickCountMs ());
+}
+
+void ZVst3ControllerWrapper::SyncParameter (std::int32_t index)
+{
+    if (storage == nullptr)
+        return;
+    if (index != -1)
+    {
+        ReportToHost (index, storage->GetNormalized (index));
+        return;
+    }
+    for (std::int32_t i = 0; i < storage->GetParameterCount (); ++i)
+    {
+        const float value = storage->GetNormalized (i);
+        if (EditControllerEx1::getParamNormalized (static_cast<Vst::ParamID> (i)) != static_cast<double> (value))
+            ReportToHost (i, value);
+    }
+}
+
+void ZVst3ControllerWrapper::ReportToHost (std::int32_t index, float value)
+{
+    const auto id = static_cast<Vst::ParamID> (index);
+    beginEdit (id);
+    performEdit (id, static_cast<double> (value));
+    EditControllerEx1::setParamNormalized (id, static_cast<double> (value));
+    endEdit (id);
+}
+
+bool ZVst3ControllerWrapper::QueryEffect (std::int32_t kind, void* out)
+{
+    return effect != nullptr && effect->QueryEffect (kind, out);
+}
+
+bool ZVst3ControllerWrapper::GetInfo (std::int32_t kind, void* out)
+{
+    if (kind == kCodeVuBuffer && out != nullptr)
+    {
+        *static_cast<ZVuBuffer**> (out) = &vuBuffer;
+        return true;
+    }
+    return effect != nullptr && effect->GetInfo (kind, out);
+}
+
+} // namespace tessaly

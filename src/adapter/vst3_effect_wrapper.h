@@ -1,0 +1,86 @@
+#pragma once
+
+#include "effect_wrapper.h"
+#include "kvp_factory.h"
+#include "live_effect.h"
+#include "parameter_queue.h"
+#include "public.sdk/source/vst/vstaudioeffect.h"
+#include "time_info.h"
+#include <atomic>
+#include <memory>
+
+namespace tessaly
+{
+
+class ZEffectListener;
+struct ZAudioBlock;
+
+/// The processor half of the plug-in. It owns the effect of the instance and turns the host's calls into calls on it;
+/// the controller of the same process is handed the effect's pointer by message and shares it.
+///
+/// `process` runs on the audio thread, everything else on the host's main or set-up thread. No lock is taken.
+class ZVst3EffectWrapper final : public Steinberg::Vst::AudioEffect, public ZEffectWrapper
+{
+public:
+    ZVst3EffectWrapper ();
+    ~ZVst3EffectWrapper () override;
+
+    /// Create function of the class factory.
+    static Steinberg::FUnknown* CreateInstance (void* context);
+
+    // IPluginBase
+    Steinberg::tresult PLUGIN_API initialize (Steinberg::FUnknown* context) override;
+    Steinberg::tresult PLUGIN_API terminate () override;
+
+    // IConnectionPoint
+    Steinberg::tresult PLUGIN_API connect (Steinberg::Vst::IConnectionPoint* peer) override;
+    Steinberg::tresult PLUGIN_API disconnect (Steinberg::Vst::IConnectionPoint* peer) override;
+    Steinberg::tresult PLUGIN_API notify (Steinberg::Vst::IMessage* message) override;
+
+    // IComponent
+    Steinberg::tresult PLUGIN_API setActive (Steinberg::TBool state) override;
+
+    // IAudioProcessor
+    Steinberg::tresult PLUGIN_API setBusArrangements (Steinberg::Vst::SpeakerArrangement* inputs,
+                                                      Steinberg::int32 numIns,
+                                                      Steinberg::Vst::SpeakerArrangement* outputs,
+                                                      Steinberg::int32 numOuts) override;
+    Steinberg::tresult PLUGIN_API setupProcessing (Steinberg::Vst::ProcessSetup& setup) override;
+    Steinberg::tresult PLUGIN_API process (Steinberg::Vst::ProcessData& data) override;
+    Steinberg::uint32 PLUGIN_API getLatencySamples () override;
+    Steinberg::uint32 PLUGIN_API getTailSamples () override;
+
+    // ZEffectWrapper
+    bool NotifyEditor (std::int32_t code, void* data) override;
+    bool NotifyEditor2 (std::int32_t code, void* data) override;
+    void GetTimeInfo (ZTimeInfo* out) override;
+    std::int32_t GetHostName (char* buffer) override;
+
+    OBJ_METHODS (ZVst3EffectWrapper, Steinberg::Vst::AudioEffect)
+
+private:
+    Steinberg::tresult SendPointer (const char* id) const; ///< sends the effect's pointer to the controller
+    bool AddSideChain ();
+    void CollectParameterChanges (Steinberg::Vst::IParameterChanges* changes);
+    void CollectPoint (Steinberg::Vst::ParamID id, Steinberg::int32 sampleOffset, Steinberg::Vst::ParamValue value);
+    void CollectEvents (Steinberg::Vst::IEventList* events);
+    void UpdateTimeInfo (const Steinberg::Vst::ProcessContext* context);
+    void UpdateBypass (Steinberg::Vst::ParamID id);
+    void ProcessBlock (Steinberg::Vst::ProcessData& data);
+    void FillBlock (Steinberg::Vst::ProcessData& data, ZAudioBlock& block);
+    void WriteMeters (Steinberg::Vst::IParameterChanges* changes) const;
+
+    FactoryReference factory;
+    std::unique_ptr<ZEffect> effect;                // null before initialize and after terminate
+    LiveEffect liveEffect;                          // lists `effect` while it is alive
+    ZParameterStorageBase* storage = nullptr;       // not owned: `effect`
+    std::atomic<ZEffectListener*> editor = nullptr; // not owned: the open editor, cleared by its message
+    ZParameterQueue parameterQueue;
+    ZTimeInfo timeInfo;
+    std::int32_t lastProcessMode = 0;
+    bool offlineLatch = false; // the block after the last offline one still counts as offline
+    bool bypass = false;
+    bool hasSideChain = false;
+};
+
+} // namespace tessaly

@@ -1,0 +1,153 @@
+#pragma once
+
+#include "plugin_instance.h"
+#include "pluginterfaces/vst/ivstmessage.h"
+#include <array>
+#include <cmath>
+#include <vector>
+
+/// The built bundle in a host, with what the host hears. One channel, 48 kHz unless a test sets it up anew.
+namespace tessaly::test
+{
+
+/// A run loop that runs when the test says so.
+class FakeRunLoop final : public Steinberg::Linux::IRunLoop
+{
+public:
+    explicit FakeRunLoop (bool answersTimers = true)
+        : takesTimers (answersTimers)
+    {
+    }
+
+    void Fire ()
+    {
+        const auto copy = timers; // a handler may be taken out while it is called
+        for (auto* handler : copy)
+            handler->onTimer ();
+    }
+    std::size_t TimerCount () const { return timers.size (); }
+    Steinberg::Linux::TimerInterval lastInterval = 0;
+
+    Steinberg::tresult PLUGIN_API registerTimer (Steinberg::Linux::ITimerHandler* handler,
+                                                 Steinberg::Linux::TimerInterval milliseconds) override
+    {
+        if (!takesTimers)
+            return Steinberg::kNotImplemented;
+        lastInterval = milliseconds;
+        timers.push_back (handler);
+        return Steinberg::kResultOk;
+    }
+    Steinberg::tresult PLUGIN_API unregisterTimer (Steinberg::Linux::ITimerHandler* handler) override
+    {
+        return std::erase (timers, handler) != 0 ? Steinberg::kResultOk : Steinberg::kResultFalse;
+    }
+    Steinberg::tresult PLUGIN_API registerEventHandler (Steinberg::Linux::IEventHandler*,
+                                                        Steinberg::Linux::FileDescriptor) override
+    {
+        return Steinberg::kNotImplemented;
+    }
+    Steinberg::tresult PLUGIN_API unregisterEventHandler (Steinberg::Linux::IEventHandler*) override
+    {
+        return Steinberg::kNotImplemented;
+    }
+    Steinberg::tresult PLUGIN_API queryInterface (const Steinberg::TUID wanted, void** out) override
+    {
+        QUERY_INTERFACE (wanted, out, Steinberg::Linux::IRunLoop::iid, Steinberg::Linux::IRunLoop)
+        QUERY_INTERFACE (wanted, out, Steinberg::FUnknown::iid, Steinberg::Linux::IRunLoop)
+        *out = nullptr;
+        return Steinberg::kNoInterface;
+    }
+    Steinberg::uint32 PLUGIN_API addRef () override { return 1; }
+    Steinberg::uint32 PLUGIN_API release () override { return 1; }
+
+private:
+    bool takesTimers;
+    std::vector<Steinberg::Linux::ITimerHandler*> timers; // not owned: the plug-in
+};
+
+inline const host::Bundle& LoadedBundle ()
+{
+    static const host::Bundle bundle{ TESSALY_BUNDLE };
+    return bundle;
+}
+
+/// Takes the host context back from the factory, which outlives each test's context.
+class ContextReturn
+{
+public:
+    ~ContextReturn () { LoadedBundle ().Factory ().setHostContext (nullptr); }
+};
+
+/// One instance with a record of the controller's calls.
+class StripInHost
+{
+public:
+    explicit StripInHost (host::InstanceOptions options = {}, Steinberg::Linux::IRunLoop* loop = nullptr)
+        : context ("strip test", loop)
+        , instance (LoadedBundle (), context, Listening (std::move (options)))
+    {
+    }
+
+    void Start (Steinberg::int32 mode = Steinberg::Vst::kRealtime, double rateHz = 48000.0)
+    {
+        instance.Setup (rateHz, 4096, mode);
+        instance.Activate ();
+    }
+
+    /// Runs a constant level through and gives the output back.
+    std::vector<float> Run (float level, int samples, std::vector<host::ParameterPoint> points = {})
+    {
+        std::vector<float> in (static_cast<std::size_t> (samples), level);
+        std::vector<float> out (in.size ());
+        const std::array<const float*, 1> inputs{ in.data () };
+        const std::array<float*, 1> outputs{ out.data () };
+        instance.Process ({ inputs, outputs, samples, points }, &meters);
+        return out;
+    }
+
+    std::vector<host::HandlerCall> Calls (host::HandlerCall::Kind kind) const
+    {
+        std::vector<host::HandlerCall> found;
+        for (const auto& call : calls)
+            if (call.kind == kind)
+                found.push_back (call);
+        return found;
+    }
+
+    std::vector<host::HandlerCall> calls;
+    std::vector<host::ParameterPoint> meters; ///< output points of the last block
+    host::NamedHost context;
+    ContextReturn contextReturn; // behind the instance's end, ahead of the context's
+    host::PluginInstance instance;
+
+private:
+    host::InstanceOptions Listening (host::InstanceOptions options)
+    {
+        options.onHandlerCall = [this, also = options.onHandlerCall] (const host::HandlerCall& call)
+        {
+            calls.push_back (call);
+            if (also)
+                also (call);
+        };
+        return options;
+    }
+};
+
+/// Hands a message to one half, as its peer's connection would.
+/// @param data  `size` bytes under the attribute of all messages; null leaves the attribute out
+inline Steinberg::tresult Send (StripInHost& strip, Steinberg::FUnknown* half, const char* id, const void* data,
+                                Steinberg::uint32 size)
+{
+    Steinberg::TUID iid;
+    Steinberg::Vst::IMessage::iid.toTUID (iid);
+    Steinberg::Vst::IMessage* raw = nullptr;
+    strip.context.createInstance (iid, iid, reinterpret_cast<void**> (&raw));
+    const auto message = Steinberg::owned (raw);
+    message->setMessageID (id);
+    if (data != nullptr)
+        message->getAttributes ()->setBinary ("Ptr4", data, size);
+    const Steinberg::FUnknownPtr<Steinberg::Vst::IConnectionPoint> point (half);
+    return point->notify (message);
+}
+
+} // namespace tessaly::test

@@ -1,0 +1,33 @@
+#include "named_host.h"
+
+#include "public.sdk/source/vst/utility/stringconvert.h"
+
+namespace tessaly::host
+{
+
+using namespace Steinberg;
+
+NamedHost::NamedHost (std::string hostName, Linux::IRunLoop* hostLoop)
+    : name (std::move (hostName))
+    , runLoop (hostLoop)
+{
+}
+
+tresult PLUGIN_API NamedHost::getName (Vst::String128 out)
+{
+    return VST3::StringConvert::convert (name, out) ? kResultTrue : kInternalError;
+}
+
+tresult PLUGIN_API NamedHost::queryInterface (const TUID iidWanted, void** out)
+{
+    if (HostApplication::queryInterface (iidWanted, out) == kResultTrue)
+        return kResultTrue;
+    // Asked here again: the base class asks its support object for the wrong id.
+    if (getPlugInterfaceSupport ()->queryInterface (iidWanted, out) == kResultTrue)
+        return kResultTrue;
+    if (runLoop)
+        return runLoop->queryInterface (iidWanted, out);
+    return kNoInterface;
+}
+
+} // namespace tessaly::host
