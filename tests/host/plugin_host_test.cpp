@@ -1,0 +1,57 @@
+#include "host_error.h"
+#include "loaded_strip.h"
+#include "temp_folder.h"
+
+#include <array>
+#include <doctest/doctest.h>
+
+using namespace tessaly::host;
+using namespace tessaly::test;
+
+TEST_CASE ("Host: what is no bundle is refused with the reason")
+{
+    const TempFolder folder;
+    CHECK_THROWS_WITH_AS (Bundle (folder / "none.vst3"),
+                          doctest::Contains (("no plug-in bundle at \"" + (folder / "none.vst3").string ()).c_str ()),
+                          HostError);
+    CHECK_THROWS_WITH_AS (Bundle (folder.Path ()), doctest::Contains ("is not a VST 3 bundle"), HostError);
+
+    std::filesystem::create_directories (folder / "empty.vst3" / "Contents");
+    CHECK_THROWS_WITH_AS (Bundle (folder / "empty.vst3"), doctest::Contains ("does not load"), HostError);
+}
+
+TEST_CASE ("Host: a bundle loads by a path with a trailing separator too")
+{
+    const Bundle bundle (std::string (TESSALY_BUNDLE) + "/");
+    CHECK (bundle.FirstAudioEffect ().name () == "Tessaly Bench [m]");
+    CHECK (bundle.Classes ().size () == 2);
+}
+
+TEST_CASE_FIXTURE (LoadedStrip, "Host: a block outside what was set up is refused before the plug-in sees it")
+{
+    instance.Setup (48000.0, 16, Steinberg::Vst::kRealtime);
+    instance.Activate ();
+    std::array<float, 32> samples{};
+    const float* const inputs[]{ samples.data () };
+    float* const outputs[]{ samples.data () };
+    CHECK_NOTHROW (instance.Process ({ inputs, outputs, 16, {} }));
+    CHECK_THROWS_AS (instance.Process ({ inputs, outputs, 17, {} }), HostError);
+    CHECK_THROWS_AS (instance.Process ({ {}, outputs, 16, {} }), HostError);
+    CHECK_THROWS_AS (instance.Setup (44100.0, 16, Steinberg::Vst::kRealtime), HostError);
+}
+
+TEST_CASE ("Host: the context answers for its name, its interfaces and, if it has one, its run loop")
+{
+    using namespace Steinberg;
+    NamedHost host ("a host");
+    Vst::String128 name{};
+    CHECK (host.getName (name) == kResultTrue);
+    CHECK (std::u16string (name) == u"a host");
+
+    void* found = nullptr;
+    CHECK (host.queryInterface (Vst::IHostApplication::iid, &found) == kResultTrue);
+    CHECK (host.queryInterface (Vst::IPlugInterfaceSupport::iid, &found) == kResultTrue);
+    static_cast<FUnknown*> (found)->release ();
+    CHECK (host.queryInterface (Linux::IRunLoop::iid, &found) != kResultTrue);
+    CHECK (found == nullptr);
+}

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "temp_folder.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <stdexcept>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+namespace tessaly::test
+{
+
+/// A program that runs beside the test, its output kept in files.
+class RunningProgram
+{
+public:
+    RunningProgram (const std::string& program, const std::vector<std::string>& arguments)
+    {
+        std::vector<std::string> words{ program };
+        words.insert (words.end (), arguments.begin (), arguments.end ());
+        std::vector<char*> pointers;
+        for (std::string& word : words)
+            pointers.push_back (word.data ());
+        pointers.push_back (nullptr);
+
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init (&actions);
+        constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC;
+        posix_spawn_file_actions_addopen (&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_addopen (&actions, STDOUT_FILENO, (folder / "out").c_str (), kFlags, 0600);
+        posix_spawn_file_actions_addopen (&actions, STDERR_FILENO, (folder / "err").c_str (), kFlags, 0600);
+        const int failed = posix_spawn (&id, program.c_str (), &actions, nullptr, pointers.data (), environ);
+        posix_spawn_file_actions_destroy (&actions);
+        if (failed)
+            throw std::runtime_error ("cannot run " + program);
+    }
+
+    /// Waits for the end. @return the exit status, or minus the number of the signal that ended it
+    int Wait () const
+    {
+        int status = 0;
+        waitpid (id, &status, 0);
+        return WIFEXITED (status) ? WEXITSTATUS (status) : -WTERMSIG (status);
+    }
+
+    /// Does not take the exit status away from Wait.
+    bool HasEnded () const
+    {
+        siginfo_t info{};
+        waitid (P_PID, static_cast<id_t> (id), &info, WEXITED | WNOHANG | WNOWAIT);
+        return info.si_pid != 0;
+    }
+
+    pid_t Id () const { return id; }
+    std::string Out () const { return ReadFile (folder / "out"); }
+    std::string Err () const { return ReadFile (folder / "err"); }
+
+private:
+    TempFolder folder;
+    pid_t id = 0;
+};
+
+/// What a program that has ended leaves to look at.
+struct ProgramRun
+{
+    int exitStatus;
+    std::string out;
+    std::string err;
+};
+
+inline ProgramRun RunProgram (const std::string& program, const std::vector<std::string>& arguments)
+{
+    const RunningProgram running (program, arguments);
+    const int status = running.Wait ();
+    return { status, running.Out (), running.Err () };
+}
+
+} // namespace tessaly::test

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <stdlib.h>
+#include <string>
+
+namespace tessaly::test
+{
+
+/// A folder of a test's own, gone with everything in it when the test ends.
+class TempFolder
+{
+public:
+    TempFolder ()
+    {
+        std::string pattern = (std::filesystem::temp_directory_path () / "tessaly-test-XXXXXX").string ();
+        if (!mkdtemp (pattern.data ()))
+            throw std::runtime_error ("no folder for the test");
+        path = pattern;
+    }
+    ~TempFolder ()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all (path, ignored);
+    }
+    TempFolder (const TempFolder&) = delete;
+    TempFolder& operator= (const TempFolder&) = delete;
+
+    std::filesystem::path operator/ (const std::string& name) const { return path / name; }
+    const std::filesystem::path& Path () const { return path; }
+
+    std::filesystem::path Write (const std::string& name, const std::string& content) const
+    {
+        std::ofstream (path / name, std::ios::binary) << content;
+        return path / name;
+    }
+
+    /// Hidden files count too.
+    std::size_t FileCount () const
+    {
+        std::size_t count = 0;
+        for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator (path))
+            ++count;
+        return count;
+    }
+
+private:
+    std::filesystem::path path;
+};
+
+inline std::string ReadFile (const std::filesystem::path& file)
+{
+    std::ifstream in (file, std::ios::binary);
+    return { std::istreambuf_iterator<char> (in), {} };
+}
+
+} // namespace tessaly::test

@@ -1,0 +1,118 @@
+#include "automation.h"
+
+#include "render_error.h"
+#include "text.h"
+#include "typed_value.h"
+
+#include <algorithm>
+#include <fstream>
+
+namespace tessaly::render
+{
+
+std::vector<Setting> LastOfEach (const std::vector<Setting>& settings)
+{
+    std::vector<Setting> kept;
+    for (const Setting& setting : settings)
+    {
+        std::erase_if (kept, [&] (const Setting& earlier) { return earlier.id == setting.id; });
+        kept.push_back (setting);
+    }
+    return kept;
+}
+
+Setting ReadSetting (const host::ParameterAccess& parameters, const ParameterNames& names, const std::string& text)
+{
+    const std::size_t equals = text.find ('=');
+    if (equals == std::string::npos)
+        throw RenderError ("\"" + text + "\" is no setting; write NAME=VALUE");
+    const auto& entry = names.Find (std::string_view (text).substr (0, equals));
+    return { entry.info.id, TypedValue (parameters, entry, std::string_view (text).substr (equals + 1)) };
+}
+
+namespace
+{
+
+std::string_view Unquoted (std::string_view field)
+{
+    field = Trimmed (field);
+    if (field.size () >= 2 && field.front () == '"' && field.back () == '"')
+        field = Trimmed (field.substr (1, field.size () - 2));
+    return field;
+}
+
+std::vector<std::string_view> Fields (std::string_view line)
+{
+    std::vector<std::string_view> fields;
+    for (std::size_t comma = line.find (','); comma != std::string_view::npos; comma = line.find (','))
+    {
+        fields.push_back (Unquoted (line.substr (0, comma)));
+        line.remove_prefix (comma + 1);
+    }
+    fields.push_back (Unquoted (line));
+    return fields;
+}
+
+bool IsHeader (std::string_view line)
+{
+    return Lowered (Fields (line).front ()).starts_with ("time");
+}
+
+TimedSetting ReadRow (const host::ParameterAccess& parameters, const ParameterNames& names, std::string_view line)
+{
+    const auto fields = Fields (line);
+    if (fields.size () != 3)
+        throw RenderError ("a row has three fields: time in seconds, parameter, value");
+    const auto seconds = ToNumber (fields[0]);
+    if (!seconds || *seconds < 0.0)
+        throw RenderError ("\"" + std::string (fields[0]) + "\" is no time in seconds");
+    const auto& entry = names.Find (fields[1]);
+    return { *seconds, { entry.info.id, TypedValue (parameters, entry, fields[2]) } };
+}
+
+/// Some editors begin a file of UTF-8 so.
+void DropByteOrderMark (std::string& line)
+{
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    if (line.starts_with (kMark))
+        line.erase (0, kMark.size ());
+}
+
+} // namespace
+
+std::vector<TimedSetting> ReadAutomation (const host::ParameterAccess& parameters, const ParameterNames& names,
+                                          const std::filesystem::path& file)
+{
+    std::ifstream in (file);
+    if (!in || std::filesystem::is_directory (file))
+        throw RenderError ("cannot read the automation file \"" + file.string () + "\"");
+
+    std::vector<TimedSetting> rows;
+    bool isFirst = true;
+    std::string line;
+    for (int number = 1; std::getline (in, line); ++number)
+    {
+        if (number == 1)
+            DropByteOrderMark (line);
+        const std::string_view content = Trimmed (line);
+        if (content.empty () || content.front () == '#')
+            continue;
+        const bool skip = isFirst && IsHeader (content);
+        isFirst = false;
+        if (skip)
+            continue;
+        try
+        {
+            rows.push_back (ReadRow (parameters, names, content));
+        }
+        catch (const RenderError& error)
+        {
+            throw RenderError (file.string () + ", line " + std::to_string (number) + ": " + error.what ());
+        }
+    }
+    std::stable_sort (rows.begin (), rows.end (),
+                      [] (const TimedSetting& a, const TimedSetting& b) { return a.seconds < b.seconds; });
+    return rows;
+}
+
+} // namespace tessaly::render

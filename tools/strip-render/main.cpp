@@ -1,0 +1,33 @@
+#include "command.h"
+#include "interrupts.h"
+#include "options.h"
+
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+
+int main (int argc, char** argv)
+{
+    using namespace tessaly::render;
+    constexpr int kSignalBase = 128; // as a shell tells of a program that a signal has ended
+
+    CatchInterrupts ();
+    try
+    {
+        const ParsedOptions parsed = ParseOptions (argc, argv);
+        if (!parsed.options)
+            return parsed.exitStatus;
+        RunCommand (*parsed.options);
+        return EXIT_SUCCESS;
+    }
+    catch (const Interrupted& interrupted)
+    {
+        std::cerr << "strip-render: stopped; nothing is written\n";
+        return kSignalBase + interrupted.signalNumber;
+    }
+    catch (const std::exception& error)
+    {
+        std::cerr << "strip-render: " << error.what () << '\n';
+        return EXIT_FAILURE;
+    }
+}

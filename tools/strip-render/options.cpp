@@ -1,0 +1,97 @@
+#include "options.h"
+
+#include "text.h"
+
+#include <CLI/CLI.hpp>
+
+namespace tessaly::render
+{
+
+namespace
+{
+
+constexpr int kLargestBlock = 65536;
+
+constexpr const char* kExamples = R"(Values are typed as on the plug-in's panel: 2k, 12.5, INF, Soft, On.
+Examples:
+  strip-render --list
+  strip-render voice.wav strip.wav --set Morph=60 --set "Mid F=2k" --set "Mid G=-3"
+  strip-render loop.flac strip.flac --automate moves.csv --tail full --meters meters.csv)";
+
+std::string CheckSetting (const std::string& text)
+{
+    return text.find ('=') == std::string::npos ? "\"" + text + "\" is no setting; write NAME=VALUE" : "";
+}
+
+std::string CheckTail (const std::string& text)
+{
+    const auto seconds = ToNumber (text);
+    const bool isFull = Lowered (text) == "full";
+    return isFull || (seconds && *seconds >= 0.0) ? "" : "\"" + text + "\" is neither a number of seconds nor \"full\"";
+}
+
+Tail ToTail (const std::string& text)
+{
+    if (Lowered (text) == "full")
+        return { .full = true };
+    return { .seconds = ToNumber (text).value_or (0.0) };
+}
+
+void Describe (CLI::App& app, Options& options, std::string& tail)
+{
+    app.add_option ("IN", options.input, "Recording to render: WAV, FLAC, AIFF; any rate, any number of channels");
+    app.add_option ("OUT", options.output, "File to write; its extension tells the format");
+    app.add_option ("--set", options.settings,
+                    "Set a parameter before the first sample, as \"Mid F=2k\"; repeatable, "
+                    "in this order")
+        ->allow_extra_args (false)
+        ->check (CheckSetting)
+        ->type_name ("NAME=VALUE");
+    app.add_flag ("--list", options.list, "Print every parameter with range, unit, default and present text");
+    app.add_option ("--automate", options.automation, "Table of time in seconds, parameter and value, a row a line")
+        ->type_name ("FILE.csv");
+    app.add_option ("--block", options.blockSize, "Block size in samples")
+        ->check (CLI::Range (1, kLargestBlock))
+        ->type_name ("SAMPLES")
+        ->capture_default_str ();
+    app.add_flag ("--realtime", options.realtime,
+                  "Send settings through the controller between real-time blocks, not in the queue of offline ones");
+    app.add_option ("--tail", tail, "Seconds of silence to render after the recording, or \"full\" for all of the tail")
+        ->check (CheckTail)
+        ->type_name ("SECONDS|full");
+    app.add_option ("--format", options.format,
+                    "wav, flac or aiff, with :16, :24, :32, :float or :double; or one of "
+                    "these alone")
+        ->type_name ("FORMAT");
+    app.add_option ("--meters", options.meters, "Write what the meters show, a line a block")->type_name ("FILE.csv");
+    app.add_flag ("--bypass", options.bypass, "Turn \"Bypass\" on, after all settings");
+    app.add_option ("--plugin", options.plugin, "Bundle to load; otherwise the one beside this program or installed")
+        ->type_name ("PATH");
+}
+
+} // namespace
+
+ParsedOptions ParseOptions (int argc, const char* const* argv)
+{
+    Options options;
+    std::string tail = "0";
+    CLI::App app ("Runs a recording through the plug-in Tessaly Bench [m], one instance for each channel.",
+                  "strip-render");
+    app.set_version_flag ("--version", STRIP_RENDER_VERSION);
+    app.footer (kExamples);
+    Describe (app, options, tail);
+    try
+    {
+        app.parse (argc, argv);
+        if (!options.list && (options.input.empty () || options.output.empty ()))
+            throw CLI::RequiredError ("IN and OUT are required, or --list", CLI::ExitCodes::RequiredError);
+    }
+    catch (const CLI::ParseError& error)
+    {
+        return { std::nullopt, app.exit (error) };
+    }
+    options.tail = ToTail (tail);
+    return { options, 0 };
+}
+
+} // namespace tessaly::render

@@ -1,0 +1,117 @@
+#include "output_format.h"
+
+#include "render_error.h"
+#include "text.h"
+
+#include <array>
+#include <sndfile.h>
+#include <string_view>
+
+namespace tessaly::render
+{
+
+namespace
+{
+
+struct Container
+{
+    std::string_view name;
+    std::string_view shown;
+    int code;
+    std::string_view ownSamples; // what it holds unless told otherwise
+};
+
+constexpr std::array kContainers{
+    Container{ "wav", "WAV", SF_FORMAT_WAV, "float" },    Container{ "flac", "FLAC", SF_FORMAT_FLAC, "24" },
+    Container{ "aiff", "AIFF", SF_FORMAT_AIFF, "float" }, Container{ "wave", "WAV", SF_FORMAT_WAV, "float" },
+    Container{ "aif", "AIFF", SF_FORMAT_AIFF, "float" },
+};
+
+struct Samples
+{
+    std::string_view name;
+    std::string_view shown;
+    int code;
+    int bytes;
+};
+
+constexpr std::array kSamples{
+    Samples{ "16", "16-bit", SF_FORMAT_PCM_16, 2 },           Samples{ "24", "24-bit", SF_FORMAT_PCM_24, 3 },
+    Samples{ "32", "32-bit", SF_FORMAT_PCM_32, 4 },           Samples{ "float", "32-bit float", SF_FORMAT_FLOAT, 4 },
+    Samples{ "double", "64-bit float", SF_FORMAT_DOUBLE, 8 },
+};
+
+constexpr std::string_view kChoice = "wav, flac or aiff, with :16, :24, :32, :float or :double";
+
+template <typename Table>
+auto* FindIn (const Table& table, std::string_view name)
+{
+    for (const auto& row : table)
+        if (row.name == name)
+            return &row;
+    return static_cast<decltype (&table[0])> (nullptr);
+}
+
+const Container& ContainerOfExtension (const std::filesystem::path& file)
+{
+    const std::string extension = Lowered (file.extension ().string ());
+    const auto* container = extension.empty () ? nullptr : FindIn (kContainers, extension.substr (1));
+    if (!container)
+        throw RenderError ("the name \"" + file.string () +
+                           "\" does not tell a format; end it in .wav, .flac or .aiff, or say --format");
+    return *container;
+}
+
+struct Choice
+{
+    const Container* container = nullptr; // null where the text tells samples alone
+    const Samples* samples = nullptr;     // null where it tells a container alone
+};
+
+Choice ReadChoice (const std::string& wanted)
+{
+    const std::string text = Lowered (wanted);
+    const std::size_t colon = text.find (':');
+    Choice choice;
+    choice.container = FindIn (kContainers, text.substr (0, colon));
+    if (colon != std::string::npos)
+        choice.samples = FindIn (kSamples, text.substr (colon + 1));
+    else if (!choice.container)
+        choice.samples = FindIn (kSamples, text);
+
+    const bool understood =
+        colon == std::string::npos ? choice.container || choice.samples : choice.container && choice.samples;
+    if (!understood)
+        throw RenderError ("there is no format \"" + wanted + "\"; choose " + std::string (kChoice));
+    return choice;
+}
+
+bool IsKnownToLibrary (int code)
+{
+    SF_INFO probe{};
+    probe.format = code;
+    probe.channels = 1;
+    probe.samplerate = 48000;
+    return sf_format_check (&probe) != 0;
+}
+
+} // namespace
+
+OutputFormat ChooseOutputFormat (const std::filesystem::path& file, const std::optional<std::string>& wanted)
+{
+    const Choice choice = wanted ? ReadChoice (*wanted) : Choice{};
+    const Container& container = choice.container ? *choice.container : ContainerOfExtension (file);
+    const Samples& samples = choice.samples ? *choice.samples : *FindIn (kSamples, container.ownSamples);
+
+    const int code = container.code | samples.code;
+    if (!IsKnownToLibrary (code))
+        throw RenderError (std::string (container.shown) + " does not hold " + std::string (samples.shown) +
+                           " samples; choose another --format");
+    const bool isFloat = samples.code == SF_FORMAT_FLOAT || samples.code == SF_FORMAT_DOUBLE;
+    return { .code = code,
+             .description = std::string (container.shown) + ", " + std::string (samples.shown),
+             .bytesPerSample = samples.bytes,
+             .clips = !isFloat };
+}
+
+} // namespace tessaly::render

@@ -1,0 +1,61 @@
+#include "pending_file.h"
+
+#include "render_error.h"
+
+#include <string>
+#include <unistd.h>
+
+namespace tessaly::render
+{
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+/// Not made from the target's name, which may already be as long as a name can be.
+std::string WorkingName ()
+{
+    static int made = 0;
+    return ".strip-render-" + std::to_string (getpid ()) + "-" + std::to_string (++made) + ".part";
+}
+
+} // namespace
+
+PendingFile::PendingFile (const fs::path& wanted)
+{
+    std::error_code ignored;
+    target = fs::weakly_canonical (fs::absolute (wanted), ignored);
+    if (ignored || target.empty ())
+        target = fs::absolute (wanted);
+    const auto status = fs::status (target, ignored);
+    if (fs::is_directory (status) || !target.has_filename ())
+        throw RenderError ("\"" + wanted.string () + "\" is a folder, not a file to write");
+    if (fs::exists (status) && !fs::is_regular_file (status))
+        throw RenderError ("\"" + wanted.string () + "\" is no ordinary file and will not be replaced");
+    if (!fs::is_directory (target.parent_path (), ignored))
+        throw RenderError ("there is no folder \"" + target.parent_path ().string () + "\" to write \"" +
+                           target.filename ().string () + "\" into");
+    working = target.parent_path () / WorkingName ();
+}
+
+PendingFile::~PendingFile ()
+{
+    std::error_code ignored;
+    if (!committed)
+        fs::remove (working, ignored);
+}
+
+void PendingFile::Commit ()
+{
+    std::error_code error;
+    const auto previous = fs::status (target, error);
+    if (fs::is_regular_file (previous))
+        fs::permissions (working, previous.permissions (), error);
+    fs::rename (working, target, error);
+    if (error)
+        throw RenderError ("cannot put the result at \"" + target.string () + "\": " + error.message ());
+    committed = true;
+}
+
+} // namespace tessaly::render

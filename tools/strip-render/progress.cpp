@@ -1,0 +1,59 @@
+#include "progress.h"
+
+#include <algorithm>
+#include <iostream>
+#include <unistd.h>
+
+namespace tessaly::render
+{
+
+namespace
+{
+
+constexpr auto kQuietTime = std::chrono::seconds (1);
+constexpr auto kRedrawTime = std::chrono::milliseconds (100);
+constexpr int kCells = 40;
+constexpr const char* kWipeLine = "\r\x1b[K";
+
+} // namespace
+
+Progress::Progress (std::int64_t allOfIt)
+    : total (allOfIt)
+    , enabled (isatty (STDERR_FILENO) != 0)
+    , nextDraw (Clock::now () + kQuietTime)
+{
+}
+
+Progress::~Progress ()
+{
+    if (drawn)
+        std::cerr << kWipeLine << std::flush;
+}
+
+void Progress::Update (std::int64_t done)
+{
+    if (!enabled || total <= 0)
+        return;
+    const auto now = Clock::now ();
+    if (now < nextDraw)
+        return;
+    nextDraw = now + kRedrawTime;
+    drawn = true;
+    std::cerr << '\r' << ProgressBar (static_cast<double> (done) / static_cast<double> (total), kCells) << std::flush;
+}
+
+std::string ProgressBar (double fraction, int cells)
+{
+    const double part = std::clamp (fraction, 0.0, 1.0);
+    const std::string percent = std::to_string (static_cast<int> (part * 100.0));
+    std::string bar = "[";
+    bar.append (static_cast<std::size_t> (part * cells), '#');
+    bar.resize (static_cast<std::size_t> (cells) + 1, '-');
+    bar += "] ";
+    bar.append (3 - percent.size (), ' ');
+    bar += percent;
+    bar += " %";
+    return bar;
+}
+
+} // namespace tessaly::render

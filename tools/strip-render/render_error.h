@@ -1,0 +1,15 @@
+#pragma once
+
+#include <stdexcept>
+
+namespace tessaly::render
+{
+
+/// What stops a render. The message is a sentence for people, without a full stop.
+class RenderError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+} // namespace tessaly::render

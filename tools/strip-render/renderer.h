@@ -1,0 +1,41 @@
+#pragma once
+
+#include "audio_file.h"
+#include "channel_bank.h"
+#include "level_meter.h"
+#include "meter_log.h"
+#include "setting.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace tessaly::render
+{
+
+/// What is to happen in a render besides the samples going through.
+struct RenderPlan
+{
+    int blockSize = 512;                  ///< frames, 1 and up
+    std::int64_t tailFrames = 0;          ///< silence that follows the recording
+    std::vector<Setting> settings;        ///< before the first sample
+    std::vector<TimedSetting> automation; ///< by time
+};
+
+/// What came of it.
+struct RenderResult
+{
+    std::int64_t frames = 0; ///< written, the tail included
+    LevelMeter input;        ///< of the recording without the tail
+    LevelMeter output;
+    double largestGainReductionDb = 0.0; ///< of all channels and blocks, as the meters show it
+    std::size_t automationLeft = 0;      ///< rows whose time comes after the last sample
+};
+
+/// Runs the whole recording through the bank. Blocks end at multiples of the block size, and besides before each sample
+/// at which a row of automation takes effect, so that both roads of a setting reach the same sample.
+/// @param log  may be null
+/// @throws RenderError, HostError, Interrupted; the writer's file is then to be thrown away
+RenderResult Render (AudioReader& reader, AudioWriter& writer, ChannelBank& bank, const RenderPlan& plan,
+                     MeterLog* log);
+
+} // namespace tessaly::render
