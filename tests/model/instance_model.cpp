@@ -1,0 +1,156 @@
+#include "instance_model.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace tessaly::model
+{
+namespace
+{
+
+struct Range
+{
+    int minimum, maximum, initial; // steps
+};
+
+constexpr std::array<Range, kParameterCount> kRanges{ {
+    { 0, 200, 100 }, { 57, 283, 221 }, { 24, 300, 164 }, { 0, 120, 120 }, { 0, 2, 1 },      { 0, 200, 100 },
+    { 0, 200, 100 }, { 4, 124, 60 },   { 0, 360, 180 },  { 0, 60, 20 },   { 60, 124, 112 }, { 0, 360, 180 },
+    { 4, 124, 84 },  { 0, 360, 180 },  { 0, 60, 20 },    { 4, 72, 32 },   { 0, 360, 180 },  { 0, 360, 180 },
+    { 0, 1, 0 },     { 0, 1, 0 },      { 0, 120, 0 },    { 0, 1, 0 },
+} };
+
+/// The set "01 Basic": one row a key point, column j for parameter j + 1.
+constexpr int kKeyPoints[9][17] = {
+    { 184, 159, 30, 1, 100, 70, 30, 133, 12, 112, 180, 72, 180, 12, 32, 180, 180 },
+    { 165, 170, 45, 1, 100, 70, 50, 205, 12, 116, 151, 53, 210, 14, 30, 152, 180 },
+    { 147, 181, 60, 1, 100, 94, 71, 260, 12, 113, 100, 71, 269, 16, 28, 89, 180 },
+    { 181, 135, 73, 1, 100, 64, 69, 135, 12, 118, 174, 67, 187, 16, 30, 163, 180 },
+    { 215, 90, 86, 1, 90, 56, 68, 43, 12, 112, 260, 68, 105, 19, 31, 245, 180 },
+    { 200, 83, 73, 0, 100, 64, 50, 138, 12, 113, 234, 80, 158, 16, 32, 250, 180 },
+    { 185, 76, 60, 0, 100, 80, 32, 234, 12, 115, 180, 96, 160, 16, 36, 252, 180 },
+    { 135, 118, 88, 1, 100, 70, 75, 254, 12, 116, 230, 107, 191, 16, 30, 208, 180 },
+    { 95, 126, 96, 2, 100, 64, 119, 274, 12, 118, 285, 111, 210, 16, 11, 144, 180 },
+};
+constexpr double kStepsPerKeyPoint = 15.0;
+
+bool IsSwitch (int parameter)
+{
+    return parameter == kEqualizerBypass || parameter == kCompressorBypass || parameter == kBypass;
+}
+
+/// The three entries of the knee list share the normalized range alike, a switch turns over at the middle; everything
+/// else is linear, and rounded half away from zero.
+float ToPlain (int parameter, float normalized)
+{
+    if (IsSwitch (parameter))
+        return normalized >= 0.5f ? 1.0f : 0.0f;
+    const auto& [minimum, maximum, initial] = kRanges[static_cast<std::size_t> (parameter)];
+    if (parameter == kKnee)
+        return static_cast<float> (std::clamp (static_cast<int> (3.0f * normalized), minimum, maximum));
+    const double steps = minimum + static_cast<double> (normalized) * (maximum - minimum);
+    return static_cast<float> (normalized == 0.0f ? std::trunc (steps) : std::round (steps));
+}
+
+float ToNormalized (int parameter, int step)
+{
+    const auto& [minimum, maximum, initial] = kRanges[static_cast<std::size_t> (parameter)];
+    return static_cast<float> (static_cast<double> (step - minimum) / (maximum - minimum));
+}
+
+} // namespace
+
+/// The values are stored before there is a strip, which is then told the rate and every parameter in order.
+InstanceModel::InstanceModel ()
+{
+    for (int i = 0; i < kParameterCount; ++i)
+        values[static_cast<std::size_t> (i)] = ToNormalized (i, kRanges[static_cast<std::size_t> (i)].initial);
+    const auto initialValues = values;
+    for (int i = 0; i < kParameterCount; ++i)
+        SetParameter (i, initialValues[static_cast<std::size_t> (i)]);
+
+    strip.emplace ();
+    strip->SetRate (44100.0);
+    for (int i = 0; i < kParameterCount; ++i)
+        strip->Set (i, Plain (i));
+    std::copy (values.begin (), values.end (), shown.begin ());
+}
+
+void InstanceModel::SetActive (bool active)
+{
+    if (active)
+    {
+        strip->Resume ();
+        return;
+    }
+    strip->Suspend ();
+    meters = {};
+}
+
+void InstanceModel::SetFromController (Change change)
+{
+    const auto id = static_cast<std::size_t> (change.parameter);
+    if (shown[id] == change.value)
+        return;
+    shown[id] = change.value;
+    auto expected = values;
+    expected[id] = static_cast<float> (change.value);
+    SetParameter (change.parameter, expected[id]);
+    for (std::size_t i = 0; i < values.size (); ++i)
+        if (values[i] != expected[i])
+            shown[i] = values[i];
+}
+
+void InstanceModel::Process (std::span<const Change> queue, Mode mode, std::span<const float> input,
+                             std::span<float> output)
+{
+    const bool queueCounts = mode == Mode::kOffline || wasOffline;
+    wasOffline = mode == Mode::kOffline;
+    if (input.empty ())
+        return;
+    if (queueCounts)
+        for (const Change& change : queue)
+            SetParameter (change.parameter, static_cast<float> (change.value));
+    strip->Run (input.data (), output.data (), static_cast<int> (input.size ()));
+    meters = { static_cast<float> (strip->reductionReading), static_cast<float> (strip->outputReading) };
+}
+
+float InstanceModel::Plain (int parameter) const
+{
+    return ToPlain (parameter, Value (parameter));
+}
+
+void InstanceModel::Store (int parameter, float value)
+{
+    values[static_cast<std::size_t> (parameter)] = value;
+    if (strip)
+        strip->Set (parameter, Plain (parameter));
+}
+
+void InstanceModel::SetParameter (int parameter, float value)
+{
+    Store (parameter, value);
+    if (parameter == kEqualizerBypass || parameter == kCompressorBypass)
+        Store (kBypass, IsOn (kEqualizerBypass) && IsOn (kCompressorBypass) ? 1.0f : 0.0f);
+    if (parameter == kMorph)
+        Morph ();
+    if (parameter == kBypass)
+        for (int section : { kEqualizerBypass, kCompressorBypass })
+            Store (section, value >= 0.5f ? 1.0f : 0.0f);
+}
+
+void InstanceModel::Morph ()
+{
+    const double position = Plain (kMorph) / kStepsPerKeyPoint;
+    const int row = static_cast<int> (position);
+    const double fraction = position - row;
+    for (int column = 0; column < 17; ++column)
+    {
+        const int from = kKeyPoints[row][column];
+        const int to = fraction == 0.0 ? from : kKeyPoints[row + 1][column];
+        Store (column + 1, ToNormalized (column + 1, static_cast<int> (from + fraction * (to - from))));
+    }
+}
+
+} // namespace tessaly::model

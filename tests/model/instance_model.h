@@ -1,0 +1,61 @@
+/// One instance as a host sees it: 22 normalized values that are rounded to steps, the morph, the two roads of a
+/// parameter, the three bypass switches, and the order in which a fresh strip is told everything.
+#pragma once
+
+#include "strip_model.h"
+
+#include <array>
+#include <optional>
+#include <span>
+
+namespace tessaly::model
+{
+
+/// The host's names of its ways to run a block.
+enum class Mode
+{
+    kRealtime = 0,
+    kPrefetch = 1,
+    kOffline = 2
+};
+
+struct Change
+{
+    int parameter = 0;  // 0 to 21
+    double value = 0.0; // normalized
+};
+
+class InstanceModel
+{
+public:
+    InstanceModel ();
+
+    void Setup (double rateHz) { strip->SetRate (rateHz); }
+    void SetActive (bool active);
+
+    /// The controller's road: at once, unless the controller shows this value already.
+    void SetFromController (Change change);
+
+    /// One block. The queue counts in offline blocks and in the first other block after one, before the first sample.
+    /// @param output  as long as the input; an empty block runs nothing and reads the meters as they stand
+    void Process (std::span<const Change> queue, Mode mode, std::span<const float> input, std::span<float> output);
+
+    float Meter (int index) const { return meters[static_cast<std::size_t> (index)]; }
+    double Shown (int parameter) const { return shown[static_cast<std::size_t> (parameter)]; }
+
+private:
+    float Value (int parameter) const { return values[static_cast<std::size_t> (parameter)]; }
+    float Plain (int parameter) const;
+    bool IsOn (int parameter) const { return Plain (parameter) != 0.0f; }
+    void Store (int parameter, float value);        // storage and strip
+    void SetParameter (int parameter, float value); // with what hangs on it
+    void Morph ();
+
+    std::array<float, kParameterCount> values{}; // normalized
+    std::array<double, kParameterCount> shown{}; // what the controller answers
+    std::array<float, 2> meters{};               // gain reduction, output
+    std::optional<StripModel> strip;             // none while the first values are stored
+    bool wasOffline = false;
+};
+
+} // namespace tessaly::model

@@ -1,0 +1,246 @@
+#include "strip_model.h"
+
+#include "value_tables.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+
+namespace tessaly::model
+{
+namespace
+{
+
+constexpr double kHighPassHz = 10.0;
+enum Knee
+{
+    kSoft,
+    kMiddle,
+    kHard
+};
+
+/// The value of a step; 0 outside of the table.
+template <typename Table>
+double At (const Table& table, int step)
+{
+    return step >= 0 && step < static_cast<int> (table.size ()) ? table[static_cast<std::size_t> (step)] : 0.0;
+}
+
+double GainDb (int step)
+{
+    return step * 0.1 - 18.0;
+}
+
+/// The level above the knee, a parabola within it, nothing below it; log10 units.
+std::optional<double> ShapedLevel (double level, int knee)
+{
+    const double width = knee == kSoft ? 1.3 : knee == kMiddle ? 0.5 : 0.0;
+    const double bend = knee == kSoft ? 0.19231 : 0.5;
+    if (level > width)
+        return level;
+    if (level > -width)
+        return bend * (level + width) * (level + width);
+    return std::nullopt;
+}
+
+constexpr auto kReductionDb = std::to_array<double> (
+    { -24.0,  -22.0, -20.0,  -18.0,  -17.0, -16.0,  -15.0,  -14.0,  -13.0,  -12.0,  -11.0,  -10.0, -9.0,
+      -8.5,   -8.0,  -7.5,   -7.0,   -6.5,  -6.0,   -5.666, -5.333, -5.0,   -4.666, -4.333, -4.0,  -3.666,
+      -3.333, -3.0,  -2.666, -2.333, -2.0,  -1.666, -1.333, -1.0,   -0.666, -0.333, 0.0 });
+constexpr auto kOutputDb = std::to_array<double> (
+    { -63.0, -60.0, -56.0, -53.0, -50.0, -46.0, -43.0, -40.0, -36.0, -33.0, -30.0, -28.0, -26.0, -24.0, -22.0, -20.0,
+      -18.0, -17.0, -16.0, -15.0, -14.0, -13.0, -12.0, -11.0, -10.0, -9.0,  -8.0,  -7.0,  -6.0,  -5.0,  -4.0,  -3.0 });
+static_assert (kReductionDb.size () == 37 && kOutputDb.size () == 32);
+
+/// The scales hold their levels with ten decimals.
+double TenDecimals (double db)
+{
+    return std::round (std::pow (10.0, db / 20.0) * 1e10) / 1e10;
+}
+
+/// How many levels of the scale are at or below v.
+template <typename Scale>
+int CountAtOrBelow (const Scale& scaleDb, double v)
+{
+    return static_cast<int> (
+        std::count_if (scaleDb.begin (), scaleDb.end (), [v] (double db) { return TenDecimals (db) <= v; }));
+}
+
+double ReductionPosition (double v)
+{
+    if (v < 1.0)
+        v += 0.001;
+    if (v <= 0.0630957344)
+        return 0.0;
+    return v >= 1.0 ? 1.0 : (CountAtOrBelow (kReductionDb, v) - 1) / 36.0;
+}
+
+double OutputPosition (double level)
+{
+    const double v = level + 0.0001;
+    if (v < 0.0007079458)
+        return 0.0;
+    return v > 0.9999999999 ? 1.0 : (CountAtOrBelow (kOutputDb, v) + (v >= 0.9999999999 ? 1 : 0)) / 34.0;
+}
+
+} // namespace
+
+int ExampleRand::Next ()
+{
+    next = next * 1103515245u + 12345u;
+    return static_cast<int> (next / 65536u % 32768u);
+}
+
+double Glide::Next (double coefficient)
+{
+    const double d = (target - value) * coefficient;
+    value = d > 0.0 ? std::min (value + d + 0.00000012, target) : std::max (value + d - 0.00000012, target);
+    return value;
+}
+
+/// Only the positive half of the wave counts, and what lies below -1.
+void PeakFollower::Feed (double v)
+{
+    peak = std::max (peak, v < -1.0 ? -v : v);
+}
+
+void PeakFollower::EndBlock ()
+{
+    held = peak > held ? peak : held + 0.08 * (peak - held);
+    value = held;
+}
+
+void StripModel::SetRate (double hz)
+{
+    rateHz = hz;
+    Resume ();
+}
+
+void StripModel::Resume ()
+{
+    FollowSteps ();
+    sideChainHighPass.c = HighPass (rateHz, kHighPassHz);
+    glideCoefficient = 1.0 - std::exp (-1.0 / rateHz / 0.01);
+    for (FadingSection* band : { &low, &mid, &high, &sideChainPeak })
+    {
+        band->Design (DesignOf (*band));
+        band->StartUp (rateHz);
+    }
+}
+
+void StripModel::Suspend ()
+{
+    reductionMeter.held = outputMeter.held = 0.0;
+    reductionReading = outputReading = 0.0;
+}
+
+void StripModel::Set (int parameter, float plain)
+{
+    steps[static_cast<std::size_t> (parameter)] = static_cast<int> (plain);
+    FollowSteps ();
+    FadingSection* const band = parameter >= kSideHz && parameter <= kSideQ    ? &sideChainPeak
+                                : parameter >= kHighHz && parameter <= kHighDb ? &high
+                                : parameter >= kMidHz && parameter <= kMidQ    ? &mid
+                                : parameter >= kLowHz && parameter <= kLowDb   ? &low
+                                                                               : nullptr;
+    if (band)
+        band->Design (DesignOf (*band));
+}
+
+Coefficients StripModel::DesignOf (const FadingSection& band) const
+{
+    if (&band == &low)
+        return LowShelf (rateHz, At (frequencyHz, steps[kLowHz]), GainDb (steps[kLowDb]));
+    if (&band == &high)
+        return HighShelf (rateHz, At (frequencyHz, steps[kHighHz]), GainDb (steps[kHighDb]));
+    if (&band == &mid)
+        return Peak (rateHz, At (frequencyHz, steps[kMidHz]), GainDb (steps[kMidDb]), At (qValue, steps[kMidQ]));
+    return Peak (rateHz, At (frequencyHz, steps[kSideHz]), GainDb (steps[kSideDb]), At (qValue, steps[kSideQ]));
+}
+
+/// Everything but the filters. A negative offset fades out as the threshold of "Drive" nears 0 dB.
+void StripModel::FollowSteps ()
+{
+    const double driveDb = -steps[kDrive] * 0.2;
+    const double offsetDb = steps[kOffset] * 0.2 - 20.0;
+    const bool fadesOut = offsetDb < 0.0 && driveDb >= -6.2;
+    const double sumDb = fadesOut ? (offsetDb + driveDb) * driveDb / -6.2 : driveDb + offsetDb;
+    thresholdDb = std::clamp (sumDb, -54.0, 0.0);
+
+    attack = std::min (1.0 / (At (attackMs, steps[kAttack]) * 0.001 * 44100.0) * 44100.0 / rateHz, 1.0);
+    release = std::min (1.0 / (At (releaseMs, steps[kRelease]) * 0.001 * 44100.0) * 44100.0 / rateHz, 1.0);
+    slope.target = 1.0 - 1.0 / At (ratioValue, steps[kRatio]);
+    makeup.target = std::pow (10.0, -slope.target * thresholdDb * (steps[kMakeup] * 0.005) / 20.0);
+    totalGain.target = std::pow (10.0, GainDb (steps[kTotalDb]) / 20.0);
+    bypass.target = steps[kBypass] == 0 ? 0.0 : 1.0;
+}
+
+/// Rises by a square law, falls at a constant number of decibels a second and lands softly.
+double StripModel::Detect (double u)
+{
+    const double level = std::abs (u) >= 0.0316 ? std::log10 (std::abs (u)) : -1.5;
+    const double distance = level - detector;
+    const double a = attack * 6.25;
+    const double r = std::sqrt (0.00018 / a);
+    if (distance > 0.0)
+    {
+        const double s = r + distance;
+        detector += std::min (a * s * s - 0.00018, 0.925 * distance);
+    }
+    else
+    {
+        const double s = std::max (r + 0.125 * distance, 0.0);
+        detector += std::max (8.0 * (a * s * s - 0.00018), -0.4 * release);
+    }
+    return detector;
+}
+
+double StripModel::CompressorGain (double x)
+{
+    const double threshold = std::pow (10.0, thresholdDb / 20.0);
+    const double level = Detect (sideChainPeak.Process (sideChainHighPass.Process (x)) / threshold);
+    slope.Next (glideCoefficient);
+    const std::optional<double> over = ShapedLevel (level, thresholdDb == 0.0 ? kHard : steps[kKnee]);
+    return over ? std::pow (10.0, -slope.value * *over) : 1.0;
+}
+
+double StripModel::Sample (double input)
+{
+    const double dry = input + (noise.Next () - 16384) * 1e-16;
+    double y = dry;
+    double reduction = 1.0;
+    if (steps[kCompressorBypass] == 0)
+    {
+        makeup.Next (glideCoefficient);
+        const double gain = CompressorGain (dry);
+        reduction = 1.0 / gain;
+        y = dry * gain * makeup.value;
+    }
+    reductionMeter.Feed (reduction);
+    y *= totalGain.Next (glideCoefficient);
+    if (steps[kEqualizerBypass] == 0)
+        y = high.Process (mid.Process (low.Process (y)));
+    bypass.Next (glideCoefficient);
+    return y * (1.0 - bypass.value) + bypass.value * dry;
+}
+
+void StripModel::Run (const float* input, float* output, int sampleCount)
+{
+    reductionMeter.peak = outputMeter.peak = 0.0;
+    for (int i = 0; i < sampleCount; ++i)
+    {
+        output[i] = static_cast<float> (Sample (input[i]));
+        outputMeter.Feed (output[i]);
+    }
+    if (sampleCount > 0)
+    {
+        reductionMeter.EndBlock ();
+        outputMeter.EndBlock ();
+    }
+    const float gain = std::clamp (static_cast<float> (1.0 / reductionMeter.value), 0.0f, 1.0f);
+    reductionReading = 1.0 - ReductionPosition (gain);
+    outputReading = OutputPosition (outputMeter.value);
+}
+
+} // namespace tessaly::model
