@@ -28,12 +28,9 @@ void EditBrackets::BeginHeld (std::uint32_t id, std::uint32_t nowMs)
 
 void EditBrackets::EndHeld (std::uint32_t id)
 {
-    if (Contains (held, id))
-    {
-        host.EndHostEdit (id);
-        std::erase (held, id);
-    }
     std::erase (timed, id);
+    if (std::erase (held, id) != 0)
+        host.EndHostEdit (id); // last: the host may come back in from here
 }
 
 void EditBrackets::BeginTimed (std::uint32_t id, std::uint32_t nowMs)

@@ -86,7 +86,7 @@ tresult PLUGIN_API ZVst3ControllerWrapper::terminate ()
 
 tresult PLUGIN_API ZVst3ControllerWrapper::notify (Vst::IMessage* received)
 {
-    EndExpiredEdits ();
+    OnHostCall ();
     const tresult result = EditControllerEx1::notify (received);
     if (result != kResultFalse)
         return result;
@@ -217,64 +217,65 @@ void ZVst3ControllerWrapper::RefreshValues ()
 tresult PLUGIN_API ZVst3ControllerWrapper::setComponentState (IBStream*)
 {
     // The processor has filled the shared storage already, so there is nothing to read.
-    EndExpiredEdits ();
+    OnHostCall ();
     RefreshValues ();
     return kResultOk;
 }
 
 tresult PLUGIN_API ZVst3ControllerWrapper::setState (IBStream*)
 {
-    EndExpiredEdits ();
+    OnHostCall ();
     return kResultOk;
 }
 
 tresult PLUGIN_API ZVst3ControllerWrapper::getState (IBStream*)
 {
-    EndExpiredEdits ();
+    OnHostCall ();
     return kResultOk;
 }
 
 int32 PLUGIN_API ZVst3ControllerWrapper::getParameterCount ()
 {
-    EndExpiredEdits ();
+    OnHostCall ();
     return EditControllerEx1::getParameterCount ();
 }
 
 tresult PLUGIN_API ZVst3ControllerWrapper::getParameterInfo (int32 index, Vst::ParameterInfo& info)
 {
-    EndExpiredEdits ();
+    OnHostCall ();
     return EditControllerEx1::getParameterInfo (index, info);
 }
 
 tresult PLUGIN_API ZVst3ControllerWrapper::getParamStringByValue (Vst::ParamID id, Vst::ParamValue normalized,
                                                                   Vst::String128 text)
 {
-    EndExpiredEdits ();
+    OnHostCall ();
     return EditControllerEx1::getParamStringByValue (id, normalized, text);
 }
 
 tresult PLUGIN_API ZVst3ControllerWrapper::getParamValueByString (Vst::ParamID id, Vst::TChar* text,
                                                                   Vst::ParamValue& normalized)
 {
-    EndExpiredEdits ();
+    OnHostCall ();
     return EditControllerEx1::getParamValueByString (id, text, normalized);
 }
 
 Vst::ParamValue PLUGIN_API ZVst3ControllerWrapper::normalizedParamToPlain (Vst::ParamID id, Vst::ParamValue normalized)
 {
-    EndExpiredEdits ();
+    OnHostCall ();
     return EditControllerEx1::normalizedParamToPlain (id, normalized);
 }
 
 Vst::ParamValue PLUGIN_API ZVst3ControllerWrapper::plainParamToNormalized (Vst::ParamID id, Vst::ParamValue plain)
 {
-    EndExpiredEdits ();
+    OnHostCall ();
     return EditControllerEx1::plainParamToNormalized (id, plain);
 }
 
 tresult PLUGIN_API ZVst3ControllerWrapper::setComponentHandler (Vst::IComponentHandler* handler)
 {
     hostThread = std::this_thread::get_id (); // some hosts make instances on a worker thread
+    OnHostCall ();
     if (handler != componentHandler)
         EndAllEdits (); // the handler that heard their beginning has to hear their end
     return EditControllerEx1::setComponentHandler (handler);
@@ -282,13 +283,13 @@ tresult PLUGIN_API ZVst3ControllerWrapper::setComponentHandler (Vst::IComponentH
 
 Vst::ParamValue PLUGIN_API ZVst3ControllerWrapper::getParamNormalized (Vst::ParamID id)
 {
-    EndExpiredEdits ();
+    OnHostCall ();
     return EditControllerEx1::getParamNormalized (id);
 }
 
 tresult PLUGIN_API ZVst3ControllerWrapper::setParamNormalized (Vst::ParamID id, Vst::ParamValue value)
 {
-    EndExpiredEdits ();
+    OnHostCall ();
     if (EditControllerEx1::getParamNormalized (id) == value)
         return kResultOk; // a host's repeat makes no trip through the effect
     const tresult result = EditControllerEx1::setParamNormalized (id, value);
@@ -328,9 +329,28 @@ tresult ZVst3ControllerWrapper::ReportSideEffects (Vst::ParamID id, float value)
     return kResultOk;
 }
 
+tresult PLUGIN_API ZVst3ControllerWrapper::connect (Vst::IConnectionPoint* peer)
+{
+    OnHostCall ();
+    return EditControllerEx1::connect (peer);
+}
+
+tresult PLUGIN_API ZVst3ControllerWrapper::disconnect (Vst::IConnectionPoint* peer)
+{
+    OnHostCall ();
+    return EditControllerEx1::disconnect (peer);
+}
+
+int32 PLUGIN_API ZVst3ControllerWrapper::getUnitCount ()
+{
+    OnHostCall ();
+    return EditControllerEx1::getUnitCount ();
+}
+
 tresult PLUGIN_API ZVst3ControllerWrapper::getMidiControllerAssignment (int32, int16, Vst::CtrlNumber controller,
                                                                         Vst::ParamID& id)
 {
+    OnHostCall ();
     const auto number = static_cast<std::uint32_t> (controller);
     if (!config::kUsesMidi || number >= kMidiNumberCount)
         return kResultFalse;
@@ -340,11 +360,13 @@ tresult PLUGIN_API ZVst3ControllerWrapper::getMidiControllerAssignment (int32, i
 
 tresult PLUGIN_API ZVst3ControllerWrapper::getXmlRepresentationStream (Vst::RepresentationInfo&, IBStream*)
 {
+    OnHostCall ();
     return kResultFalse; // the strip offers none
 }
 
 tresult PLUGIN_API ZVst3ControllerWrapper::setUnitProgramData (int32, int32, IBStream*)
 {
+    OnHostCall ();
     return kResultFalse;
 }
 
@@ -390,11 +412,16 @@ void ZVst3ControllerWrapper::EndAllEdits ()
     EndAllHeldEdits ();
 }
 
-/// Not on a stranger's thread, and not while the host is being told of a change.
-void ZVst3ControllerWrapper::EndExpiredEdits ()
+/// What is to happen by time or without a message, looked at on every call of the host. Not on a stranger's thread, and
+/// not while the host is being told of a change.
+void ZVst3ControllerWrapper::OnHostCall ()
 {
-    if (!inSetParam && std::this_thread::get_id () == hostThread)
-        edits.EndExpired (TickCountMs ());
+    if (inSetParam || std::this_thread::get_id () != hostThread)
+        return;
+    // A host's connection may drop messages off its main thread, the one that tells of the effect's end too.
+    if (effect != nullptr && !LiveEffect::Contains (effect))
+        Attach (nullptr);
+    edits.EndExpired (TickCountMs ());
 }
 
 void ZVst3ControllerWrapper::SyncParameter (std::int32_t index)

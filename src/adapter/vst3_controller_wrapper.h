@@ -17,8 +17,8 @@ namespace tessaly
 /// storage of the effect, whose pointer the processor of the same process sends. A change goes straight into the shared
 /// effect, so this is the main road by which values reach the engine.
 ///
-/// Host's user-interface thread. Hosts without a run loop never call the timer; what is to happen by time is then looked
-/// at on every call that the host makes on that thread.
+/// Host's user-interface thread. Hosts without a run loop never call the timer; what is to happen by time is
+/// looked at on the calls that hosts make on that thread.
 class ZVst3ControllerWrapper final : public Steinberg::Vst::EditControllerEx1,
                                      public Steinberg::Vst::IMidiMapping,
                                      public Steinberg::Vst::IXmlRepresentationController,
@@ -35,6 +35,8 @@ public:
     Steinberg::tresult PLUGIN_API terminate () override;
 
     // IConnectionPoint
+    Steinberg::tresult PLUGIN_API connect (Steinberg::Vst::IConnectionPoint* peer) override;
+    Steinberg::tresult PLUGIN_API disconnect (Steinberg::Vst::IConnectionPoint* peer) override;
     Steinberg::tresult PLUGIN_API notify (Steinberg::Vst::IMessage* message) override;
 
     // IEditController
@@ -68,6 +70,7 @@ public:
                                                               Steinberg::IBStream* stream) override;
 
     // IUnitInfo
+    Steinberg::int32 PLUGIN_API getUnitCount () override;
     Steinberg::tresult PLUGIN_API setUnitProgramData (Steinberg::int32 listOrUnitId, Steinberg::int32 programIndex,
                                                       Steinberg::IBStream* data) override;
 
@@ -109,7 +112,7 @@ private:
     Steinberg::tresult ReportSideEffects (Steinberg::Vst::ParamID id, float value);
     void ReportToHost (std::int32_t index, float value);
     void EndAllEdits ();
-    void EndExpiredEdits ();
+    void OnHostCall ();
 
     FactoryReference factory;
     ZVuBuffer vuBuffer;                       ///< the meters of the host's parameter feed

@@ -15,6 +15,7 @@
 #include "pluginterfaces/vst/vstspeaker.h"
 #include "result.h"
 #include "text_conversion.h"
+#include "truncate.h"
 #include "vu_buffer.h"
 #include <bit>
 
@@ -64,7 +65,7 @@ FUnknown* ZVst3EffectWrapper::CreateInstance (void*)
 
 tresult PLUGIN_API ZVst3EffectWrapper::initialize (FUnknown* context)
 {
-    const tresult result = AudioEffect::initialize (context);
+    const tresult result = effect ? kResultFalse : AudioEffect::initialize (context);
     if (result != kResultOk)
         return result;
     addAudioInput (STR16 ("Mono In"), Vst::SpeakerArr::kMono);
@@ -115,6 +116,8 @@ tresult PLUGIN_API ZVst3EffectWrapper::terminate ()
     storage = nullptr;
     effect.reset ();
     parameterQueue.Clear ();
+    lastProcessMode = Vst::kRealtime;
+    offlineLatch = false;
     return AudioEffect::terminate ();
 }
 
@@ -251,11 +254,11 @@ void ZVst3EffectWrapper::CollectPoint (Vst::ParamID id, int32 sampleOffset, Vst:
         if (number < 128)
         {
             effect->MidiEvent (static_cast<std::uint8_t> (0xB0), static_cast<std::uint8_t> (number),
-                               static_cast<std::uint8_t> (value * 127.0), sampleOffset);
+                               static_cast<std::uint8_t> (Truncate (value * 127.0)), sampleOffset);
         }
         else if (number == kMidiPitchBend)
         {
-            const auto bend = static_cast<std::int32_t> (value * 16383.0);
+            const std::int32_t bend = Truncate (value * 16383.0);
             effect->MidiEvent (static_cast<std::uint8_t> (0xE0), static_cast<std::uint8_t> (bend & 0x7F),
                                static_cast<std::uint8_t> ((bend >> 7) & 0x7F), sampleOffset);
         }
@@ -272,10 +275,12 @@ void ZVst3EffectWrapper::CollectEvents (Vst::IEventList* events)
             continue;
         if (event.type == Vst::Event::kNoteOnEvent)
             effect->MidiEvent (static_cast<std::uint8_t> (0x90), static_cast<std::uint8_t> (event.noteOn.pitch),
-                               static_cast<std::uint8_t> (event.noteOn.velocity * 127.0), event.sampleOffset);
+                               static_cast<std::uint8_t> (Truncate (event.noteOn.velocity * 127.0)),
+                               event.sampleOffset);
         else if (event.type == Vst::Event::kNoteOffEvent)
             effect->MidiEvent (static_cast<std::uint8_t> (0x80), static_cast<std::uint8_t> (event.noteOff.pitch),
-                               static_cast<std::uint8_t> (event.noteOff.velocity * 127.0), event.sampleOffset);
+                               static_cast<std::uint8_t> (Truncate (event.noteOff.velocity * 127.0)),
+                               event.sampleOffset);
     }
 }
 

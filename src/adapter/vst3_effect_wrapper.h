@@ -18,7 +18,8 @@ struct ZAudioBlock;
 /// The processor half of the plug-in. It owns the effect of the instance and turns the host's calls into calls on it;
 /// the controller of the same process is handed the effect's pointer by message and shares it.
 ///
-/// `process` runs on the audio thread, everything else on the host's main or set-up thread. No lock is taken.
+/// `process` runs on the audio thread, everything else on the host's main or set-up thread. Nothing here waits for
+/// anything while audio runs.
 class ZVst3EffectWrapper final : public Steinberg::Vst::AudioEffect, public ZEffectWrapper
 {
 public:

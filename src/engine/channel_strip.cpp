@@ -2,6 +2,7 @@
 
 #include "glide.h"
 #include "meter_scales.h"
+#include "truncate.h"
 #include "value_scales.h"
 
 #include <algorithm>
@@ -48,13 +49,13 @@ void Channel_Strip::SuspendOld ()
 std::int32_t Channel_Strip::GetTail ()
 {
     constexpr double kTailSeconds = 7.0;
-    return static_cast<std::int32_t> (sampleRate * kTailSeconds);
+    return Truncate (sampleRate * kTailSeconds);
 }
 
 void Channel_Strip::SetParameterOld (std::int32_t index, float step)
 {
     const auto parameter = static_cast<StripParameter> (index);
-    const auto wholeStep = static_cast<std::int32_t> (step);
+    const std::int32_t wholeStep = Truncate (static_cast<double> (step));
     if (compressor.setParameter (parameter, wholeStep) || equalizer.setParameter (parameter, wholeStep))
         return;
     switch (parameter)

@@ -32,7 +32,7 @@ public:
 
     /// Sets a parameter by its plain value: a step, truncated to a whole number. "Bypass" is on for any but 0.
     /// An unknown index, and "Morph", which is no setting of the engine, change nothing.
-    /// @param step  in the parameter's range, which the storage keeps; a time, ratio or quality of 0 has no meaning
+    /// @param step  in the parameter's range, which the caller keeps; a time, ratio or quality of 0 has no meaning
     void SetParameterOld (std::int32_t index, float step) override;
 
     /// Without channels (null pointers) or samples only the meters are published.

@@ -160,7 +160,7 @@ void ZParameterStorageBase::SetListTexts (std::int32_t index, const char* const*
     const auto count = static_cast<float> (spec->listTexts.size ());
     SetMinimum (index, 0.0f);
     SetMaximum (index, count - 1.0f);
-    SetStep (index, count > 0.0f ? 1.0f / count : 0.0f);
+    SetStep (index, 1.0f / count); // infinite for an empty list, which then reads as entry 0
 }
 
 void ZParameterStorageBase::GetListText (std::int32_t index, std::int32_t entry, char* buffer, std::int32_t size) const

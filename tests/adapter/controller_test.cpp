@@ -263,3 +263,13 @@ TEST_CASE ("The controller of a processor that went away without a word is left 
     CHECK (controller.getParameterCount () == 0);
     CHECK (controller.setParamNormalized (kMorph, 1.0) == kResultFalse);
 }
+
+TEST_CASE ("The controller finds out by itself when the message of its processor's end was lost")
+{
+    StripInHost strip; // its connection drops messages off the main thread
+    auto& controller = strip.instance.Controller ();
+    REQUIRE (controller.getParameterCount () == 24);
+    std::thread ([&strip] { strip.instance.Component ().terminate (); }).join ();
+    CHECK (controller.setParamNormalized (kMorph, 1.0) == kResultFalse);
+    CHECK (controller.getParameterCount () == 0);
+}

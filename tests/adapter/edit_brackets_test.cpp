@@ -46,6 +46,29 @@ TEST_CASE ("Edit brackets: a held edit takes a timed one over, and ends it")
     CHECK (host.log == "b5 b5 e5 ");
 }
 
+TEST_CASE ("Edit brackets: a host that comes back in while it hears an end hears it once")
+{
+    class Returning final : public EditHost
+    {
+    public:
+        void BeginHostEdit (std::uint32_t) override {}
+        void EndHostEdit (std::uint32_t) override
+        {
+            ++ended;
+            edits->EndExpired (9000);
+        }
+        EditBrackets* edits = nullptr; // not owned: the test
+        int ended = 0;
+    };
+    Returning host;
+    EditBrackets edits (host);
+    host.edits = &edits;
+    edits.BeginHeld (1, 0);
+    edits.BeginHeld (2, 0);
+    edits.EndHeld (1);
+    CHECK (host.ended == 2);
+}
+
 TEST_CASE ("Edit brackets: a held edit that nobody ends expires too, across the clock's wrap")
 {
     Recorder host;
