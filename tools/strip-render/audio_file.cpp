@@ -1,5 +1,6 @@
 #include "audio_file.h"
 
+#include "interrupts.h"
 #include "render_error.h"
 
 #include <string>
@@ -40,6 +41,7 @@ AudioReader::AudioReader (const fs::path& of)
     if (fs::is_directory (path, ignored))
         throw RenderError ("\"" + path.string () + "\" is a folder, not an audio file");
     file.reset (sf_open (path.c_str (), SFM_READ, &info));
+    ThrowIfInterrupted (); // opening a pipe waits for its other end
     if (!file)
         throw RenderError ("\"" + path.string () + "\" is not an audio file that can be read: " + Reason (nullptr));
 }
@@ -48,6 +50,7 @@ std::int64_t AudioReader::Read (float* samples, std::int64_t frames)
 {
     const std::int64_t count = sf_readf_float (file.get (), samples, frames);
     framesRead += count;
+    ThrowIfInterrupted (); // ahead of the complaint that the file ends early
     if (sf_error (file.get ()) != SF_ERR_NO_ERROR)
         throw RenderError ("\"" + path.string () + "\" cannot be read on: " + Reason (file.get ()));
     if (count < frames && framesRead < Frames ())

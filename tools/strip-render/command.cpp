@@ -53,10 +53,7 @@ void ListParameters (const Options& options)
 
 std::int64_t TailFrames (const Tail& tail, const ChannelBank& bank, int sampleRateHz)
 {
-    constexpr double kLongestSeconds = 24.0 * 3600.0;
-    if (tail.full)
-        return bank.TailFrames ();
-    return std::llround (std::min (tail.seconds, kLongestSeconds) * sampleRateHz);
+    return tail.full ? bank.TailFrames () : std::llround (tail.seconds * sampleRateHz);
 }
 
 RenderPlan MakePlan (const Options& options, const ChannelBank& bank, int sampleRateHz)
@@ -111,7 +108,10 @@ void RenderFile (const Options& options)
     PrintSummary (std::cout, options.input, reader, options.output, format, result);
     if (result.automationLeft > 0)
         std::cerr << "strip-render: " << result.automationLeft
-                  << " rows of automation come after the last sample and had no effect\n";
+                  << (result.automationLeft == 1 ? " row of automation comes" : " rows of automation come")
+                  << " after the last sample, without effect\n";
+    if (const auto invalid = result.input.InvalidSamples () + result.output.InvalidSamples (); invalid > 0)
+        std::cerr << "strip-render: " << invalid << " samples of input or output are infinite or no numbers\n";
 }
 
 } // namespace

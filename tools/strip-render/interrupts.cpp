@@ -20,11 +20,20 @@ extern "C" void NoteSignal (int number)
 
 void CatchInterrupts ()
 {
+    struct sigaction noted
+    {
+    };
+    noted.sa_handler = NoteSignal;
+    noted.sa_flags = static_cast<int> (SA_RESETHAND); // no SA_RESTART: waiting for input ends; a second signal kills
     for (const int number : { SIGINT, SIGTERM, SIGHUP })
     {
         // A program started in the background or by nohup keeps ignoring what its starter ignores.
-        if (std::signal (number, NoteSignal) == SIG_IGN)
-            std::signal (number, SIG_IGN);
+        struct sigaction previous
+        {
+        };
+        sigaction (number, &noted, &previous);
+        if (previous.sa_handler == SIG_IGN)
+            sigaction (number, &previous, nullptr);
     }
     std::signal (SIGXFSZ, SIG_IGN);
 }

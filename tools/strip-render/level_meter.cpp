@@ -13,6 +13,11 @@ void LevelMeter::Add (std::span<const float> samples)
     for (const float sample : samples)
     {
         const double x = static_cast<double> (sample);
+        if (!std::isfinite (x))
+        {
+            ++invalid;
+            continue;
+        }
         peak = std::max (peak, std::abs (x));
         sumOfSquares += x * x;
     }
@@ -31,7 +36,7 @@ double LevelMeter::RmsDb () const
 
 std::string LevelText (double dbfs)
 {
-    return std::isinf (dbfs) ? "silent" : ToText (dbfs, 2) + " dBFS";
+    return std::isinf (dbfs) && dbfs < 0.0 ? "silent" : ToText (dbfs, 2) + " dBFS";
 }
 
 } // namespace tessaly::render

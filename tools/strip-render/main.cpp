@@ -1,6 +1,7 @@
 #include "command.h"
 #include "interrupts.h"
 #include "options.h"
+#include "render_error.h"
 
 #include <cstdlib>
 #include <exception>
@@ -18,6 +19,8 @@ int main (int argc, char** argv)
         if (!parsed.options)
             return parsed.exitStatus;
         RunCommand (*parsed.options);
+        if (!std::cout.flush ())
+            throw tessaly::render::RenderError ("what was to be printed could not be written");
         return EXIT_SUCCESS;
     }
     catch (const Interrupted& interrupted)

@@ -25,9 +25,12 @@ std::string CheckSetting (const std::string& text)
 
 std::string CheckTail (const std::string& text)
 {
+    constexpr double kLongestSeconds = 24.0 * 3600.0;
     const auto seconds = ToNumber (text);
     const bool isFull = Lowered (text) == "full";
-    return isFull || (seconds && *seconds >= 0.0) ? "" : "\"" + text + "\" is neither a number of seconds nor \"full\"";
+    return isFull || (seconds && *seconds >= 0.0 && *seconds <= kLongestSeconds)
+               ? ""
+               : "\"" + text + "\" is neither a number of seconds up to a day nor \"full\"";
 }
 
 Tail ToTail (const std::string& text)

@@ -1,7 +1,6 @@
 #include "parameter_names.h"
 
 #include "render_error.h"
-#include "strip_ids.h"
 #include "text.h"
 
 #include <algorithm>
@@ -19,10 +18,6 @@ std::string NameOf (const host::ParameterInfo& info)
 {
     if (!info.title.empty ())
         return info.title;
-    if (info.id == kDriveOffsetId)
-        return "Drive Offset";
-    if (info.id == kMakeupAmountId)
-        return "Makeup Amount";
     return "Parameter " + std::to_string (info.id);
 }
 

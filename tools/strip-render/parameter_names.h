@@ -9,7 +9,7 @@
 namespace tessaly::render
 {
 
-/// Every parameter that can be set, by the name a user calls it by: its title, or a name of our own where the plug-in
+/// Every parameter that can be set, by the name a user calls it by: its title, or its number where the plug-in
 /// leaves the title empty.
 class ParameterNames
 {

@@ -28,6 +28,8 @@ PendingFile::PendingFile (const fs::path& wanted)
     target = fs::weakly_canonical (fs::absolute (wanted), ignored);
     if (ignored || target.empty ())
         target = fs::absolute (wanted);
+    if (fs::is_symlink (fs::symlink_status (target, ignored)))
+        throw RenderError ("\"" + wanted.string () + "\" is a link that leads nowhere");
     const auto status = fs::status (target, ignored);
     if (fs::is_directory (status) || !target.has_filename ())
         throw RenderError ("\"" + wanted.string () + "\" is a folder, not a file to write");

@@ -34,6 +34,8 @@ inline std::string Lowered (std::string_view text)
 inline std::optional<double> ToNumber (std::string_view text)
 {
     double number = 0.0;
+    if (text.size () > 1 && text[0] == '+' && text[1] != '-')
+        text.remove_prefix (1); // from_chars takes no plus
     const char* end = text.data () + text.size ();
     const auto result = std::from_chars (text.data (), end, number);
     if (result.ec != std::errc () || result.ptr != end || !std::isfinite (number))
