@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-// The price of a sample in the strip and in its stages, at 48 kHz in blocks of 64, on white noise of peak 0.25. The counter
-// `per_sample` is the time of one sample.
+// The price of a sample in the strip and in its stages, at 48 kHz in blocks of 64, on white noise of peak 0.25. The
+// counter `per_sample` is the time of one sample.
 
 namespace
 {

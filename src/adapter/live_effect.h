@@ -9,8 +9,8 @@ class ZEffect;
 /// message, and hosts have been seen to deliver messages late, twice or to the wrong half: a pointer that is not listed
 /// is not used.
 ///
-/// Some hosts end instances on a thread of their own, so the list has a lock; the audio thread never comes here. Nothing of
-/// it needs destruction: some hosts tear instances down from `exit`, after the module's statics have gone.
+/// Some hosts end instances on a thread of their own, so the list has a lock; the audio thread never comes here.
+/// Nothing of it needs destruction: some hosts tear instances down from `exit`, after the module's statics have gone.
 class LiveEffect
 {
 public:

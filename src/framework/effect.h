@@ -17,8 +17,8 @@ namespace tessaly
 /// which a parameter reaches the engine. Talks to the outside through its wrapper only.
 ///
 /// Threads: Process, ProcessRaw, MidiEvent and AfterProcess on the audio thread; SetParameter, GetParameter, SetBypass,
-/// SetLoading and GetInfo (but for the time information, which is the audio thread's) on any thread; all else during set-up, not beside a block. No locks: fields that threads
-/// share are relaxed atomics.
+/// SetLoading and GetInfo (but for the time information, which is the audio thread's) on any thread; all else during
+/// set-up, not beside a block. No locks: fields that threads share are relaxed atomics.
 class ZEffect
 {
 public:

@@ -8,8 +8,8 @@
 namespace tessaly::host
 {
 
-/// A loaded VST 3 bundle. Copies share the one loaded library; it is unloaded with the last of them, so whoever keeps an
-/// object of the bundle keeps a copy too. Main thread.
+/// A loaded VST 3 bundle. Copies share the one loaded library; it is unloaded with the last of them, so whoever keeps
+/// an object of the bundle keeps a copy too. Main thread.
 class Bundle
 {
 public:

@@ -47,7 +47,8 @@ private:
 class AudioWriter
 {
 public:
-    /// @throws RenderError when the file cannot be made or the format has no room for the channels, the rate or `frames`
+    /// @throws RenderError when the file cannot be made or the format has no room for the channels, the rate or
+    /// `frames`
     AudioWriter (const std::filesystem::path& file, const OutputFormat& format, int channels, int sampleRateHz,
                  std::int64_t frames);
 

@@ -9,8 +9,8 @@ struct Interrupted
     int signalNumber;
 };
 
-/// Takes SIGINT, SIGTERM and SIGHUP as a wish to stop, instead of an end on the spot; and a file that may not grow as an
-/// error of writing. Call once, before there is anything to clear away.
+/// Takes SIGINT, SIGTERM and SIGHUP as a wish to stop, instead of an end on the spot; and a file that may not grow as
+/// an error of writing. Call once, before there is anything to clear away.
 void CatchInterrupts ();
 
 /// @throws Interrupted when one of the signals has come

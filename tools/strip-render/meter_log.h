@@ -21,8 +21,8 @@ struct MeterReading
     void SetOutput (double normalized);
 };
 
-/// A table of the meters, a line for each block: the time of its first sample in seconds, then gain reduction and output
-/// in dB of each channel. An output below the meter's range is written "-inf".
+/// A table of the meters, a line for each block: the time of its first sample in seconds, then gain reduction and
+/// output in dB of each channel. An output below the meter's range is written "-inf".
 class MeterLog
 {
 public:

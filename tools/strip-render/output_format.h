@@ -16,8 +16,8 @@ struct OutputFormat
     bool clips = false; ///< holds nothing beyond full scale
 };
 
-/// Chooses by the file's extension (wav, flac, aiff, aif) or as `wanted` says: a container, a sample format (16, 24, 32,
-/// float, double) or both as "flac:16". Where nothing says otherwise WAV and AIFF hold 32-bit floats, FLAC 24 bits.
+/// Chooses by the file's extension (wav, flac, aiff, aif) or as `wanted` says: a container, a sample format (16, 24,
+/// 32, float, double) or both as "flac:16". Where nothing says otherwise WAV and AIFF hold 32-bit floats, FLAC 24 bits.
 /// @throws RenderError that tells what there is to choose from
 OutputFormat ChooseOutputFormat (const std::filesystem::path& file, const std::optional<std::string>& wanted);
 
