@@ -84,7 +84,7 @@ void RenderFile (const Options& options)
 {
     AudioReader reader (options.input);
     const OutputFormat format = ChooseOutputFormat (options.output, options.format);
-    PendingFile pending (options.output);
+    host::PendingFile pending (options.output);
     CheckMetersPath (options);
 
     host::NamedHost host (kHostName);

@@ -26,16 +26,16 @@ struct MeterReading
 class MeterLog
 {
 public:
-    /// @throws RenderError when the file cannot be made
+    /// @throws RenderError, HostError when the file cannot be made
     MeterLog (const std::filesystem::path& file, int channels);
 
     void Add (double seconds, std::span<const MeterReading> channels);
 
-    /// Puts the finished table in its place. @throws RenderError when it could not be written whole
+    /// Puts the finished table in its place. @throws RenderError, HostError when it could not be written whole
     void Commit ();
 
 private:
-    PendingFile pending;
+    host::PendingFile pending;
     std::ofstream out;
 };
 

@@ -1,11 +1,11 @@
 #include "pending_file.h"
 
-#include "render_error.h"
+#include "host_error.h"
 
 #include <string>
 #include <unistd.h>
 
-namespace tessaly::render
+namespace tessaly::host
 {
 
 namespace fs = std::filesystem;
@@ -17,7 +17,7 @@ namespace
 std::string WorkingName ()
 {
     static int made = 0;
-    return ".strip-render-" + std::to_string (getpid ()) + "-" + std::to_string (++made) + ".part";
+    return ".tessaly-" + std::to_string (getpid ()) + "-" + std::to_string (++made) + ".part";
 }
 
 } // namespace
@@ -29,15 +29,15 @@ PendingFile::PendingFile (const fs::path& wanted)
     if (ignored || target.empty ())
         target = fs::absolute (wanted);
     if (fs::is_symlink (fs::symlink_status (target, ignored)))
-        throw RenderError ("\"" + wanted.string () + "\" is a link that leads nowhere");
+        throw HostError ("\"" + wanted.string () + "\" is a link that leads nowhere");
     const auto status = fs::status (target, ignored);
     if (fs::is_directory (status) || !target.has_filename ())
-        throw RenderError ("\"" + wanted.string () + "\" is a folder, not a file to write");
+        throw HostError ("\"" + wanted.string () + "\" is a folder, not a file to write");
     if (fs::exists (status) && !fs::is_regular_file (status))
-        throw RenderError ("\"" + wanted.string () + "\" is no ordinary file and will not be replaced");
+        throw HostError ("\"" + wanted.string () + "\" is no ordinary file and will not be replaced");
     if (!fs::is_directory (target.parent_path (), ignored))
-        throw RenderError ("there is no folder \"" + target.parent_path ().string () + "\" to write \"" +
-                           target.filename ().string () + "\" into");
+        throw HostError ("there is no folder \"" + target.parent_path ().string () + "\" to write \"" +
+                         target.filename ().string () + "\" into");
     working = target.parent_path () / WorkingName ();
 }
 
@@ -56,8 +56,8 @@ void PendingFile::Commit ()
         fs::permissions (working, previous.permissions (), error);
     fs::rename (working, target, error);
     if (error)
-        throw RenderError ("cannot put the result at \"" + target.string () + "\": " + error.message ());
+        throw HostError ("cannot put the result at \"" + target.string () + "\": " + error.message ());
     committed = true;
 }
 
-} // namespace tessaly::render
+} // namespace tessaly::host

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-namespace tessaly::render
+namespace tessaly::host
 {
 
 /// A file in the making: written under another name in the folder of its target, and put in the target's place when it
@@ -11,7 +11,7 @@ class PendingFile
 {
 public:
     /// Creates nothing yet. A target that is a symbolic link means the file that it leads to.
-    /// @throws RenderError when the target's folder is missing, or the target is there and no ordinary file
+    /// @throws HostError when the target's folder is missing, or the target is there and no ordinary file
     explicit PendingFile (const std::filesystem::path& target);
     ~PendingFile ();
 
@@ -23,7 +23,7 @@ public:
     const std::filesystem::path& Target () const { return target; }
 
     /// Puts the file, closed by its writer, in the target's place. A target that was there lends its permissions.
-    /// @throws RenderError when the file system refuses
+    /// @throws HostError when the file system refuses
     void Commit ();
 
 private:
@@ -32,4 +32,4 @@ private:
     bool committed = false;
 };
 
-} // namespace tessaly::render
+} // namespace tessaly::host

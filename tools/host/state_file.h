@@ -1,0 +1,26 @@
+#pragma once
+
+#include "public.sdk/source/vst/utility/uid.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace tessaly::host
+{
+
+/// Reads what a host keeps of the strip: a preset file (.vstpreset), whose component chunk is taken, or the component's
+/// state chunk alone. Which of the two it is, its first bytes tell.
+/// @param component  a preset of another class is refused; without, any class is taken
+/// @throws HostError with the reason when the file cannot be read, is neither of the two, or is damaged
+std::vector<std::byte> ReadStateFile (const std::filesystem::path& file,
+                                      const std::optional<VST3::UID>& component = std::nullopt);
+
+/// Writes a state chunk: as a preset of the class `component` where the extension is ".vstpreset", by itself under any
+/// other name. A file that was there is replaced when the new one is whole.
+/// @throws HostError when it cannot be written
+void WriteStateFile (const std::filesystem::path& file, const VST3::UID& component, std::span<const std::byte> chunk);
+
+} // namespace tessaly::host
