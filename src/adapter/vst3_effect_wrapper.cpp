@@ -16,6 +16,7 @@
 #include "result.h"
 #include "text_conversion.h"
 #include "truncate.h"
+#include "vst3_effect_wrapper_accessor.h"
 #include "vu_buffer.h"
 #include <bit>
 
@@ -176,6 +177,25 @@ tresult PLUGIN_API ZVst3EffectWrapper::setActive (TBool state)
     return kResultOk;
 }
 
+tresult PLUGIN_API ZVst3EffectWrapper::setState (IBStream* stream)
+{
+    if (storage == nullptr || !effect)
+        return kResultFalse;
+    ZVst3EffectWrapperAccessorImp accessor (*this);
+    effect->SetLoading (true);
+    const tresult result = stateBlock.ReadBlock (accessor, stream);
+    effect->SetLoading (false);
+    return result;
+}
+
+tresult PLUGIN_API ZVst3EffectWrapper::getState (IBStream* stream)
+{
+    if (storage == nullptr || !effect)
+        return kResultFalse;
+    ZVst3EffectWrapperAccessorImp accessor (*this);
+    return stateBlock.WriteBlock (accessor, stream);
+}
+
 tresult PLUGIN_API ZVst3EffectWrapper::setBusArrangements (Vst::SpeakerArrangement* inputs, int32 numIns,
                                                            Vst::SpeakerArrangement* outputs, int32 numOuts)
 {
@@ -310,9 +330,8 @@ void ZVst3EffectWrapper::UpdateBypass (Vst::ParamID id)
     const auto index = static_cast<std::int32_t> (id);
     if (storage == nullptr || (storage->GetFlags (index) & kIsBypass) == 0)
         return;
-    bypass = storage->GetPlain (index) != 0.0f;
     if (effect)
-        effect->SetBypass (bypass);
+        effect->SetBypass (storage->GetPlain (index) != 0.0f);
 }
 
 void ZVst3EffectWrapper::ProcessBlock (Vst::ProcessData& data)

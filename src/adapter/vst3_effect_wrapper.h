@@ -6,6 +6,7 @@
 #include "parameter_queue.h"
 #include "public.sdk/source/vst/vstaudioeffect.h"
 #include "time_info.h"
+#include "vst3_state_block.h"
 #include <atomic>
 #include <memory>
 
@@ -40,6 +41,8 @@ public:
 
     // IComponent
     Steinberg::tresult PLUGIN_API setActive (Steinberg::TBool state) override;
+    Steinberg::tresult PLUGIN_API setState (Steinberg::IBStream* stream) override;
+    Steinberg::tresult PLUGIN_API getState (Steinberg::IBStream* stream) override;
 
     // IAudioProcessor
     Steinberg::tresult PLUGIN_API setBusArrangements (Steinberg::Vst::SpeakerArrangement* inputs,
@@ -60,6 +63,8 @@ public:
     OBJ_METHODS (ZVst3EffectWrapper, Steinberg::Vst::AudioEffect)
 
 private:
+    friend class ZVst3EffectWrapperAccessorImp;
+
     Steinberg::tresult SendPointer (const char* id) const; ///< sends the effect's pointer to the controller
     bool AddSideChain ();
     void CollectParameterChanges (Steinberg::Vst::IParameterChanges* changes);
@@ -80,8 +85,9 @@ private:
     ZTimeInfo timeInfo;
     std::int32_t lastProcessMode = 0;
     bool offlineLatch = false; // the block after the last offline one still counts as offline
-    bool bypass = false;
     bool hasSideChain = false;
+    bool stateLoaded = false; // a host has given a state
+    ZVst3StateBlock stateBlock;
 };
 
 } // namespace tessaly

@@ -4,6 +4,7 @@
 #include "midi_event.h"
 #include "parameter_storage_base.h"
 #include "plugin_core.h"
+#include "result.h"
 #include "vu_buffer.h"
 #include <atomic>
 #include <cstdint>
@@ -12,6 +13,8 @@
 
 namespace tessaly
 {
+
+class ZStream;
 
 /// The hub of one plug-in instance: owns engine, parameter storage, meters and MIDI buffer, and is the one road by
 /// which a parameter reaches the engine. Talks to the outside through its wrapper only.
@@ -86,6 +89,20 @@ public:
     virtual void GetTimeInfo (ZTimeInfo* info);
     virtual std::int32_t GetHostName (char* buffer); ///< buffer: 256 bytes. @return kOk or kFailed
     virtual bool HasRepresentation () { return false; }
+    virtual std::int32_t WriteRepresentation (ZStream* /*stream*/) { return kFailed; }
+
+    // The state that a host stores for the instance, beyond its parameters. A bare effect has none
+    virtual std::int32_t GetStateSize () { return 0; } ///< bytes
+    virtual void WriteState (ZStream* /*stream*/) {}
+    virtual void ReadState (ZStream* /*stream*/) {}
+    virtual std::int32_t WriteProgramState (std::int32_t /*list*/, std::int32_t /*program*/, ZStream* /*stream*/)
+    {
+        return kFailed;
+    }
+    virtual std::int32_t ReadProgramState (std::int32_t /*list*/, std::int32_t /*program*/, ZStream* /*stream*/)
+    {
+        return kFailed;
+    }
 
 protected:
     virtual void OnInitialize () {}

@@ -1,8 +1,15 @@
 #include "channel_strip_effect.h"
 
-#include "channel_strip_parameters.h"
+#include "ch_strip_file_exception.h"
 #include "channel_strip_storage.h"
+#include "key_point_block.h"
+#include "memory_stream.h"
 #include "morph.h"
+#include "null_stream.h"
+#include "stored_value.h"
+#include "strip_state.h"
+#include <algorithm>
+#include <string_view>
 
 namespace tessaly
 {
@@ -14,6 +21,17 @@ constexpr auto kEqualizerBypass = IndexOf (StripParameter::equalizerBypass);
 constexpr auto kCompressorBypass = IndexOf (StripParameter::compressorBypass);
 constexpr auto kMorph = IndexOf (StripParameter::morph);
 constexpr auto kBypass = IndexOf (StripParameter::bypass);
+
+/// The beginning of a text that fits into the name, without half a character at its end.
+std::string_view NameThatFits (std::string_view text)
+{
+    const auto isInsideCharacter = [text] (std::size_t place)
+    { return (static_cast<unsigned char> (text[place]) & 0xC0) == 0x80; };
+    std::size_t length = std::min (text.size (), static_cast<std::size_t> (kTextSize - 1));
+    while (length > 0 && length < text.size () && isInsideCharacter (length))
+        --length;
+    return text.substr (0, length);
+}
 
 } // namespace
 
@@ -62,6 +80,85 @@ void ZChannel_StripEffect::WriteMorphed (std::int32_t index, float plain)
     SetNormalized (index, normalized);
     storage->SetDefaultNormalized (index, normalized); // so that "back to default" means what the morph gave
     PostHost (index);
+}
+
+void ZChannel_StripEffect::LoadKeyPointBlock (const void* data, std::int32_t size)
+{
+    auto table = keyPoints.Read (); // row 9 is in no file
+    if (ReadKeyPointBlock (data, size, table))
+        keyPoints.Replace (table);
+}
+
+void ZChannel_StripEffect::SetKeyPointName (const char* name)
+{
+    CopyText (NameThatFits (name), keyPointName.data (), kTextSize - 1);
+}
+
+std::int32_t ZChannel_StripEffect::GetStateSize ()
+{
+    ZNullStream counter;
+    WriteState (&counter);
+    return counter.GetSize ();
+}
+
+void ZChannel_StripEffect::WriteState (ZStream* stream)
+{
+    PostEvent (kCodeStateWriteBegins - kCodeFirstOfEffect, nullptr);
+    StripState state;
+    for (std::int32_t i = 0; i < kStripParameterCount; ++i)
+        state.values[static_cast<std::size_t> (i)] = ReadParameter (i);
+    state.keyPointName = keyPointName;
+    state.keyPoints = keyPoints.Read ();
+
+    // At once, since sizes are filled in afterwards and some hosts' streams end where they were last written.
+    std::array<std::uint8_t, kStripTreeBytes> bytes{};
+    ZMemoryStream memory (bytes.data (), kStripTreeBytes);
+    WriteStripTree (memory, state);
+    stream->Write (bytes.data (), memory.GetSize ());
+    PostEvent (kCodeStateWriteEnds - kCodeFirstOfEffect, nullptr);
+}
+
+void ZChannel_StripEffect::ReadState (ZStream* stream)
+{
+    PostEvent (kCodeStateReadBegins - kCodeFirstOfEffect, nullptr);
+    StripState state;
+    state.keyPointName = keyPointName;
+    const auto before = keyPoints.Read ();
+    state.keyPoints = before;
+    stateFault.clear ();
+    try
+    {
+        ReadStripTree (*stream, state);
+    }
+    catch (const ChStripFileException& fault)
+    {
+        stateFault = fault.what ();
+    }
+    if (state.keyPoints.rows != before.rows)
+        keyPoints.Replace (state.keyPoints); // before "Morph", which goes by it
+    if (!stateFault.empty ())
+        return;
+
+    ApplyValues (state.values);
+    keyPointName = state.keyPointName;
+    KPRD_Manager* manager = nullptr;
+    if (GetInfo (kCodeKeyPointManager, &manager))
+        if (auto* entry = manager->FindByName (keyPointName.data ()))
+            manager->SetCurrent (entry);
+    PostEvent (kCodeStateReadEnds - kCodeFirstOfEffect, nullptr);
+}
+
+void ZChannel_StripEffect::ApplyValues (const std::array<float, kStripParameterCount>& stored)
+{
+    auto values = stored;
+    for (std::int32_t i = 0; i < kStripParameterCount; ++i)
+    {
+        auto& value = values[static_cast<std::size_t> (i)];
+        value = StoredValue (value).value_or (ReadParameter (i));
+    }
+    OnParameter (kMorph, values[kMorph]);
+    for (std::int32_t i = 0; i < kMorph; ++i)
+        OnParameter (i, values[static_cast<std::size_t> (i)]);
 }
 
 } // namespace tessaly

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "channel_strip_parameters.h"
 #include "old_effect.h"
 #include "shared_key_points.h"
+#include "text_buffer.h"
 #include <atomic>
 #include <cstdint>
+#include <string>
 
 namespace tessaly
 {
@@ -11,11 +14,20 @@ namespace tessaly
 /// GetInfo of the strip's effect: KPRD_Manager* of the storage; false without one.
 inline constexpr std::int32_t kCodeKeyPointManager = kCodeFirstOfEffect;
 
+// Events, data null. A state that turns out to be broken has no end of reading.
+inline constexpr std::int32_t kCodeStateWriteBegins = kCodeFirstOfEffect + 1;
+inline constexpr std::int32_t kCodeStateWriteEnds = kCodeFirstOfEffect + 2;
+inline constexpr std::int32_t kCodeStateReadBegins = kCodeFirstOfEffect + 3;
+inline constexpr std::int32_t kCodeStateReadEnds = kCodeFirstOfEffect + 4;
+
 /// The strip's effect. It adds the morph: "Morph" moves the parameters 1 to 17 through the rows of the set of key
 /// points in use. A user's change of one of them stays until the next morph. And it keeps "Bypass" and the two section
 /// bypasses together.
 ///
-/// Threads as in ZEffect: a morph runs on whatever thread sets "Morph".
+/// The set of key points and its name travel with the stored state, so a project keeps its set when the file has gone.
+///
+/// Threads as in ZEffect: a morph runs on whatever thread sets "Morph". States and sets may be read while audio runs,
+/// the name on one of the host's own threads at a time.
 class ZChannel_StripEffect : public ZOldEffect
 {
 public:
@@ -26,6 +38,22 @@ public:
     /// Writes the parameters 1 to 17 as the morph position says: value and default of each, which the editor is told
     /// of. @param index of "Morph", not looked at  @param normalized its value
     void ApplyMorph (std::int32_t index, float normalized);
+
+    /// Takes the nine key points of a key-point file; one with a fault changes nothing. The morph does not run by itself.
+    void LoadKeyPointBlock (const void* data, std::int32_t size);
+
+    char* GetKeyPointName () { return keyPointName.data (); } ///< UTF-8; never null
+    void SetKeyPointName (const char* name);                  ///< of more than 255 bytes, cut at a whole character
+
+    std::int32_t GetStateSize () override;
+    void WriteState (ZStream* stream) override;
+
+    /// Takes the set and its name, then "Morph", then the parameters 0 to 19: edits win over the morph, and "Bypass" is
+    /// settled by the two section bypasses. A broken state changes no parameter, though the set may be new by then.
+    void ReadState (ZStream* stream) override;
+
+    /// Why the state that was read last is broken; empty when it is not.
+    const std::string& StateFault () const { return stateFault; }
 
     bool HasKeyPoint (std::uint32_t row) const { return keyPoints.Read ().HasKeyPoint (row); }
     std::int32_t KeyPointStep (std::uint32_t row, std::uint32_t column) const
@@ -46,9 +74,12 @@ protected:
 
 private:
     void WriteMorphed (std::int32_t index, float plain);
+    void ApplyValues (const std::array<float, kStripParameterCount>& stored);
 
     SharedKeyPoints keyPoints{ builtInKeyPoints };
     std::atomic<bool> morphWroteParameters = false;
+    ZText keyPointName{ "01 Basic" };
+    std::string stateFault;
 };
 
 } // namespace tessaly

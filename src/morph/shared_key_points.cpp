@@ -41,6 +41,7 @@ KeyPointTable SharedKeyPoints::Read () const
 
 void SharedKeyPoints::Replace (const KeyPointTable& table)
 {
+    const std::lock_guard alone (writing);
     const auto next = generation.load (std::memory_order_relaxed) + 1;
     Fill (buffers[next % 2], table);
     generation.store (next, std::memory_order_release);

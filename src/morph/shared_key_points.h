@@ -4,6 +4,7 @@
 #include <array>
 #include <atomic>
 #include <cstdint>
+#include <mutex>
 
 namespace tessaly
 {
@@ -12,15 +13,15 @@ namespace tessaly
 /// or the new one, never rows of both.
 ///
 /// Two buffers and a generation whose lowest bit says which one is in use. A writer fills the other buffer, then raises
-/// the generation; a reader copies, then reads again if the generation has changed meanwhile. No lock: a reader goes
-/// round once more only for a set that came while it was reading.
+/// the generation; a reader copies, then reads again if the generation has changed meanwhile. A reader meets no lock, it
+/// goes round once more only for a set that came while it was reading; writers wait for one another.
 class SharedKeyPoints
 {
 public:
     explicit SharedKeyPoints (const KeyPointTable& table);
 
     KeyPointTable Read () const;               ///< any thread
-    void Replace (const KeyPointTable& table); ///< one thread at a time: the host's user-interface thread
+    void Replace (const KeyPointTable& table); ///< any thread but the audio thread
 
 private:
     using Cells = std::array<std::array<std::atomic<std::int16_t>, kKeyPointColumns>, kKeyPointRows>;
@@ -30,6 +31,7 @@ private:
 
     std::array<Cells, 2> buffers;
     std::atomic<std::uint32_t> generation = 0;
+    std::mutex writing; // a host may restore a state on one thread while the user picks a set on another
 };
 
 } // namespace tessaly

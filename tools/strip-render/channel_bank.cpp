@@ -21,6 +21,12 @@ ChannelBank::ChannelBank (const host::Bundle& bundle, host::NamedHost& host, int
     }
 }
 
+void ChannelBank::LoadState (std::span<const std::byte> state)
+{
+    for (const auto& instance : instances)
+        instance->LoadState (state);
+}
+
 void ChannelBank::Process (std::span<const float> in, std::span<float> out, std::span<const Setting> settings)
 {
     const std::size_t channels = instances.size ();

@@ -4,6 +4,7 @@
 #include "plugin_instance.h"
 #include "setting.h"
 
+#include <cstddef>
 #include <memory>
 #include <span>
 #include <vector>
@@ -27,6 +28,10 @@ public:
     /// @throws HostError when the plug-in refuses
     ChannelBank (const host::Bundle& bundle, host::NamedHost& host, int channels, double sampleRateHz, int blockSize,
                  Road road);
+
+    /// Puts every instance into a stored state. It takes effect at the next block's first sample, ahead of its settings.
+    /// @throws HostError when the plug-in refuses
+    void LoadState (std::span<const std::byte> state);
 
     /// Runs the next block through every instance. The settings take effect at its first sample, in their order, each
     /// parameter in them once.

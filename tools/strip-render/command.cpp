@@ -10,8 +10,10 @@
 #include "render_error.h"
 #include "renderer.h"
 #include "report.h"
+#include "state_file.h"
 
 #include <cmath>
+#include <initializer_list>
 #include <iostream>
 #include <optional>
 
@@ -41,14 +43,45 @@ std::vector<Setting> ReadSettings (const Options& options, const host::Parameter
     return settings;
 }
 
+using State = std::vector<std::byte>;
+
+std::optional<State> ReadState (const Options& options, const host::Bundle& bundle)
+{
+    if (!options.state)
+        return std::nullopt;
+    return host::ReadStateFile (*options.state, bundle.FirstAudioEffect ().ID ());
+}
+
+/// An instance as --state and --set make it.
+class PreparedInstance
+{
+public:
+    explicit PreparedInstance (const Options& options)
+        : host (kHostName)
+        , bundle (LoadBundle (options))
+        , instance (bundle, host)
+    {
+        if (const auto state = ReadState (options, bundle))
+            instance.LoadState (*state);
+        for (const Setting& setting : ReadSettings (options, Parameters (), ParameterNames (Parameters ())))
+            Parameters ().SetNormalized (setting.id, setting.normalized);
+    }
+
+    host::ParameterAccess Parameters () const { return instance.Parameters (); }
+    void Save (const fs::path& file) const
+    {
+        host::WriteStateFile (file, bundle.FirstAudioEffect ().ID (), instance.SaveState ());
+    }
+
+private:
+    host::NamedHost host; // the bundle's factory keeps it to its end
+    host::Bundle bundle;
+    host::PluginInstance instance;
+};
+
 void ListParameters (const Options& options)
 {
-    host::NamedHost host (kHostName);
-    host::PluginInstance instance (LoadBundle (options), host);
-    const auto parameters = instance.Parameters ();
-    for (const Setting& setting : ReadSettings (options, parameters, ParameterNames (parameters)))
-        parameters.SetNormalized (setting.id, setting.normalized);
-    PrintParameters (std::cout, parameters);
+    PrintParameters (std::cout, PreparedInstance (options).Parameters ());
 }
 
 std::int64_t TailFrames (const Tail& tail, const ChannelBank& bank, int sampleRateHz)
@@ -69,15 +102,24 @@ RenderPlan MakePlan (const Options& options, const ChannelBank& bank, int sample
     return plan;
 }
 
-/// The table must not take the place of a file that is read or written for another purpose.
-void CheckMetersPath (const Options& options)
+/// What is written beside the result must not take the place of a file that is read or written for another purpose.
+void CheckPath (const char* option, const std::optional<fs::path>& path, std::initializer_list<fs::path> others)
 {
-    if (!options.meters)
+    if (!path)
         return;
-    const auto place = [] (const fs::path& path) { return fs::weakly_canonical (fs::absolute (path)); };
-    for (const fs::path& other : { options.input, options.output, options.automation.value_or (options.output) })
-        if (place (*options.meters) == place (other))
-            throw RenderError ("--meters would write over \"" + other.string () + "\"");
+    const auto place = [] (const fs::path& any) { return fs::weakly_canonical (fs::absolute (any)); };
+    for (const fs::path& other : others)
+        if (!other.empty () && place (*path) == place (other))
+            throw RenderError (std::string (option) + " would write over \"" + other.string () + "\"");
+}
+
+void CheckPaths (const Options& options)
+{
+    const auto automation = options.automation.value_or (fs::path ());
+    const auto state = options.state.value_or (fs::path ());
+    const auto meters = options.meters.value_or (fs::path ());
+    CheckPath ("--meters", options.meters, { options.input, options.output, automation, state });
+    CheckPath ("--save-state", options.saveState, { options.input, options.output, automation, meters });
 }
 
 void RenderFile (const Options& options)
@@ -85,12 +127,13 @@ void RenderFile (const Options& options)
     AudioReader reader (options.input);
     const OutputFormat format = ChooseOutputFormat (options.output, options.format);
     host::PendingFile pending (options.output);
-    CheckMetersPath (options);
 
     host::NamedHost host (kHostName);
     const auto bundle = LoadBundle (options);
     const Road road = options.realtime ? Road::realtime : Road::offline;
     ChannelBank bank (bundle, host, reader.Channels (), reader.SampleRateHz (), options.blockSize, road);
+    if (const auto state = ReadState (options, bundle))
+        bank.LoadState (*state);
     const RenderPlan plan = MakePlan (options, bank, reader.SampleRateHz ());
 
     AudioWriter writer (pending.WorkingPath (), format, reader.Channels (), reader.SampleRateHz (),
@@ -118,10 +161,13 @@ void RenderFile (const Options& options)
 
 void RunCommand (const Options& options)
 {
+    CheckPaths (options);
     if (options.list)
         ListParameters (options);
-    else
+    if (options.Renders ())
         RenderFile (options);
+    if (options.saveState)
+        PreparedInstance (options).Save (*options.saveState);
 }
 
 } // namespace tessaly::render

@@ -16,6 +16,7 @@ constexpr const char* kExamples = R"(Values are typed as on the plug-in's panel:
 Examples:
   strip-render --list
   strip-render voice.wav strip.wav --set Morph=60 --set "Mid F=2k" --set "Mid G=-3"
+  strip-render --state mine.vstpreset --set Drive=3 --save-state more.vstpreset
   strip-render loop.flac strip.flac --automate moves.csv --tail full --meters meters.csv)";
 
 std::string CheckSetting (const std::string& text)
@@ -50,6 +51,13 @@ void Describe (CLI::App& app, Options& options, std::string& tail)
         ->allow_extra_args (false)
         ->check (CheckSetting)
         ->type_name ("NAME=VALUE");
+    app.add_option ("--state", options.state,
+                    "Begin with a stored state, ahead of every --set: a preset (.vstpreset) or a state chunk alone")
+        ->type_name ("FILE");
+    app.add_option ("--save-state", options.saveState,
+                    "Write the state that --state and --set make: a preset where FILE ends in .vstpreset, "
+                    "otherwise the chunk alone")
+        ->type_name ("FILE");
     app.add_flag ("--list", options.list, "Print every parameter with range, unit, default and present text");
     app.add_option ("--automate", options.automation, "Table of time in seconds, parameter and value, a row a line")
         ->type_name ("FILE.csv");
@@ -86,8 +94,10 @@ ParsedOptions ParseOptions (int argc, const char* const* argv)
     try
     {
         app.parse (argc, argv);
-        if (!options.list && (options.input.empty () || options.output.empty ()))
-            throw CLI::RequiredError ("IN and OUT are required, or --list", CLI::ExitCodes::RequiredError);
+        const bool rendersNothing = options.list || (options.saveState && options.input.empty ());
+        if (!rendersNothing && (options.input.empty () || options.output.empty ()))
+            throw CLI::RequiredError ("IN and OUT are required, or --list, or --save-state",
+                                      CLI::ExitCodes::RequiredError);
     }
     catch (const CLI::ParseError& error)
     {

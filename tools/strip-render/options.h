@@ -18,9 +18,11 @@ struct Tail
 /// The command line, read and checked as far as it can be without files and without the plug-in.
 struct Options
 {
-    std::filesystem::path input;       ///< empty with `list`
-    std::filesystem::path output;      ///< empty with `list`
-    std::vector<std::string> settings; ///< each NAME=VALUE, in the order given
+    std::filesystem::path input;                    ///< empty: nothing to render
+    std::filesystem::path output;                   ///< empty: nothing to render
+    std::optional<std::filesystem::path> state;     ///< to begin with, ahead of the settings
+    std::optional<std::filesystem::path> saveState; ///< where to write the state that the settings make
+    std::vector<std::string> settings;              ///< each NAME=VALUE, in the order given
     std::optional<std::filesystem::path> automation;
     std::optional<std::filesystem::path> meters;
     std::optional<std::filesystem::path> plugin;
@@ -30,6 +32,8 @@ struct Options
     bool realtime = false;
     bool bypass = false;
     bool list = false;
+
+    bool Renders () const { return !list && !output.empty (); }
 };
 
 /// What the command line comes to: options to go on with, or the exit status of a call that has ended (help, version,
