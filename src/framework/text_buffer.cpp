@@ -12,6 +12,16 @@ void PutText (char* buffer, std::string_view text)
     buffer[length] = '\0';
 }
 
+std::string_view CutAtCharacter (std::string_view text, std::size_t size)
+{
+    if (text.size () <= size)
+        return text;
+    const auto isInside = [text] (std::size_t at) { return (static_cast<unsigned char> (text[at]) & 0xC0) == 0x80; };
+    while (size > 0 && isInside (size))
+        --size;
+    return text.substr (0, size);
+}
+
 void CopyText (std::string_view text, char* buffer, std::int32_t size)
 {
     if (buffer == nullptr || size <= 0)

@@ -10,6 +10,9 @@ namespace tessaly
 class ZChannel_StripStorage : public ZParameterStorageBase
 {
 public:
+    /// Reads the collection, on this thread. @param makeBackEnd  an empty one makes an empty collection
+    explicit ZChannel_StripStorage (KPRD_MakeBackEnd makeBackEnd = {});
+
     KPRD_Manager* Manager () { return &manager; } ///< never null
 
 private:

@@ -18,14 +18,25 @@ using namespace tessaly::test;
 namespace
 {
 
+/// A collection of one set, "Other".
+class OneSet : public KPRD_CollectionImp
+{
+public:
+    void Load (KPRD_Entries& list) override
+    {
+        list.push_back (std::make_unique<KPRD_Data> ());
+        list.back ()->SetFile ("Other", 1);
+    }
+};
+
 /// An instance without a host.
 struct Strip
 {
-    Strip ()
+    explicit Strip (const KPRD_MakeBackEnd& makeBackEnd = {})
     {
         const auto records = ChannelStripRecords ();
         const auto program = ChannelStripProgram ();
-        effect.SetStorage (std::make_unique<ZChannel_StripStorage> (), records.data (), &program, 1,
+        effect.SetStorage (std::make_unique<ZChannel_StripStorage> (makeBackEnd), records.data (), &program, 1,
                            kStripParameterCount);
         effect.SetPluginCore (std::make_unique<Channel_Strip> (&effect));
         log.clear ();
@@ -143,13 +154,11 @@ TEST_CASE ("Edits win over the morph, \"Bypass\" follows the two sections, and t
 
 TEST_CASE ("The set that the state names becomes the current entry of the collection when it is there")
 {
-    Strip strip;
+    Strip strip ([] { return std::make_unique<OneSet> (); });
     KPRD_Manager* manager = nullptr;
     REQUIRE (strip.effect.GetInfo (kCodeKeyPointManager, &manager));
-    auto entry = std::make_unique<KPRD_Data> ();
-    entry->SetFile ("Other", 1);
-    const auto* expected = entry.get ();
-    manager->Roots ().push_back (std::move (entry));
+    const auto* expected = manager->FindByName ("Other");
+    REQUIRE (expected != nullptr);
     CHECK (strip.Read (Ordinary ()));
     CHECK (manager->Current () == expected);
     CHECK (strip.Read (Tree (Format () + Chunk ("KPD ", KeyPoints ("Gone", 1)))));
