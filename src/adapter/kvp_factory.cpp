@@ -4,6 +4,7 @@
 #include "channel_strip_effect.h"
 #include "channel_strip_parameters.h"
 #include "channel_strip_storage.h"
+#include "key_point_folders.h"
 
 namespace tessaly
 {
@@ -45,7 +46,7 @@ std::unique_ptr<ZPluginCore> ZKvpPluginFactory::CreateCore (ZEffect* effect)
 
 ZParameterStorageBase* ZKvpPluginFactory::CreateStorage (ZEffect& effect, std::int32_t)
 {
-    auto storage = std::make_unique<ZChannel_StripStorage> ();
+    auto storage = std::make_unique<ZChannel_StripStorage> (MakePlatformCollection);
     ZParameterStorageBase* const borrowed = storage.get ();
     const auto records = ChannelStripRecords ();
     const ZProgramRecord program = ChannelStripProgram ();

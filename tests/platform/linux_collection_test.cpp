@@ -1,0 +1,165 @@
+#include "environment_variable.h"
+#include "key_point_folders.h"
+#include "kprd_linux_collection_imp.h"
+#include "temp_folder.h"
+#include <algorithm>
+#include <doctest/doctest.h>
+#include <filesystem>
+#include <string>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+#include <vector>
+
+using namespace tessaly;
+using namespace tessaly::test;
+namespace fs = std::filesystem;
+
+namespace
+{
+
+using Texts = std::vector<std::string>;
+
+/// What is listed: "name size" of a file, "name/" of a folder with its entries behind it; sorted in each level.
+Texts Listing (KPRD_Entries& entries, const std::string& before = "")
+{
+    Texts lines;
+    for (const auto& entry : entries)
+    {
+        const auto name = before + entry->Name ();
+        lines.push_back (entry->IsFolder () ? name + "/" : name + " " + std::to_string (entry->Size ()));
+        for (const auto& line : Listing (entry->Children (), name + "/"))
+            lines.push_back (line);
+    }
+    std::sort (lines.begin (), lines.end ());
+    return lines;
+}
+
+Texts Listing (const std::vector<fs::path>& folders)
+{
+    KPRD_Entries entries;
+    KPRD_LinuxCollectionImp (folders).Load (entries);
+    return Listing (entries);
+}
+
+void MakeSocket (const fs::path& path)
+{
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    path.string ().copy (address.sun_path, sizeof (address.sun_path) - 1);
+    const int made = socket (AF_UNIX, SOCK_STREAM, 0);
+    REQUIRE (bind (made, reinterpret_cast<sockaddr*> (&address), sizeof (address)) == 0);
+    close (made);
+}
+
+} // namespace
+
+TEST_CASE ("Linux collection: lists files of the extension, here and one level below, whole and with their bytes")
+{
+    const TempFolder folder;
+    fs::create_directories (folder / "Voice" / "Deep");
+    fs::create_directories (folder / "Bare");
+    folder.Write ("One.kpd", "four");
+    folder.Write ("TWO.two.KpD", std::string (1000, 'x'));
+    folder.Write ("Empty.kpd", "");
+    folder.Write ("Three.kpd.txt", "no");
+    folder.Write ("kpd", "no");
+    folder.Write (".kpd", "no");
+    folder.Write ("caf\xE9.kpd", "no");
+    folder.Write ("caf\xC3\xA9.kpd", "yes");
+    folder.Write ("Voice/Soft.kpd", "soft");
+    folder.Write ("Voice/Deep/Lost.kpd", "no");
+    CHECK (Listing ({ folder.Path () }) ==
+           Texts{ "Bare/", "Empty/", "One 4", "TWO.two 1000", "Voice/", "Voice/Soft 4", "caf\xC3\xA9 3" });
+    KPRD_Entries entries;
+    KPRD_LinuxCollectionImp ({ folder / "Voice" }).Load (entries);
+    REQUIRE (entries.size () == 2); // "Deep" too, as a folder of its top level
+    const auto& file = entries[0]->IsFolder () ? *entries[1] : *entries[0];
+    CHECK (std::string (file.Data (), file.Data () + file.Size ()) == "soft");
+}
+
+TEST_CASE ("Linux collection: no link, device, huge or unreadable file stalls or breaks it")
+{
+    const TempFolder folder;
+    fs::create_directory (folder / "Closed");
+    folder.Write ("Closed/In.kpd", "in");
+    fs::create_directory_symlink (folder.Path (), folder / "Loop"); // ends one level below
+    fs::create_symlink ("Self.kpd", folder / "Self.kpd");
+    fs::create_symlink ("gone", folder / "Nowhere.kpd");
+    fs::create_symlink ("/dev/zero", folder / "Device.kpd");
+    fs::create_directory (folder / "Folder.kpd");
+    folder.Write ("Real.kpd", "real");
+    fs::create_symlink ("Real.kpd", folder / "Linked.kpd");
+    REQUIRE (mkfifo ((folder / "Pipe.kpd").c_str (), 0600) == 0);
+    MakeSocket (folder / "Socket.kpd");
+    folder.Write ("Huge.kpd", "h");
+    fs::resize_file (folder / "Huge.kpd", 10'000'000'000); // without blocks on the disk
+    folder.Write ("Secret.kpd", "secret");
+    fs::permissions (folder / "Secret.kpd", fs::perms::none);
+    fs::permissions (folder / "Closed", fs::perms::none);
+
+    auto lines = Listing ({ folder.Path () });
+    fs::permissions (folder / "Closed", fs::perms::owner_all);
+    if (geteuid () == 0) // nothing is closed to it
+        std::erase_if (lines, [] (const auto& line)
+                       { return line.find ("Closed/In") != line.npos || line.find ("Secret") != line.npos; });
+    CHECK (lines == Texts{ "Closed/", "Folder.kpd/", "Huge 65536", "Linked 4", "Loop/", "Loop/Huge 65536",
+                           "Loop/Linked 4", "Loop/Real 4", "Real 4" });
+}
+
+TEST_CASE ("Linux collection: what is read has bounds, in names and in bytes")
+{
+    const TempFolder folder;
+    for (int i = 0; i <= KPRD_LinuxCollectionImp::kMostEntries; ++i)
+        fs::create_symlink ("target", folder / ("l" + std::to_string (i) + ".kpd"));
+    folder.Write ("target", "x");
+    CHECK (Listing ({ folder.Path () }).size () <= KPRD_LinuxCollectionImp::kMostEntries);
+
+    const TempFolder heavy;
+    for (int i = 0; i < 300; ++i)
+        fs::resize_file (heavy.Write ("h" + std::to_string (i) + ".kpd", ""), 100'000);
+    CHECK (Listing ({ heavy.Path () }).size () ==
+           KPRD_LinuxCollectionImp::kMostBytes / KPRD_LinuxCollectionImp::kLongestFile);
+}
+
+TEST_CASE ("Linux collection: the machine's data folders come first, then the user's, each once and only if it exists")
+{
+    const TempFolder folder;
+    const auto make = [&] (const std::string& name, const std::string& set)
+    {
+        fs::create_directories (folder / name / "Hollin/KPRD");
+        folder.Write (name + "/Hollin/KPRD/" + set + ".kpd", "x");
+        return (folder / name).string ();
+    };
+    const auto machine = make ("machine", "m");
+    const auto local = make ("local", "l");
+    const auto user = make ("user", "u");
+    const auto home = make ("home/.local/share", "h");
+    const EnvironmentVariable dirs ("XDG_DATA_DIRS",
+                                    (local + ":relative::/nowhere:" + machine + "/:" + local).c_str ());
+    const EnvironmentVariable homeFolder ("HOME", (folder / "home").c_str ());
+    const auto order = []
+    {
+        KPRD_Entries entries;
+        MakePlatformCollection ()->Load (entries);
+        std::string names;
+        for (const auto& entry : entries)
+            names += entry->Name ();
+        return names;
+    };
+    {
+        const EnvironmentVariable userData ("XDG_DATA_HOME", user.c_str ());
+        CHECK (order () == "lmu");
+        CHECK (UserKeyPointFolder () == user + "/Hollin/KPRD");
+    }
+    {
+        const EnvironmentVariable userData ("XDG_DATA_HOME", "relative");
+        CHECK (order () == "lmh");
+    }
+    const EnvironmentVariable noData ("XDG_DATA_HOME", "");
+    const EnvironmentVariable noHome ("HOME", nullptr);
+    const EnvironmentVariable noDirs ("XDG_DATA_DIRS", nullptr);
+    CHECK (UserKeyPointFolder ().empty ());
+    CHECK (KeyPointFolders () == std::vector<fs::path>{ "/usr/local/share/Hollin/KPRD", "/usr/share/Hollin/KPRD" });
+}
