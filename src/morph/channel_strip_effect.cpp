@@ -8,8 +8,6 @@
 #include "null_stream.h"
 #include "stored_value.h"
 #include "strip_state.h"
-#include <algorithm>
-#include <string_view>
 
 namespace tessaly
 {
@@ -21,17 +19,6 @@ constexpr auto kEqualizerBypass = IndexOf (StripParameter::equalizerBypass);
 constexpr auto kCompressorBypass = IndexOf (StripParameter::compressorBypass);
 constexpr auto kMorph = IndexOf (StripParameter::morph);
 constexpr auto kBypass = IndexOf (StripParameter::bypass);
-
-/// The beginning of a text that fits into the name, without half a character at its end.
-std::string_view NameThatFits (std::string_view text)
-{
-    const auto isInsideCharacter = [text] (std::size_t place)
-    { return (static_cast<unsigned char> (text[place]) & 0xC0) == 0x80; };
-    std::size_t length = std::min (text.size (), static_cast<std::size_t> (kTextSize - 1));
-    while (length > 0 && length < text.size () && isInsideCharacter (length))
-        --length;
-    return text.substr (0, length);
-}
 
 } // namespace
 
@@ -91,7 +78,7 @@ void ZChannel_StripEffect::LoadKeyPointBlock (const void* data, std::int32_t siz
 
 void ZChannel_StripEffect::SetKeyPointName (const char* name)
 {
-    CopyText (NameThatFits (name), keyPointName.data (), kTextSize - 1);
+    CopyText (CutAtCharacter (name, kTextSize - 1), keyPointName.data (), kTextSize - 1);
 }
 
 std::int32_t ZChannel_StripEffect::GetStateSize ()
