@@ -54,6 +54,25 @@ void PendingFile::Commit ()
     const auto previous = fs::status (target, error);
     if (fs::is_regular_file (previous))
         fs::permissions (working, previous.permissions (), error);
+    Rename ();
+}
+
+bool PendingFile::CommitAsNew ()
+{
+    // A second name can't take the place of a file, not even of one that has come since anybody looked
+    std::error_code error;
+    fs::create_hard_link (working, target, error);
+    if (!error)
+        return true; // the destructor takes the first name away
+    if (fs::exists (fs::symlink_status (target)))
+        return false;
+    Rename (); // a file system without second names
+    return true;
+}
+
+void PendingFile::Rename ()
+{
+    std::error_code error;
     fs::rename (working, target, error);
     if (error)
         throw HostError ("cannot put the result at \"" + target.string () + "\": " + error.message ());

@@ -26,7 +26,13 @@ public:
     /// @throws HostError when the file system refuses
     void Commit ();
 
+    /// The same, unless there is a target by now.
+    /// @return false, with nothing changed, when there is
+    bool CommitAsNew ();
+
 private:
+    void Rename ();
+
     std::filesystem::path target;
     std::filesystem::path working;
     bool committed = false;

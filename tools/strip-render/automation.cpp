@@ -1,5 +1,6 @@
 #include "automation.h"
 
+#include "csv.h"
 #include "render_error.h"
 #include "text.h"
 #include "typed_value.h"
@@ -33,34 +34,14 @@ Setting ReadSetting (const host::ParameterAccess& parameters, const ParameterNam
 namespace
 {
 
-std::string_view Unquoted (std::string_view field)
-{
-    field = Trimmed (field);
-    if (field.size () >= 2 && field.front () == '"' && field.back () == '"')
-        field = Trimmed (field.substr (1, field.size () - 2));
-    return field;
-}
-
-std::vector<std::string_view> Fields (std::string_view line)
-{
-    std::vector<std::string_view> fields;
-    for (std::size_t comma = line.find (','); comma != std::string_view::npos; comma = line.find (','))
-    {
-        fields.push_back (Unquoted (line.substr (0, comma)));
-        line.remove_prefix (comma + 1);
-    }
-    fields.push_back (Unquoted (line));
-    return fields;
-}
-
 bool IsHeader (std::string_view line)
 {
-    return Lowered (Fields (line).front ()).starts_with ("time");
+    return Lowered (CsvFields (line).front ()).starts_with ("time");
 }
 
 TimedSetting ReadRow (const host::ParameterAccess& parameters, const ParameterNames& names, std::string_view line)
 {
-    const auto fields = Fields (line);
+    const auto fields = CsvFields (line);
     if (fields.size () != 3)
         throw RenderError ("a row has three fields: time in seconds, parameter, value");
     const auto seconds = ToNumber (fields[0]);
@@ -68,14 +49,6 @@ TimedSetting ReadRow (const host::ParameterAccess& parameters, const ParameterNa
         throw RenderError ("\"" + std::string (fields[0]) + "\" is no time in seconds");
     const auto& entry = names.Find (fields[1]);
     return { *seconds, { entry.info.id, TypedValue (parameters, entry, fields[2]) } };
-}
-
-/// Some editors begin a file of UTF-8 so.
-void DropByteOrderMark (std::string& line)
-{
-    constexpr std::string_view kMark = "\xEF\xBB\xBF";
-    if (line.starts_with (kMark))
-        line.erase (0, kMark.size ());
 }
 
 } // namespace

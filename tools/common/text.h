@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace tessaly::render
+namespace tessaly
 {
 
 // Small helpers on text. Nothing here knows a locale.
@@ -51,4 +51,4 @@ inline std::string ToText (double number, int decimals)
     return { buffer, result.ptr };
 }
 
-} // namespace tessaly::render
+} // namespace tessaly

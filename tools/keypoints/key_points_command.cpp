@@ -1,0 +1,229 @@
+#include "key_points_command.h"
+
+#include "collection_commands.h"
+#include "panel.h"
+#include "set_csv.h"
+#include "set_error.h"
+#include "set_file.h"
+#include "show.h"
+#include "state_chunk.h"
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <string>
+#include <vector>
+
+namespace tessaly::keypoints
+{
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+constexpr const char* kNoSource = "-"; // in the place of a state: an empty key point
+
+constexpr const char* kExamples = R"(Values are as on the plug-in's panel: 2k, 12.5, INF, Soft.
+Examples:
+  keypoints show voice.kpd --csv > voice.csv     edit voice.csv, then
+  keypoints make voice.kpd --from voice.csv --force
+  keypoints capture mine.kpd soft.vstpreset - loud.vstpreset
+  keypoints install mine.kpd)";
+
+/// What the line says, for all commands together.
+struct Arguments
+{
+    fs::path set;
+    std::vector<fs::path> files;
+    fs::path table;
+    bool csv = false;
+    bool json = false;
+    bool force = false;
+
+    Existing Present () const { return force ? Existing::replace : Existing::keep; }
+};
+
+void Show (const Arguments& arguments)
+{
+    const auto table = ReadSetFile (arguments.set);
+    const Panel panel;
+    if (arguments.csv)
+        WriteCsv (std::cout, table, panel);
+    else if (arguments.json)
+        PrintJson (std::cout, arguments.set.stem ().string (), table, panel);
+    else
+        PrintSet (std::cout, table, panel);
+}
+
+void Write (const Arguments& arguments, const KeyPointTable& table)
+{
+    WriteSetFile (arguments.set, table, arguments.Present ());
+    std::cout << arguments.set.string () << ": " << CountKeyPoints (table) << " of " << kSetRows << " key points\n";
+    if (!HasSetExtension (arguments.set))
+        std::cerr << "keypoints: the plug-in lists no file without the extension \".kpd\"\n";
+}
+
+void Make (const Arguments& arguments)
+{
+    std::ifstream in (arguments.table);
+    if (!in || fs::is_directory (arguments.table))
+        throw SetError ("cannot read \"" + arguments.table.string () + "\"");
+    KeyPointTable table;
+    try
+    {
+        table = ReadCsv (in, Panel ());
+    }
+    catch (const SetError& error)
+    {
+        throw SetError (arguments.table.string () + ": " + error.what ());
+    }
+    Write (arguments, table);
+}
+
+void Capture (const Arguments& arguments)
+{
+    const Panel panel;
+    auto table = EmptyTable ();
+    for (std::size_t row = 0; row < arguments.files.size (); ++row)
+        if (arguments.files[row] != kNoSource)
+            table.rows[row] = CapturedRow (arguments.files[row], panel);
+    Write (arguments, table);
+}
+
+/// What the plug-in takes, but hardly on purpose.
+void PrintDoubts (const fs::path& file, const Panel& panel)
+{
+    const auto table = ReadSetFile (file);
+    if (CountKeyPoints (table) == 0)
+        std::cout << "    it has no key point: the morph would do nothing\n";
+    for (std::uint32_t row = 0; row < kSetRows; ++row)
+        for (std::uint32_t column = 0; table.HasKeyPoint (row) && column < kKeyPointColumns; ++column)
+            if (const auto step = table.KeyPointStep (row, column); !panel.HasStep (column, step))
+                std::cout << "    row " << row + 1 << ", \"" << panel.Name (column) << "\": step " << step
+                          << " is beyond the parameter, and would be taken as it is\n";
+}
+
+int Check (const Arguments& arguments)
+{
+    const Panel panel;
+    int status = 0;
+    for (const auto& file : arguments.files)
+    {
+        const auto fault = SetFault (file);
+        if (fault.empty ())
+        {
+            std::cout << file.string () << ": would be taken, " << CountKeyPoints (ReadSetFile (file)) << " of "
+                      << kSetRows << " key points\n";
+            PrintDoubts (file, panel);
+        }
+        else
+        {
+            std::cout << file.string () << ": would not be taken: " << fault << '\n';
+            status = 1;
+        }
+    }
+    return status;
+}
+
+int List ()
+{
+    if (PrintCollection (std::cout))
+        return 0;
+    std::cerr << "keypoints: there is no set in the collection; \"keypoints path\" shows its folders\n";
+    return 1;
+}
+
+CLI::App* AddShow (CLI::App& app, Arguments& arguments)
+{
+    auto* command = app.add_subcommand ("show", "Print the nine key points of a set, values as on the panel");
+    command->add_option ("SET.kpd", arguments.set, "Key-point file")->required ();
+    auto* csv = command->add_flag ("--csv", arguments.csv, "As a table that \"make\" reads");
+    command->add_flag ("--json", arguments.json, "As JSON, with steps")->excludes (csv);
+    return command;
+}
+
+CLI::App* AddMake (CLI::App& app, Arguments& arguments)
+{
+    auto* command = app.add_subcommand ("make", "Write a set from a table of values");
+    command->add_option ("SET.kpd", arguments.set, "Key-point file to write")->required ();
+    command->add_option ("--from", arguments.table, "Table: a line of parameter names, then a line a key point")
+        ->required ()
+        ->type_name ("SET.csv");
+    command->add_flag ("--force", arguments.force, "Replace a file that is there");
+    return command;
+}
+
+CLI::App* AddCapture (CLI::App& app, Arguments& arguments)
+{
+    auto* command = app.add_subcommand ("capture", "Write a set from sounds that a host has saved");
+    command->add_option ("SET.kpd", arguments.set, "Key-point file to write")->required ();
+    command
+        ->add_option ("STATE", arguments.files,
+                      "One to nine presets (.vstpreset) or raw state chunks, in order; - for an empty key point")
+        ->required ()
+        ->expected (1, static_cast<int> (kSetRows));
+    command->add_flag ("--force", arguments.force, "Replace a file that is there");
+    return command;
+}
+
+CLI::App* AddCheck (CLI::App& app, Arguments& arguments)
+{
+    auto* command = app.add_subcommand ("check", "Say whether the plug-in would take files, and why not");
+    command->add_option ("FILE", arguments.files, "Key-point files")->required ();
+    return command;
+}
+
+CLI::App* AddInstall (CLI::App& app, Arguments& arguments)
+{
+    auto* command = app.add_subcommand ("install", "Copy a set into your own folder of the collection");
+    command->add_option ("SET.kpd", arguments.set, "Key-point file")->required ();
+    command->add_flag ("--force", arguments.force, "Replace a file that is there");
+    return command;
+}
+
+} // namespace
+
+int RunCommandLine (int argc, const char* const* argv)
+{
+    Arguments arguments;
+    CLI::App app ("Key-point sets of the plug-in Tessaly Bench [m]: the sounds that its morph dial goes through.",
+                  "keypoints");
+    app.set_version_flag ("--version", KEYPOINTS_VERSION);
+    app.footer (kExamples);
+    app.require_subcommand (1);
+    const auto* show = AddShow (app, arguments);
+    const auto* make = AddMake (app, arguments);
+    const auto* capture = AddCapture (app, arguments);
+    const auto* check = AddCheck (app, arguments);
+    const auto* list = app.add_subcommand ("list", "Print the collection, as the plug-in's dialog shows it");
+    const auto* install = AddInstall (app, arguments);
+    const auto* path = app.add_subcommand ("path", "Print the folders of the collection, and whether they exist");
+    try
+    {
+        app.parse (argc, argv);
+    }
+    catch (const CLI::ParseError& error)
+    {
+        return app.exit (error);
+    }
+
+    if (*show)
+        Show (arguments);
+    else if (*make)
+        Make (arguments);
+    else if (*capture)
+        Capture (arguments);
+    else if (*check)
+        return Check (arguments);
+    else if (*list)
+        return List ();
+    else if (*install)
+        std::cout << Install (arguments.set, arguments.Present ()).string () << '\n';
+    else if (*path)
+        PrintFolders (std::cout);
+    return 0;
+}
+
+} // namespace tessaly::keypoints
