@@ -33,6 +33,9 @@ public:
     /// @throws HostError when the plug-in refuses
     void LoadState (std::span<const std::byte> state);
 
+    /// @return the state of the instances, alike until their first block
+    std::vector<std::byte> SaveState () const { return instances.front ()->SaveState (); }
+
     /// Runs the next block through every instance. The settings take effect at its first sample, in their order, each
     /// parameter in them once.
     /// @param in, out  `frames` frames, channels in turn; frames is up to the block size

@@ -4,12 +4,14 @@
 #include "automation.h"
 #include "bundle_search.h"
 #include "channel_bank.h"
+#include "find_set.h"
 #include "meter_log.h"
 #include "parameter_names.h"
 #include "pending_file.h"
 #include "render_error.h"
 #include "renderer.h"
 #include "report.h"
+#include "state_chunk.h"
 #include "state_file.h"
 
 #include <cmath>
@@ -45,14 +47,21 @@ std::vector<Setting> ReadSettings (const Options& options, const host::Parameter
 
 using State = std::vector<std::byte>;
 
-std::optional<State> ReadState (const Options& options, const host::Bundle& bundle)
+/// What --state and --keypoints make of the state that the plug-in has by itself; nothing where neither is given.
+template <typename Present>
+std::optional<State> StartState (const Options& options, const host::Bundle& bundle, const Present& present)
 {
-    if (!options.state)
+    if (!options.state && !options.keyPoints)
         return std::nullopt;
-    return host::ReadStateFile (*options.state, bundle.FirstAudioEffect ().ID ());
+    const auto state =
+        options.state ? host::ReadStateFile (*options.state, bundle.FirstAudioEffect ().ID ()) : present.SaveState ();
+    if (!options.keyPoints)
+        return state;
+    const auto set = keypoints::FindSet (*options.keyPoints);
+    return keypoints::WithKeyPoints (state, set.name, set.table, keypoints::Panel ());
 }
 
-/// An instance as --state and --set make it.
+/// An instance as --state, --keypoints and --set make it.
 class PreparedInstance
 {
 public:
@@ -61,7 +70,7 @@ public:
         , bundle (LoadBundle (options))
         , instance (bundle, host)
     {
-        if (const auto state = ReadState (options, bundle))
+        if (const auto state = StartState (options, bundle, instance))
             instance.LoadState (*state);
         for (const Setting& setting : ReadSettings (options, Parameters (), ParameterNames (Parameters ())))
             Parameters ().SetNormalized (setting.id, setting.normalized);
@@ -132,7 +141,7 @@ void RenderFile (const Options& options)
     const auto bundle = LoadBundle (options);
     const Road road = options.realtime ? Road::realtime : Road::offline;
     ChannelBank bank (bundle, host, reader.Channels (), reader.SampleRateHz (), options.blockSize, road);
-    if (const auto state = ReadState (options, bundle))
+    if (const auto state = StartState (options, bundle, bank))
         bank.LoadState (*state);
     const RenderPlan plan = MakePlan (options, bank, reader.SampleRateHz ());
 

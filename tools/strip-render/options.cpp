@@ -54,8 +54,12 @@ void Describe (CLI::App& app, Options& options, std::string& tail)
     app.add_option ("--state", options.state,
                     "Begin with a stored state, ahead of every --set: a preset (.vstpreset) or a state chunk alone")
         ->type_name ("FILE");
+    app.add_option ("--keypoints", options.keyPoints,
+                    "Choose a set of key points, after --state and ahead of every --set: a key-point file, or the name "
+                    "of a set in the collection")
+        ->type_name ("SET.kpd|NAME");
     app.add_option ("--save-state", options.saveState,
-                    "Write the state that --state and --set make: a preset where FILE ends in .vstpreset, "
+                    "Write the state that --state, --keypoints and --set make: a preset where FILE ends in .vstpreset, "
                     "otherwise the chunk alone")
         ->type_name ("FILE");
     app.add_flag ("--list", options.list, "Print every parameter with range, unit, default and present text");

@@ -21,6 +21,7 @@ struct Options
     std::filesystem::path input;                    ///< empty: nothing to render
     std::filesystem::path output;                   ///< empty: nothing to render
     std::optional<std::filesystem::path> state;     ///< to begin with, ahead of the settings
+    std::optional<std::string> keyPoints;           ///< file or name of a set to use, ahead of the settings
     std::optional<std::filesystem::path> saveState; ///< where to write the state that the settings make
     std::vector<std::string> settings;              ///< each NAME=VALUE, in the order given
     std::optional<std::filesystem::path> automation;
