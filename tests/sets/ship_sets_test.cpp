@@ -1,0 +1,214 @@
+#include "channel_strip.h"
+#include "channel_strip_effect.h"
+#include "channel_strip_parameters.h"
+#include "channel_strip_storage.h"
+#include "key_point_block.h"
+#include "loudness.h"
+#include "recording.h"
+#include <algorithm>
+#include <cmath>
+#include <doctest/doctest.h>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+using namespace tessaly;
+using namespace tessaly::test;
+namespace fs = std::filesystem;
+
+namespace
+{
+
+constexpr float kSanePeak = 3.98f;  // +12 dBFS, with a recording whose own peak is 0 dBFS
+constexpr double kSteadyWithin = 6; // dB of loudness, from key point to key point
+constexpr std::int32_t kPositions = 121;
+constexpr std::int32_t kDrive = 0;
+constexpr std::int32_t kMorph = 20;
+
+/// What each set is tried on: of the first entry that its place in the collection begins with.
+const std::pair<std::string_view, const char*> kRecordings[]{
+    { "voice/", kVoice },
+    { "drums/Kick", "/usr/share/sonic-pi/samples/drum_heavy_kick.flac" },
+    { "drums/Snare", "/usr/share/sonic-pi/samples/drum_snare_hard.flac" },
+    { "drums/Overheads", "/usr/share/sonic-pi/samples/drum_cymbal_open.flac" },
+    { "drums/", "/usr/share/sonic-pi/samples/loop_breakbeat.flac" },
+    { "bass/", "/usr/share/sonic-pi/samples/bass_thick_c.flac" },
+    { "guitar/", "/usr/share/sonic-pi/samples/guit_em9.flac" },
+    { "keys/Soft Pads", "/usr/share/sonic-pi/samples/ambi_choir.flac" },
+    { "keys/", "/usr/share/sonic-pi/samples/ambi_piano.flac" },
+    { "bus/", "/usr/share/sonic-pi/samples/loop_amen_full.flac" },
+};
+
+/// Files below a folder by their place in it, without extension.
+std::map<std::string, fs::path> FilesBelow (const fs::path& folder, const char* extension)
+{
+    std::map<std::string, fs::path> files;
+    for (const auto& entry : fs::recursive_directory_iterator (folder))
+        if (entry.is_regular_file () && entry.path ().extension () == extension)
+            files[fs::relative (entry.path (), folder).replace_extension ().generic_string ()] = entry.path ();
+    return files;
+}
+
+std::vector<char> Bytes (const fs::path& file)
+{
+    std::ifstream in (file, std::ios::binary);
+    return { std::istreambuf_iterator<char> (in), {} };
+}
+
+/// A second and a half of one channel, its peak at full scale; what is shorter is played again.
+Recording Excerpt (std::string_view place)
+{
+    const auto* entry = std::find_if (std::begin (kRecordings), std::end (kRecordings),
+                                      [place] (const auto& each) { return place.starts_with (each.first); });
+    REQUIRE (entry != std::end (kRecordings));
+    auto excerpt = Load (entry->second).Channel (0);
+    const auto length = static_cast<std::size_t> (excerpt.rateHz) * 3 / 2;
+    const auto recorded = excerpt.samples;
+    while (excerpt.samples.size () < length)
+        excerpt.samples.insert (excerpt.samples.end (), recorded.begin (), recorded.end ());
+    excerpt.samples.resize (length);
+    float peak = 0.0f;
+    for (const float sample : excerpt.samples)
+        peak = std::max (peak, std::abs (sample));
+    for (float& sample : excerpt.samples)
+        sample /= peak;
+    return excerpt;
+}
+
+/// The effect with its engine, as an instance has them, with a set taken from a file.
+class LoadedSet
+{
+public:
+    explicit LoadedSet (const fs::path& file, double rateHz = 48000.0)
+    {
+        const auto program = ChannelStripProgram ();
+        effect.SetStorage (std::make_unique<ZChannel_StripStorage> (), ChannelStripRecords ().data (), &program, 1,
+                           kStripParameterCount);
+        effect.GetInfo (kCodeStorage, &storage);
+        effect.CreateVuBuffer (2);
+        effect.SetPluginCore (std::make_unique<Channel_Strip> (&effect));
+        effect.SetSampleRate (rateHz);
+        effect.SetActive (true);
+        const auto bytes = Bytes (file);
+        effect.LoadKeyPointBlock (bytes.data (), static_cast<std::int32_t> (bytes.size ()));
+    }
+
+    void SetPlain (std::int32_t index, std::int32_t plain)
+    {
+        effect.SetParameter (index, storage->PlainToNormalized (index, static_cast<float> (plain)));
+    }
+
+    void Process (std::span<float> samples)
+    {
+        float* channel = samples.data ();
+        ZAudioBlock block;
+        block.inputs = block.outputs = &channel;
+        block.numInputChannels = block.numOutputChannels = 1;
+        block.numSamples = static_cast<std::int32_t> (samples.size ());
+        REQUIRE (effect.Process (block) == 0);
+    }
+
+    ZChannel_StripEffect effect{ nullptr };
+    ZParameterStorageBase* storage = nullptr; // not owned: the effect
+};
+
+/// Above any sane level for a sample that is no finite number.
+float Peak (std::span<const float> samples)
+{
+    float peak = 0.0f;
+    for (const float sample : samples)
+        peak = std::isfinite (sample) ? std::max (peak, std::abs (sample)) : 1e9f;
+    return peak;
+}
+
+} // namespace
+
+TEST_CASE ("Ship sets: each table is built into a set that the plug-in takes, with no step beyond its parameter")
+{
+    const auto built = FilesBelow (TESSALY_SETS_DIR, ".kpd");
+    const auto tables = FilesBelow (TESSALY_SETS_SOURCE_DIR, ".csv");
+    CHECK (tables.size () >= 14);
+    for (const auto& [place, table] : tables)
+    {
+        CAPTURE (place);
+        CHECK (std::count (place.begin (), place.end (), '/') == 1); // the collection shows one level of folders
+        REQUIRE (built.contains (place));
+        const auto bytes = Bytes (built.at (place));
+        REQUIRE (bytes.size () == 512);
+        CHECK (std::string_view (bytes.data (), 4) == "KPRD");
+
+        LoadedSet set (built.at (place));
+        std::int32_t filled = 0;
+        for (std::uint32_t row = 0; row < 9; ++row)
+            for (std::uint32_t column = 0; column < kKeyPointColumns; ++column)
+            {
+                CAPTURE (row);
+                CAPTURE (column);
+                const auto step = static_cast<float> (set.effect.KeyPointStep (row, column));
+                if (!set.effect.HasKeyPoint (row))
+                {
+                    CHECK (step == kEmptyCell); // not one by mistake
+                    continue;
+                }
+                ++filled;
+                const auto index = ZChannel_StripEffect::KeyPointParameter (row, column);
+                CHECK (step >= set.storage->GetMinimum (index));
+                CHECK (step <= set.storage->GetMaximum (index));
+            }
+        CHECK (filled >= 3 * 17);
+        CHECK (set.effect.KeyPointStep (0, 0) != builtInKeyPoints.rows[0][0]); // taken, not the built-in set
+    }
+}
+
+TEST_CASE ("Ship sets: the dial swept over a recording of its kind stays below +12 dBFS, at any \"Drive\"")
+{
+    for (const auto& [place, file] : FilesBelow (TESSALY_SETS_DIR, ".kpd"))
+        for (const std::int32_t drive : { 0, 100, 200 })
+        {
+            CAPTURE (place);
+            CAPTURE (drive);
+            auto audio = Excerpt (place);
+            LoadedSet set (file, audio.rateHz);
+            set.SetPlain (kDrive, drive);
+            const auto length = audio.samples.size () / kPositions;
+            for (std::int32_t position = 0; position < kPositions; ++position)
+            {
+                set.SetPlain (kMorph, position);
+                set.Process (std::span (audio.samples).subspan (length * static_cast<std::size_t> (position), length));
+            }
+            const float peak = Peak (std::span (audio.samples).first (length * kPositions));
+            CHECK (peak < kSanePeak);
+            CHECK (peak > 0.1f);
+        }
+}
+
+TEST_CASE ("Ship sets: from key point to key point the loudness of a recording moves by less than 6 dB")
+{
+    for (const auto& [place, file] : FilesBelow (TESSALY_SETS_DIR, ".kpd"))
+    {
+        CAPTURE (place);
+        const auto recorded = Excerpt (place);
+        LoadedSet set (file, recorded.rateHz);
+        std::vector<double> levels;
+        for (std::int32_t position = 0; position < kPositions; position += 15)
+        {
+            CAPTURE (position);
+            set.SetPlain (kMorph, position);
+            auto audio = recorded.samples;
+            set.Process (std::span (audio).first (audio.size () / 4)); // settles
+            audio = recorded.samples;
+            set.Process (audio);
+            CHECK (Peak (audio) < kSanePeak);
+            levels.push_back (Loudness (audio, recorded.rateHz));
+        }
+        const auto [low, high] = std::minmax_element (levels.begin (), levels.end ());
+        CHECK (*high - *low < kSteadyWithin);
+    }
+}
