@@ -1,6 +1,9 @@
 #include "environment_variable.h"
+#include "panel.h"
 #include "program_run.h"
+#include "set_file.h"
 #include "state_bytes.h"
+#include "state_chunk.h"
 #include "temp_folder.h"
 #include <doctest/doctest.h>
 #include <filesystem>
@@ -11,6 +14,7 @@
 
 // The program as a user runs it.
 
+using namespace tessaly;
 using namespace tessaly::test;
 namespace fs = std::filesystem;
 
@@ -235,6 +239,9 @@ TEST_CASE ("keypoints: capture makes a key point of each state, and an empty one
                      "Attack"));
     CHECK (Run ({ "capture", other, folder.Write ("cut", State (low, KeyPoints ("x", 0)).substr (0, 50)).string () })
                .exitStatus == 1);
+    const auto whole = State (low, KeyPoints ("x", 0));
+    for (const std::size_t length : { whole.size () - 30, whole.size () - 88 }) // within its values, and ahead of them
+        CHECK (Run ({ "capture", other, folder.Write ("short", whole.substr (0, length)).string () }).exitStatus == 1);
     CHECK (Run ({ "capture", other, folder.Write ("text", "no state").string () }).exitStatus == 1);
     CHECK (Run ({ "capture", other, "-", "-", "-", "-", "-", "-", "-", "-", "-", first }).exitStatus != 0);
     CHECK_FALSE (fs::exists (other));
@@ -261,4 +268,18 @@ TEST_CASE ("keypoints: install puts a set where list and path find it")
     CHECK (Run ({ "list" }).out == "voice/\n  A\n  b\nMy Set\n");
     CHECK (Run ({ "path" }).out == "exists   " + (folder / "machine/Hollin/KPRD").string () + "\nexists   " +
                                        (folder / "home/Hollin/KPRD").string () + "\n");
+}
+
+TEST_CASE ("keypoints: a state without a set takes one into the built-in table, whose last row is empty")
+{
+    constexpr std::size_t kLastRow = 92 + 284 + 9 * 34; // in a state: behind its head, the set's name and nine rows
+    const std::vector<float> values (22, 0.0f);
+    const Bytes state = State (values, "").substr (0, 92) + Tree (Format () + Chunk ("PRM ", Values (values)));
+    KeyPointTable table = keypoints::EmptyTable ();
+    table.rows[0] = builtInKeyPoints.rows[4];
+    const auto changed =
+        keypoints::WithKeyPoints (std::as_bytes (std::span (state)), "one", table, keypoints::Panel ());
+    REQUIRE (changed.size () == 812);
+    CHECK (changed[kLastRow] == std::byte{ 0xFF });
+    CHECK (changed[kLastRow + 33] == std::byte{ 0xFF });
 }

@@ -2,7 +2,11 @@
 
 #include "host_error.h"
 
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
 #include <string>
+#include <system_error>
 #include <unistd.h>
 
 namespace tessaly::host
@@ -38,7 +42,24 @@ PendingFile::PendingFile (const fs::path& wanted)
     if (!fs::is_directory (target.parent_path (), ignored))
         throw HostError ("there is no folder \"" + target.parent_path ().string () + "\" to write \"" +
                          target.filename ().string () + "\" into");
-    working = target.parent_path () / WorkingName ();
+    Create ();
+}
+
+/// Exclusively: what already has the name, or a link that somebody put there, is not written over.
+void PendingFile::Create ()
+{
+    do
+    {
+        working = target.parent_path () / WorkingName ();
+        const int file = open (working.c_str (), O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC | O_WRONLY, 0666);
+        if (file >= 0)
+        {
+            close (file);
+            return;
+        }
+    } while (errno == EEXIST);
+    throw HostError ("cannot write into \"" + target.parent_path ().string () +
+                     "\": " + std::generic_category ().message (errno));
 }
 
 PendingFile::~PendingFile ()
@@ -66,7 +87,12 @@ bool PendingFile::CommitAsNew ()
         return true; // the destructor takes the first name away
     if (fs::exists (fs::symlink_status (target)))
         return false;
-    Rename (); // a file system without second names
+    // A file system without second names
+    if (renameat2 (AT_FDCWD, working.c_str (), AT_FDCWD, target.c_str (), RENAME_NOREPLACE) == 0)
+        return committed = true;
+    if (errno == EEXIST)
+        return false;
+    Rename (); // nor one that can refuse
     return true;
 }
 

@@ -10,8 +10,9 @@ namespace tessaly::host
 class PendingFile
 {
 public:
-    /// Creates nothing yet. A target that is a symbolic link means the file that it leads to.
-    /// @throws HostError when the target's folder is missing, or the target is there and no ordinary file
+    /// Creates the working file, empty. A target that is a symbolic link means the file that it leads to.
+    /// @throws HostError when the target's folder is missing or may not be written to, or the target is there and no
+    /// ordinary file
     explicit PendingFile (const std::filesystem::path& target);
     ~PendingFile ();
 
@@ -31,6 +32,7 @@ public:
     bool CommitAsNew ();
 
 private:
+    void Create ();
     void Rename ();
 
     std::filesystem::path target;

@@ -144,6 +144,23 @@ private:
     std::string place;                     // of the present line, for messages
 };
 
+constexpr std::size_t kLargestTable = 1 << 20; // bytes; nine rows are some hundred each
+
+/// As std::getline, but a line that is longer than any table ends there.
+bool BoundedLine (std::istream& in, std::string& line)
+{
+    line.clear ();
+    for (int c = in.get (); c != std::istream::traits_type::eof (); c = in.get ())
+    {
+        if (c == '\n')
+            return true;
+        line.push_back (static_cast<char> (c));
+        if (line.size () > kLargestTable)
+            return true;
+    }
+    return !line.empty ();
+}
+
 } // namespace
 
 KeyPointTable ReadCsv (std::istream& in, const Panel& panel)
@@ -151,8 +168,11 @@ KeyPointTable ReadCsv (std::istream& in, const Panel& panel)
     std::optional<Header> header;
     std::optional<Reader> reader;
     std::string line;
-    for (int lineNumber = 1; std::getline (in, line); ++lineNumber)
+    std::size_t size = 0;
+    for (int lineNumber = 1; BoundedLine (in, line); ++lineNumber)
     {
+        if ((size += line.size () + 1) > kLargestTable)
+            throw SetError ("it is far too large for a table of key points");
         DropByteOrderMark (line);
         if (Trimmed (line).starts_with ('#') || (!header && Trimmed (line).empty ()))
             continue;

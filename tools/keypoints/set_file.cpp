@@ -3,6 +3,7 @@
 #include "pending_file.h"
 #include "set_error.h"
 #include "text.h"
+#include "utf8.h"
 
 #include <algorithm>
 #include <fstream>
@@ -29,8 +30,10 @@ std::string Quoted (const fs::path& file)
 /// As much of a file as tells whether it is a key-point file: up to one byte more than such a file has.
 std::vector<char> ReadBytes (const fs::path& file)
 {
+    if (fs::exists (file) && !fs::is_regular_file (file))
+        throw SetError (Quoted (file) + " is no ordinary file"); // a pipe would keep us waiting
     std::ifstream in (file, std::ios::binary);
-    if (!in || fs::is_directory (file))
+    if (!in)
         throw SetError ("cannot read " + Quoted (file));
     std::vector<char> bytes (kKeyPointBlockSize + 1);
     in.read (bytes.data (), static_cast<std::streamsize> (bytes.size ()));
@@ -100,6 +103,8 @@ std::string SetFault (const fs::path& file)
         return "it is no ordinary file";
     if (!HasSetExtension (file))
         return "its extension is not \".kpd\", so that it is not listed";
+    if (!IsUtf8 (file.filename ().string ()))
+        return "its name is no UTF-8, so that it is not listed";
     try
     {
         const auto bytes = ReadBytes (file);

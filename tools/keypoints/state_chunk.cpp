@@ -14,6 +14,7 @@
 #include <bit>
 #include <cstdint>
 #include <exception>
+#include <limits>
 
 namespace tessaly::keypoints
 {
@@ -38,7 +39,10 @@ StripState ReadTree (std::span<const std::byte> chunk)
     std::vector<std::byte> tree (chunk.begin () + kHeadBytes, chunk.end ());
     const auto size = static_cast<std::int32_t> (tree.size ());
     ZMemoryStream stream (tree.data (), size, size);
+    // What a fresh instance has, where the state leaves something out; and no numbers where it has no values.
     StripState state;
+    state.keyPoints = builtInKeyPoints;
+    state.values.fill (std::numeric_limits<float>::quiet_NaN ());
     try
     {
         ReadStripTree (stream, state);
@@ -90,6 +94,8 @@ std::vector<std::byte> WithKeyPoints (std::span<const std::byte> chunk, const st
                                       const KeyPointTable& table, const Panel& panel)
 {
     auto state = ReadTree (chunk);
+    for (float& value : state.values)
+        value = StoredValue (value).value_or (0.0F); // as the plug-in reads what is missing
     state.keyPointName = {};
     PutText (state.keyPointName.data (), CutAtCharacter (name, kTextSize - 1));
     std::copy_n (table.rows.begin (), kSetRows, state.keyPoints.rows.begin ());

@@ -127,8 +127,9 @@ void CheckPaths (const Options& options)
     const auto automation = options.automation.value_or (fs::path ());
     const auto state = options.state.value_or (fs::path ());
     const auto meters = options.meters.value_or (fs::path ());
-    CheckPath ("--meters", options.meters, { options.input, options.output, automation, state });
-    CheckPath ("--save-state", options.saveState, { options.input, options.output, automation, meters });
+    const fs::path keyPoints = options.keyPoints.value_or (""); // the name of a set is no path of anything else
+    CheckPath ("--meters", options.meters, { options.input, options.output, automation, state, keyPoints });
+    CheckPath ("--save-state", options.saveState, { options.input, options.output, automation, meters, keyPoints });
 }
 
 void RenderFile (const Options& options)
