@@ -63,7 +63,9 @@ void ZChannel_StripEffect::ApplyMorph (std::int32_t /*index*/, float normalized)
 void ZChannel_StripEffect::WriteMorphed (std::int32_t index, float plain)
 {
     morphWroteParameters.store (true, std::memory_order_relaxed);
-    const auto normalized = storage->PlainToNormalized (index, plain);
+    // A foreign set may hold any step; one beyond the scales would be a filter of 0 Hz, and no number from then on.
+    const auto inRange = std::clamp (plain, storage->GetMinimum (index), storage->GetMaximum (index));
+    const auto normalized = storage->PlainToNormalized (index, inRange);
     SetNormalized (index, normalized);
     storage->SetDefaultNormalized (index, normalized); // so that "back to default" means what the morph gave
     PostHost (index);

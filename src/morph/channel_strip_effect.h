@@ -36,7 +36,8 @@ public:
     bool GetInfo (std::int32_t kind, void* out) override;
 
     /// Writes the parameters 1 to 17 as the morph position says: value and default of each, which the editor is told
-    /// of. @param index of "Morph", not looked at  @param normalized its value
+    /// of. A step beyond a parameter's range counts as the nearest end.
+    /// @param index of "Morph", not looked at  @param normalized its value
     void ApplyMorph (std::int32_t index, float normalized);
 
     /// Takes the nine key points of a key-point file; one with a fault changes nothing. The morph does not run by itself.

@@ -315,6 +315,20 @@ TEST_CASE ("Cut at every length, with every byte broken in turn: the strip stays
     CHECK (strip.Name ().size () == 255);
 }
 
+TEST_CASE ("A set with steps beyond the scales is kept as it is, and the morph takes the nearest ends")
+{
+    for (const int step : { 20000, -20000 })
+    {
+        const auto tree = Tree (Format () + Chunk ("KPD ", KeyPoints ("Odd", step)) + Chunk ("PRM ", Values (kHalves)));
+        Strip strip;
+        CHECK (strip.Read (tree));
+        CHECK (strip.effect.KeyPointStep (3, 0) == step);
+        strip.effect.SetParameter (20, 0.25f);
+        for (std::int32_t i = 1; i <= 17; ++i)
+            CHECK (strip.Value (i) == (step > 0 ? 1.0f : 0.0f));
+    }
+}
+
 TEST_CASE ("Faults of a file: a text for every code, cut with three points when it is too long")
 {
     ZMemoryStream stream (nullptr, 0);

@@ -1,0 +1,29 @@
+// A key-point file, and the morph through what it holds.
+
+#include "demand.h"
+#include "key_point_block.h"
+#include "strip.h"
+
+using namespace tessaly;
+using namespace tessaly::fuzz;
+
+extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, std::size_t size)
+{
+    const auto blockSize = static_cast<std::int32_t> (size);
+    KeyPointTable table = builtInKeyPoints;
+    const bool taken = ReadKeyPointBlock (data, blockSize, table);
+    Demand (taken == (KeyPointBlockFault (data, blockSize) == nullptr));
+    Demand (taken || table.rows == builtInKeyPoints.rows);
+    Demand (table.rows[kKeyPointRows - 1] == builtInKeyPoints.rows[kKeyPointRows - 1]);
+    if (!taken)
+        return 0;
+
+    static Strip strip;
+    strip.effect.LoadKeyPointBlock (data, blockSize);
+    for (int position = 0; position <= 120; position += 5)
+    {
+        strip.effect.SetParameter (IndexOf (StripParameter::morph), static_cast<float> (position) / 120.0f);
+        Demand (strip.SoundsFinite ());
+    }
+    return 0;
+}

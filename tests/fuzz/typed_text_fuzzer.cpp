@@ -1,0 +1,38 @@
+// What a user may type into a value field. The first byte chooses the parameter.
+
+#include "channel_strip_parameters.h"
+#include "demand.h"
+#include "text_analyzer.h"
+#include <cmath>
+#include <cstring>
+#include <string>
+#include <vector>
+
+using namespace tessaly;
+using namespace tessaly::fuzz;
+
+namespace
+{
+
+void Type (ZTextAnalyzer& analyzer, const std::string& text)
+{
+    std::vector<char> field (text.c_str (), text.c_str () + std::strlen (text.c_str ()) + 1); // of just that size
+    if (analyzer.IsValid (field.data ()))
+        Demand (!std::isnan (analyzer.ToValue (field.data ())));
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, std::size_t size)
+{
+    if (size == 0)
+        return 0;
+    const std::string text (reinterpret_cast<const char*> (data) + 1, size - 1);
+    ZTextAnalyzerReal real;
+    ZK2XTextAnalyzer step (data[0] % (kStripParameterCount + 1));
+    ZRatioTextAnalyzer ratio (IndexOf (StripParameter::ratio));
+    for (ZTextAnalyzer* analyzer : { static_cast<ZTextAnalyzer*> (&real), static_cast<ZTextAnalyzer*> (&step),
+                                     static_cast<ZTextAnalyzer*> (&ratio) })
+        Type (*analyzer, text);
+    return 0;
+}
