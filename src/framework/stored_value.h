@@ -7,7 +7,7 @@
 namespace tessaly
 {
 
-/// A normalized value as a stored state gives it, which may hold any bytes. Beyond 0 to 1 the nearest end stands for it.
+/// A normalized value as a stored state gives it: any bytes. Beyond 0 to 1 the nearest end stands for it.
 /// @return nothing for what is no number: the parameter keeps its value
 inline std::optional<float> StoredValue (float value)
 {

@@ -40,7 +40,7 @@ public:
     /// @param index of "Morph", not looked at  @param normalized its value
     void ApplyMorph (std::int32_t index, float normalized);
 
-    /// Takes the nine key points of a key-point file; one with a fault changes nothing. The morph does not run by itself.
+    /// Takes the nine key points of a key-point file; a file with a fault changes nothing. No morph runs by itself.
     void LoadKeyPointBlock (const void* data, std::int32_t size);
 
     char* GetKeyPointName () { return keyPointName.data (); } ///< UTF-8; never null

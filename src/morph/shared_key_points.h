@@ -13,8 +13,8 @@ namespace tessaly
 /// or the new one, never rows of both.
 ///
 /// Two buffers and a generation whose lowest bit says which one is in use. A writer fills the other buffer, then raises
-/// the generation; a reader copies, then reads again if the generation has changed meanwhile. A reader meets no lock, it
-/// goes round once more only for a set that came while it was reading; writers wait for one another.
+/// the generation; a reader copies, then reads again if the generation has changed meanwhile. A reader meets no lock;
+/// it goes round once more only for a set that came while it was reading. Writers wait for one another.
 class SharedKeyPoints
 {
 public:

@@ -42,3 +42,28 @@ TEST_CASE ("SharedKeyPoints: a reader beside a writer never gets rows of two set
     CHECK (whole);
     CHECK (inOrder);
 }
+
+TEST_CASE ("SharedKeyPoints: two writers at once leave a whole set, and readers see nothing else")
+{
+    SharedKeyPoints points (AllOf (0));
+    std::atomic<int> running = 2;
+    const auto write = [&] (std::int16_t step)
+    {
+        for (int i = 0; i < 2000; ++i)
+            points.Replace (AllOf (step));
+        --running;
+    };
+    std::thread first (write, std::int16_t{ 1 });
+    std::thread second (write, std::int16_t{ 2 });
+    bool whole = true;
+    while (running > 0)
+    {
+        const auto table = points.Read ();
+        whole = whole && table.rows == AllOf (table.rows[0][0]).rows;
+    }
+    first.join ();
+    second.join ();
+    const auto last = points.Read ();
+    CHECK (whole);
+    CHECK (last.rows == AllOf (last.rows[0][0]).rows);
+}

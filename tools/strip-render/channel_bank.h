@@ -29,7 +29,7 @@ public:
     ChannelBank (const host::Bundle& bundle, host::NamedHost& host, int channels, double sampleRateHz, int blockSize,
                  Road road);
 
-    /// Puts every instance into a stored state. It takes effect at the next block's first sample, ahead of its settings.
+    /// Puts every instance into a stored state, which takes effect at the next block, ahead of its settings.
     /// @throws HostError when the plug-in refuses
     void LoadState (std::span<const std::byte> state);
 
