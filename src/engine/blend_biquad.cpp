@@ -1,5 +1,6 @@
 #include "blend_biquad.h"
 
+#include <algorithm>
 #include <cmath>
 #include <complex>
 #include <numbers>
@@ -20,13 +21,38 @@ void BlendBiquad::startUp (double sampleRate)
     fadingCoefs = activeCoefs;
 }
 
-double BlendBiquad::process (double x)
+void BlendBiquad::setTarget (const BiquadCoefs& coefs)
 {
-    if (pending () && fadeCounter >= wholeFadeLength)
-        beginFade ();
-    if (fadeCounter >= wholeFadeLength)
-        return processBiquad (activeCoefs, liveState, x);
-    return processFade (x);
+    if (isFinite (coefs))
+        targetCoefs.write (coefs);
+}
+
+void BlendBiquad::process (double* samples, std::size_t count)
+{
+    while (count > 0)
+    {
+        if (pending () && isSteady ())
+            beginFade ();
+        std::size_t run = count;
+        if (isSteady ())
+        {
+            processBiquad (activeCoefs, liveState, samples, run);
+        }
+        else
+        {
+            run = std::min (count, static_cast<std::size_t> (wholeFadeLength - fadeCounter));
+            for (std::size_t i = 0; i < run; ++i)
+                samples[i] = processFade (samples[i]);
+        }
+        samples += run;
+        count -= run;
+    }
+}
+
+void BlendBiquad::clearState ()
+{
+    liveState = {};
+    fadingState = {};
 }
 
 /// Does nothing if a design is just being written: it is still pending at the next sample.

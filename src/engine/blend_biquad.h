@@ -3,6 +3,7 @@
 #include "biquad.h"
 #include "published_coefs.h"
 
+#include <cstddef>
 #include <cstdint>
 
 namespace tessaly
@@ -19,14 +20,24 @@ namespace tessaly
 class BlendBiquad
 {
 public:
-    /// Makes `coefs` the filter to change to; a crossfade follows even if they are the present ones.
-    void setTarget (const BiquadCoefs& coefs) { targetCoefs.write (coefs); }
+    /// Makes `coefs` the filter to change to; a crossfade follows even if they are the present ones. A set with anything
+    /// that is not finite is not taken up: what was there goes on.
+    void setTarget (const BiquadCoefs& coefs);
 
     /// Clears the state and takes the target up at once, without a crossfade.
     /// @param sampleRate  Hz, above 0; sets the length of later crossfades
     void startUp (double sampleRate);
 
-    double process (double x);
+    /// Filters `count` samples in place.
+    void process (double* samples, std::size_t count);
+
+    /// Whether nothing but one section runs, and no design waits.
+    bool isPlain () const { return isSteady () && !pending (); }
+    const BiquadCoefs& plainCoefs () const { return activeCoefs; }
+    BiquadState& plainState () { return liveState; }
+
+    /// Forgets the sound, of both filters during a crossfade.
+    void clearState ();
 
     /// Magnitude of the target's response in dB, before any crossfade to it has run; -100 where nothing passes.
     /// @param frequency, sampleRate  Hz
@@ -34,6 +45,7 @@ public:
 
 private:
     bool pending () const { return targetCoefs.version () != activeVersion; }
+    bool isSteady () const { return fadeCounter >= wholeFadeLength; }
     void beginFade ();
     double processFade (double x);
 

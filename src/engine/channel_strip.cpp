@@ -1,6 +1,5 @@
 #include "channel_strip.h"
 
-#include "glide.h"
 #include "meter_scales.h"
 #include "truncate.h"
 #include "value_scales.h"
@@ -27,6 +26,8 @@ Channel_Strip::Channel_Strip (ZEffect* owner)
 
 void Channel_Strip::SetSampleRateOld (double rate)
 {
+    if (!(rate > 0) || !std::isfinite (rate))
+        return; // no rate to design for: the old one goes on
     sampleRate = rate;
     ResumeOld ();
 }
@@ -61,7 +62,8 @@ void Channel_Strip::SetParameterOld (std::int32_t index, float step)
     switch (parameter)
     {
     case StripParameter::totalGain:
-        totalGainTarget = std::pow (10.0, gainDb (wholeStep) / 20);
+        if (const double target = std::pow (10.0, gainDb (wholeStep) / 20); std::isfinite (target))
+            totalGainTarget = target;
         break;
     case StripParameter::equalizerBypass:
         eqBypassed = static_cast<std::uint16_t> (wholeStep);
@@ -104,33 +106,66 @@ std::int32_t Channel_Strip::ProcessBlockBypassed (ZAudioBlock& block)
 
 void Channel_Strip::processChannel (const float* in, float* out, std::int32_t n)
 {
+    if (n <= 0)
+        return;
     gainReductionMeter.beginBlock (static_cast<std::uint32_t> (n));
     outputMeter.beginBlock (static_cast<std::uint32_t> (n));
-    for (std::int32_t i = 0; i < n; ++i)
-        out[i] = processSample (in[i]);
+    bool poisoned = false;
+    for (auto left = static_cast<std::size_t> (n); left > 0;)
+    {
+        const std::size_t count = std::min (left, kChunkSamples);
+        poisoned = !processChunk (in, out, count) || poisoned;
+        in += count;
+        out += count;
+        left -= count;
+    }
+    if (poisoned)
+        clearState ();
 }
 
-float Channel_Strip::processSample (float input)
+/// @return false if any sample of the input is infinite or no number
+bool Channel_Strip::processChunk (const float* in, float* out, std::size_t count)
 {
-    const double dry = input + noise.next ();
-    double y = dry;
+    double dry[kChunkSamples];
+    double y[kChunkSamples];
+    const bool finite = math.addNoise (in, noiseState, dry, count);
+    std::copy_n (dry, count, y);
+
+    double largestReduction = 1.0;
     if (compressorBypassed == 0)
     {
-        y = compressor.process (dry);
-        gainReductionMeter.feed (1 / compressor.gain ());
+        compressor.process (y, count);
+        largestReduction = 1 / compressor.smallestGain ();
     }
-    else
-        gainReductionMeter.feed (1.0);
+    gainReductionMeter.feedHighest (largestReduction, static_cast<std::uint32_t> (count));
 
-    totalGain = glide (totalGain, totalGainTarget, glideCoef);
-    y = y * totalGain;
+    totalGain.scale (y, count, totalGainTarget, glideCoef);
     if (eqBypassed == 0)
-        y = equalizer.process (y);
+        equalizer.process (y, count);
+    blendBypass (dry, y, count);
+    outputMeter.feedHighest (math.roundToOutput (y, out, count), static_cast<std::uint32_t> (count));
+    return finite;
+}
 
-    bypass = glide (bypass, bypassTarget, glideCoef);
-    const auto output = static_cast<float> (y * (1 - bypass) + bypass * dry);
-    outputMeter.feed (output);
-    return output;
+void Channel_Strip::blendBypass (const double* dry, double* y, std::size_t count)
+{
+    const double target = bypassTarget;
+    if (bypass.hasLanded (target) && target == 0.0)
+        return;
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        const double share = bypass.next (target, glideCoef);
+        y[i] = y[i] * (1 - share) + share * dry[i];
+    }
+}
+
+/// What a sample that is no number has left behind. It is the host's trouble in its own block, and gone in the next.
+void Channel_Strip::clearState ()
+{
+    compressor.clearState ();
+    equalizer.clearState ();
+    gainReductionMeter.clear ();
+    outputMeter.clear ();
 }
 
 void Channel_Strip::publishMeters ()

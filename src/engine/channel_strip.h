@@ -2,6 +2,7 @@
 
 #include "compressor.h"
 #include "equalizer.h"
+#include "glide.h"
 #include "noise_generator.h"
 #include "old_plugin_core.h"
 #include "shared_value.h"
@@ -51,7 +52,9 @@ public:
 
 private:
     void processChannel (const float* in, float* out, std::int32_t n);
-    float processSample (float input);
+    bool processChunk (const float* in, float* out, std::size_t count);
+    void blendBypass (const double* dry, double* y, std::size_t count);
+    void clearState ();
     void publishMeters ();
 
     // Settings, written by SetParameterOld.
@@ -65,10 +68,11 @@ private:
     Equalizer equalizer;
 
     // The audio thread's own.
-    NoiseGenerator noise;
+    std::uint32_t noiseState = kNoiseSeed;
     double glideCoef = 0.0;
-    double totalGain = 1.0;
-    double bypass = 0.0;
+    Glide totalGain{ 1.0 };
+    Glide bypass{ 0.0 };
+    const BlockMath& math = blockMath ();
     StripMeter gainReductionMeter; // of 1/gain, 1 and up
     StripMeter outputMeter;
 };

@@ -46,15 +46,18 @@ bool Compressor::setParameter (StripParameter parameter, std::int32_t step)
         updateMakeup ();
         return true;
     case StripParameter::attack:
-        attackCoef44k = coefAtReferenceRate (stepToValue (attackMs, step));
+        if (const double timeMs = stepToValue (attackMs, step); timeMs > 0)
+            attackCoef44k = coefAtReferenceRate (timeMs);
         scaleTimes ();
         return true;
     case StripParameter::release:
-        releaseCoef44k = coefAtReferenceRate (stepToValue (releaseMs, step));
+        if (const double timeMs = stepToValue (releaseMs, step); timeMs > 0)
+            releaseCoef44k = coefAtReferenceRate (timeMs);
         scaleTimes ();
         return true;
     case StripParameter::ratio:
-        slopeTarget = 1 - 1 / stepToValue (ratioValue, step);
+        if (const double ratio = stepToValue (ratioValue, step); ratio >= 1)
+            slopeTarget = 1 - 1 / ratio;
         updateMakeup ();
         return true;
     case StripParameter::knee:
@@ -100,7 +103,9 @@ void Compressor::updateThreshold ()
 
 void Compressor::updateMakeup ()
 {
-    makeupTarget = std::pow (10.0, -slopeTarget * thresholdDb * makeupAmount / 20);
+    const double target = std::pow (10.0, -slopeTarget * thresholdDb * makeupAmount / 20);
+    if (std::isfinite (target))
+        makeupTarget = target;
 }
 
 void Compressor::scaleTimes ()
@@ -125,23 +130,62 @@ void Compressor::startUp (double newSampleRate)
     sideChainEq.startUp (newSampleRate);
 }
 
-double Compressor::process (double x)
+void Compressor::process (double* samples, std::size_t count)
 {
-    makeup = glide (makeup, makeupTarget, glideCoef);
-    compressSample (x);
-    return compressedSample * makeup;
+    double level[kChunkSamples];
+    double gain[kChunkSamples];
+    detectLevels (samples, level, count);
+    computeGains (level, gain, count);
+    for (std::size_t i = 0; i < count; ++i)
+        samples[i] *= gain[i];
+    makeup.scale (samples, count, makeupTarget, glideCoef);
 }
 
-void Compressor::compressSample (double x)
+/// The input's level does not depend on the detector, so its logarithms are taken for all samples ahead of it.
+void Compressor::detectLevels (const double* samples, double* level, std::size_t count)
 {
+    constexpr double kFloor = 0.0316; // of the threshold
     const double threshold = thresholdDb;
-    const double thresholdLinear = std::pow (10.0, threshold / 20);
-    const double s = sideChainEq.process (sideChainHighPass.process (x));
-    const double level = detector.detectLevel (s / thresholdLinear, attackCoef, releaseCoef);
-    slope = glide (slope, slopeTarget, glideCoef);
-    const double shaped = shapedLevel (level, effectiveKnee (threshold, knee));
-    compressorGain = compressionGain (shaped, slope);
-    compressedSample = x * compressorGain;
+    if (threshold != linearOfDb)
+    {
+        linearOfDb = threshold;
+        thresholdLinear = std::pow (10.0, threshold / 20);
+    }
+    double sideChain[kChunkSamples];
+    std::copy_n (samples, count, sideChain);
+    filterSideChain (sideChain, count);
+    math.levels (sideChain, kFloor * thresholdLinear, threshold / 20, level, count);
+    detector.setTimes (attackCoef, releaseCoef);
+    detector.follow (level, count);
+}
+
+void Compressor::filterSideChain (double* samples, std::size_t count)
+{
+    if (!sideChainEq.isPlain ())
+    {
+        sideChainHighPass.process (samples, count);
+        sideChainEq.process (samples, count);
+        return;
+    }
+    const BiquadCoefs coefs = sideChainEq.plainCoefs ();
+    BiquadState state = sideChainEq.plainState ();
+    sideChainHighPass.process (samples, count, [&] (double y) { return processBiquad (coefs, state, y); });
+    sideChainEq.plainState () = state;
+}
+
+void Compressor::computeGains (const double* level, double* gain, std::size_t count)
+{
+    double slopes[kChunkSamples];
+    slope.fill (slopes, count, slopeTarget, glideCoef);
+    const KneeCurve curve = kneeCurve (effectiveKnee (thresholdDb, knee));
+    compressorGain = math.gains (level, slopes, curve.halfWidth, curve.curvature, gain, count);
+}
+
+void Compressor::clearState ()
+{
+    sideChainHighPass.clearState ();
+    sideChainEq.clearState ();
+    detector.reset ();
 }
 
 double Compressor::compressorCurveDb (double inputDb) const

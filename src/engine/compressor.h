@@ -1,11 +1,14 @@
 #pragma once
 
 #include "blend_biquad.h"
+#include "block_math.h"
 #include "filter_cascade.h"
+#include "glide.h"
 #include "level_detector.h"
 #include "shared_value.h"
 #include "strip_parameter.h"
 
+#include <cstddef>
 #include <cstdint>
 
 namespace tessaly
@@ -30,8 +33,12 @@ public:
     /// @param newSampleRate  Hz, above 0
     void startUp (double newSampleRate);
 
-    double process (double x);                      ///< one sample, compressed and made up
-    double gain () const { return compressorGain; } ///< linear, of the last sample, without makeup
+    /// Compresses and makes up `count` samples in place, at most kChunkSamples.
+    void process (double* samples, std::size_t count);
+    double smallestGain () const { return compressorGain; } ///< linear, of the samples last processed, without makeup
+
+    /// Forgets the sound: filters and detector, not the glides.
+    void clearState ();
 
     /// Static curve, on the settings as they are now: the output level for an input level, makeup left out. Both dB.
     double compressorCurveDb (double inputDb) const;
@@ -41,7 +48,9 @@ private:
     void updateMakeup ();
     void scaleTimes ();
     void designSideChainEq ();
-    void compressSample (double x);
+    void detectLevels (const double* samples, double* level, std::size_t count);
+    void filterSideChain (double* samples, std::size_t count);
+    void computeGains (const double* level, double* gain, std::size_t count);
 
     static constexpr double sideChainHighPassFreq = 10.0; // Hz
     static constexpr double sideChainSlope = 0.70;
@@ -69,10 +78,12 @@ private:
     BlendBiquad sideChainEq;
     LevelDetector detector;
     double glideCoef = 0.0;
-    double slope = 0.0;  // on its way to slopeTarget
-    double makeup = 0.0; // on its way to makeupTarget
-    double compressedSample = 0.0;
+    Glide slope{ 0.0 };      // on its way to slopeTarget
+    Glide makeup{ 0.0 };     // on its way to makeupTarget
+    double linearOfDb = 0.0; // the threshold that thresholdLinear was worked out from, dB
+    double thresholdLinear = 1.0;
     double compressorGain = 1.0;
+    const BlockMath& math = blockMath ();
 };
 
 } // namespace tessaly

@@ -4,6 +4,7 @@
 #include "shared_value.h"
 #include "strip_parameter.h"
 
+#include <cstddef>
 #include <cstdint>
 
 namespace tessaly
@@ -24,7 +25,9 @@ public:
     /// @param newSampleRate  Hz, above 0
     void startUp (double newSampleRate);
 
-    double process (double x) { return eqHigh.process (eqMid.process (eqLow.process (x))); }
+    /// Filters `count` samples in place.
+    void process (double* samples, std::size_t count);
+    void clearState (); ///< forgets the sound
 
     /// Response of the settings as they are now, dB.
     /// @param frequency  Hz, limited to 0.48 of the sample rate

@@ -84,19 +84,9 @@ void FilterCascade::designSmoother (double sampleRate, double f)
     designSmoother (1 - std::exp (-2 * pi * f / sampleRate));
 }
 
-double FilterCascade::process (double x)
+void FilterCascade::process (double* samples, std::size_t count)
 {
-    double y = x;
-    for (std::size_t k = 0; k < sectionCoefs.size (); ++k)
-        y = processBiquad (sectionCoefs[k], sectionState[k], y);
-    if (hasFirstOrderStage == 0)
-        return y;
-
-    const double stageInput = y;
-    y = firstOrderCoefs.b0 * stageInput + firstOrderCoefs.b1 * firstOrderState.x1 +
-        firstOrderCoefs.a1 * firstOrderState.y1;
-    firstOrderState = { stageInput, y };
-    return y;
+    process (samples, count, [] (double y) { return y; });
 }
 
 } // namespace tessaly

@@ -2,6 +2,7 @@
 
 #include "biquad.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -36,7 +37,13 @@ public:
     /// The smoother with k = 1 - exp (-2 pi f / sampleRate).
     void designSmoother (double sampleRate, double f);
 
-    double process (double x);
+    /// Filters `count` samples in place.
+    void process (double* samples, std::size_t count);
+
+    /// The same, and hands each sample on to `next`, whose result takes its place: two filters in one loop, so that the
+    /// processor works on one while the other waits for its last output.
+    template <typename Next>
+    void process (double* samples, std::size_t count, Next next);
 
 private:
     /// y[n] = b0 x[n] + b1 x[n-1] + a1 y[n-1]; a1 is added, as in the sections.
@@ -62,5 +69,22 @@ private:
     std::uint32_t hasFirstOrderStage = 0;
     std::uint32_t order = 0;
 };
+
+template <typename Next>
+void FilterCascade::process (double* samples, std::size_t count, Next next)
+{
+    for (std::size_t k = 0; k < sectionCoefs.size (); ++k)
+        processBiquad (sectionCoefs[k], sectionState[k], samples, count);
+    // Without the first-order stage its coefficients pass the sample on.
+    const FirstOrderCoefs c = hasFirstOrderStage != 0 ? firstOrderCoefs : FirstOrderCoefs{ 1.0, 0.0, 0.0 };
+    FirstOrderState s = firstOrderState;
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        const double x = samples[i];
+        s = { x, c.b0 * x + c.b1 * s.x1 + c.a1 * s.y1 };
+        samples[i] = next (s.y1);
+    }
+    firstOrderState = s;
+}
 
 } // namespace tessaly

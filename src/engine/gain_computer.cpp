@@ -5,37 +5,33 @@
 namespace tessaly
 {
 
-namespace
+std::uint16_t effectiveKnee (double thresholdDb, std::uint16_t knee)
 {
+    return thresholdDb == 0.0 ? std::uint16_t{ kHardKnee } : knee;
+}
 
-double blendedLevel (double level, double halfWidth, double curvature)
+KneeCurve kneeCurve (std::uint16_t knee)
 {
+    switch (knee)
+    {
+    case kSoftKnee:
+        return { 1.3, 0.19231 };
+    case kMiddleKnee:
+        return { 0.5, 0.5 };
+    default:
+        return { 0.0, 0.0 };
+    }
+}
+
+double shapedLevel (double level, std::uint16_t knee)
+{
+    const auto [halfWidth, curvature] = kneeCurve (knee);
     if (level > halfWidth)
         return level;
     if (level <= -halfWidth)
         return 0.0;
     const double intoKnee = level + halfWidth;
     return curvature * (intoKnee * intoKnee);
-}
-
-} // namespace
-
-std::uint16_t effectiveKnee (double thresholdDb, std::uint16_t knee)
-{
-    return thresholdDb == 0.0 ? std::uint16_t{ kHardKnee } : knee;
-}
-
-double shapedLevel (double level, std::uint16_t knee)
-{
-    switch (knee)
-    {
-    case kSoftKnee:
-        return blendedLevel (level, 1.3, 0.19231);
-    case kMiddleKnee:
-        return blendedLevel (level, 0.5, 0.5);
-    default:
-        return level > 0 ? level : 0.0;
-    }
 }
 
 double compressionGain (double shaped, double slope)

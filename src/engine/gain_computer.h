@@ -18,6 +18,15 @@ enum Knee : std::uint16_t
 /// The knee in force: a threshold of exactly 0 dB is always hard.
 std::uint16_t effectiveKnee (double thresholdDb, std::uint16_t knee);
 
+/// The blend of a knee: curvature (level + halfWidth)^2 within halfWidth of the threshold.
+struct KneeCurve
+{
+    double halfWidth; // 0 for a hard knee
+    double curvature;
+};
+
+KneeCurve kneeCurve (std::uint16_t knee);
+
 /// How far the level counts as over the threshold: 0.0 below the knee, the level itself above it.
 double shapedLevel (double level, std::uint16_t knee);
 

@@ -6,28 +6,45 @@
 namespace tessaly
 {
 
-double LevelDetector::detectLevel (double u, double attackCoef, double releaseCoef)
+void LevelDetector::setTimes (double attackCoef, double releaseCoef)
 {
-    constexpr double kFloorLinear = 0.0316;
-    constexpr double kFloor = -1.5;
     constexpr double kOffset = 0.00018;
+    if (attackCoef == attack && releaseCoef == release)
+        return;
+    attack = attackCoef;
+    release = releaseCoef;
+    rise = attackCoef * 6.25;
+    fall = rise / 8;
+    const double r = std::sqrt (kOffset / rise);
+    approach = 2 * rise * r;
+    deepest = -8 * r;
+    fastestFall = -0.4 * releaseCoef;
+}
 
-    const double m = std::abs (u);
-    const double L = m >= kFloorLinear ? std::log10 (m) : kFloor;
-    const double D = L - detectorLevel;
-    const double A = attackCoef * 6.25;
-    const double r = std::sqrt (kOffset / A);
-    if (D > 0)
+void LevelDetector::follow (double* levels, std::size_t count)
+{
+    constexpr double kLargestRise = 0.925; // of the distance
+    const double a = rise;
+    const double b = approach;
+    const double c = fall;
+    const double floor = deepest;
+    const double limit = fastestFall;
+    double detected = detectorLevel;
+    for (std::size_t i = 0; i < count; ++i)
     {
-        const double s = r + D;
-        detectorLevel += std::min (A * s * s - kOffset, 0.925 * D);
+        const double D = levels[i] - detected;
+        if (D > 0)
+        {
+            detected += D * std::min (a * D + b, kLargestRise);
+        }
+        else
+        {
+            const double d = std::max (D, floor);
+            detected += std::max (d * (c * d + b), limit);
+        }
+        levels[i] = detected;
     }
-    else
-    {
-        const double s = std::max (r + 0.125 * D, 0.0);
-        detectorLevel += std::max (8 * (A * s * s - kOffset), -0.4 * releaseCoef);
-    }
-    return detectorLevel;
+    detectorLevel = detected;
 }
 
 } // namespace tessaly

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 
 namespace tessaly
 {
@@ -13,7 +14,11 @@ class StripMeter
 {
 public:
     void beginBlock (std::uint32_t sampleCount);
-    void feed (double v);                     ///< exactly sampleCount times a block
+    void feed (double v); ///< exactly sampleCount times a block
+    /// The same for `samples` samples at once, of which `highest` is the highest as compared: 0 or above.
+    void feedHighest (double highest, std::uint32_t samples);
+    /// What a sample counts as.
+    static double compared (double v) { return v < -1.0 ? -v : v; }
     void clear () { held = 0.0; }             ///< forgets the level; the reading stays until the next block
     double reading () const { return value; } ///< linear, 0 and up; after the last whole block
 
@@ -34,10 +39,15 @@ inline void StripMeter::beginBlock (std::uint32_t sampleCount)
 
 inline void StripMeter::feed (double v)
 {
-    const double compared = v < -1.0 ? -v : v;
-    if (compared > peakInBlock)
-        peakInBlock = compared;
-    if (--sampleCountdown == 0)
+    feedHighest (compared (v), 1);
+}
+
+inline void StripMeter::feedHighest (double highest, std::uint32_t samples)
+{
+    if (highest > peakInBlock)
+        peakInBlock = highest;
+    sampleCountdown -= samples;
+    if (sampleCountdown == 0)
         follow ();
 }
 
@@ -49,6 +59,8 @@ inline void StripMeter::follow ()
     else
         held += kFallPerBlock * (peakInBlock - held);
     value = held;
+    if (!(held <= std::numeric_limits<double>::max ()))
+        held = 0.0; // an output beyond all numbers shows once
 }
 
 } // namespace tessaly

@@ -1,5 +1,7 @@
 #include "blend_biquad.h"
 
+#include "measure.h"
+
 #include <cmath>
 #include <doctest/doctest.h>
 #include <thread>
@@ -32,11 +34,11 @@ TEST_CASE ("BlendBiquad: a change is blended along a logistic curve of 10 ms, th
     for (const double sampleRate : { 44100.0, 48000.0, 11025.0 }) // the last for 110.25 samples
     {
         StartedBiquad filter ({ 1.0 }, sampleRate);
-        CHECK (filter.process (1.0) == 1.0);
+        CHECK (oneSample (filter, 1.0) == 1.0);
         filter.setTarget ({ 3.0 });
         for (int i = 0; i < std::floor (sampleRate / 100); ++i)
-            CHECK (filter.process (1.0) == Approx (1 + 2 * weight (i, sampleRate / 100)).epsilon (1e-12));
-        CHECK (filter.process (1.0) == 3.0);
+            CHECK (oneSample (filter, 1.0) == Approx (1 + 2 * weight (i, sampleRate / 100)).epsilon (1e-12));
+        CHECK (oneSample (filter, 1.0) == 3.0);
     }
 }
 
@@ -50,22 +52,22 @@ TEST_CASE ("BlendBiquad: of the designs that arrive during a crossfade only the 
             filter.setTarget ({ 1000.0 });
         if (i == 200)
             filter.setTarget ({ 7.0 });
-        CHECK (filter.process (1.0) == Approx (1 + 2 * weight (i, 441)).epsilon (1e-12));
+        CHECK (oneSample (filter, 1.0) == Approx (1 + 2 * weight (i, 441)).epsilon (1e-12));
     }
     for (int i = 0; i < 441; ++i)
-        CHECK (filter.process (1.0) == Approx (3 + 4 * weight (i, 441)).epsilon (1e-12));
-    CHECK (filter.process (1.0) == 7.0);
+        CHECK (oneSample (filter, 1.0) == Approx (3 + 4 * weight (i, 441)).epsilon (1e-12));
+    CHECK (oneSample (filter, 1.0) == 7.0);
 }
 
 TEST_CASE ("BlendBiquad: the incoming filter starts from silence, even on unchanged coefficients, the old one rings on")
 {
     const BiquadCoefs hold{ 1.0, 0.0, 0.0, 1.0, 0.0 }; // a sum: holds what it got
     StartedBiquad filter (hold, 44100);
-    filter.process (5.0);
+    oneSample (filter, 5.0);
     filter.setTarget (hold);
     for (int i = 0; i < 441; ++i)
-        CHECK (filter.process (0.0) == Approx (5 * (1 - weight (i, 441))).epsilon (1e-9));
-    CHECK (filter.process (0.0) == 0.0);
+        CHECK (oneSample (filter, 0.0) == Approx (5 * (1 - weight (i, 441))).epsilon (1e-9));
+    CHECK (oneSample (filter, 0.0) == 0.0);
 }
 
 TEST_CASE ("BlendBiquad: starting up forgets the sound and takes the target up at once, and its response shows before")
@@ -73,12 +75,12 @@ TEST_CASE ("BlendBiquad: starting up forgets the sound and takes the target up a
     StartedBiquad filter ({ 1.0, 0.5, 0.5, 0.9, 0.0 }, 44100);
     filter.setTarget ({});
     CHECK (filter.responseDb (1000, 44100) == -100.0);
-    filter.process (1.0);
+    oneSample (filter, 1.0);
     filter.setTarget ({ 4.0 });
     CHECK (filter.responseDb (1000, 44100) == Approx (20 * std::log10 (4.0)));
     filter.startUp (48000);
-    CHECK (filter.process (0.0) == 0.0);
-    CHECK (filter.process (1.0) == 4.0);
+    CHECK (oneSample (filter, 0.0) == 0.0);
+    CHECK (oneSample (filter, 1.0) == 4.0);
 }
 
 TEST_CASE ("BlendBiquad: designs of two threads are heard and drawn whole")
@@ -95,7 +97,7 @@ TEST_CASE ("BlendBiquad: designs of two threads are heard and drawn whole")
     std::thread other (design, 100000);
     int wrong = 0;
     for (int i = 0; i < 20000; ++i)
-        wrong += std::abs (filter.process (1.0) - 1.0) > 1e-12 || filter.responseDb (0, 44100) != 0.0;
+        wrong += std::abs (oneSample (filter, 1.0) - 1.0) > 1e-12 || filter.responseDb (0, 44100) != 0.0;
     one.join ();
     other.join ();
     CHECK (wrong == 0);

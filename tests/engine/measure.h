@@ -19,6 +19,14 @@ double measuredGain (Process process, double sampleRate, double frequency)
     return std::abs (sum);
 }
 
+/// One sample through a stage that works in place.
+template <typename Stage>
+double oneSample (Stage& stage, double x)
+{
+    stage.process (&x, 1);
+    return x;
+}
+
 inline double fromDb (double db)
 {
     return std::pow (10.0, db / 20);

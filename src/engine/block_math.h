@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace tessaly
+{
+
+/// The samples that stages hand on at once: long enough for the vector loops, short enough for the first-level cache.
+inline constexpr std::size_t kChunkSamples = 64;
+
+/// The parts of the strip that work on each sample by itself, in vector arithmetic. The logarithm and the power are polynomials in
+/// double precision, within 2e-13 (levels, absolute; gains, relative) of the exact function; a test holds them to it.
+/// Every version does the same operations in the same order without fused ones, so all give the same bits.
+///
+/// Arrays hold `count` values, at most kChunkSamples, and do not overlap. Audio thread; nothing is kept.
+struct BlockMath
+{
+    /// Adds the noise (noise_generator.h) to the input.
+    /// @param state  of the generator; moved on by `count` numbers
+    /// @return false if any sample of the input is infinite or no number
+    bool (*addNoise) (const float* in, std::uint32_t& state, double* out, std::size_t count);
+
+    /// Level of each side-chain sample over the threshold, log10:
+    ///     level = log10 |s| - thresholdLog   if |s| >= floor,   -1.5 otherwise
+    /// @param floor  linear, above 0
+    void (*levels) (const double* s, double floor, double thresholdLog, double* level, std::size_t count);
+
+    /// Gain of each detector level, and the smallest of them:
+    ///     gain = 10^(-slope e),   e = level                        above the knee (halfWidth)
+    ///                             e = curvature (level + halfWidth)^2   in it
+    ///     gain = 1                                             at and below -halfWidth
+    /// Gains below 10^-307 come out as 10^-307.
+    /// @param halfWidth  0 for a hard knee
+    /// @param slope      one a sample, 0 to 1
+    /// @return the smallest gain, at most 1
+    double (*gains) (const double* level, const double* slope, double halfWidth, double curvature, double* gain,
+                     std::size_t count);
+
+    /// Rounds to 32-bit samples.
+    /// @return the highest output as the output meter compares it: the sample itself, negated only below -1; 0 or above
+    double (*roundToOutput) (const double* y, float* out, std::size_t count);
+};
+
+/// The widest version that this processor runs; chosen once.
+const BlockMath& blockMath ();
+
+} // namespace tessaly
