@@ -1,6 +1,6 @@
 #pragma once
 
-#include "biquad.h"
+#include "biquad_process.h"
 #include "published_coefs.h"
 
 #include <cstddef>

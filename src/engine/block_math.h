@@ -6,6 +6,8 @@
 namespace tessaly
 {
 
+struct Recursions;
+
 /// The samples that stages hand on at once: long enough for the vector loops, short enough for the first-level cache.
 inline constexpr std::size_t kChunkSamples = 64;
 
@@ -36,6 +38,11 @@ struct BlockMath
     /// @return the smallest gain, at most 1
     double (*gains) (const double* level, const double* slope, double halfWidth, double curvature, double* gain,
                      std::size_t count);
+
+    /// Runs each stretch through its part of the recursions, in place: `level` through the detector, `sideChain` through
+    /// the side chain's filters, `y` through the equalizer. A null stretch leaves its part alone. The parts know nothing
+    /// of each other; the stretches belong to different times, or they would have to wait.
+    void (*run) (Recursions& recursions, double* level, double* sideChain, double* y, std::size_t count);
 
     /// Rounds to 32-bit samples.
     /// @return the highest output as the output meter compares it: the sample itself, negated only below -1; 0 or above

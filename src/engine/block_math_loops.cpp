@@ -4,6 +4,7 @@
 
 #include "block_math.h"
 #include "noise_generator.h"
+#include "recursions.h"
 
 #ifndef TESSALY_BLOCK_MATH
 #define TESSALY_BLOCK_MATH blockMathPlain
@@ -176,6 +177,74 @@ double gains (const double* level, const double* slope, double halfWidth, double
     return smallest;
 }
 
+double throughSection (const BiquadCoefs& c, BiquadState& s, double x)
+{
+    const double y = c.c0 * x + c.c1 * s.s0 + c.c2 * s.s1 + c.c4 * s.s3 + c.c3 * s.s2;
+    s = { x, s.s0, y, s.s2 };
+    return y;
+}
+
+double throughFirstOrder (const BiquadCoefs& c, BiquadState& s, double x)
+{
+    const double y = c.c0 * x + c.c1 * s.s0 + c.c3 * s.s2;
+    s.s0 = x;
+    s.s2 = y;
+    return y;
+}
+
+template <bool detects, bool listens, bool equalizes>
+void runParts (Recursions& recursions, double* level, double* sideChain, double* y, std::size_t count)
+{
+    constexpr double kLargestRise = 0.925; // of the distance
+    Recursions r = recursions;
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        if constexpr (detects)
+        {
+            // What the level brings is worked out ahead, so that from one sample to the next it is a product, a
+            // difference, a limit, a product and a sum.
+            const double L = level[i];
+            const double D = L - r.detected;
+            if (D > 0)
+            {
+                const double rise = (r.rise * L + r.approach) - r.rise * r.detected;
+                r.detected += D * (rise < kLargestRise ? rise : kLargestRise);
+            }
+            else
+            {
+                const double d = D > r.deepest ? D : r.deepest;
+                const double pull = (r.fall * L + r.approach) - r.fall * r.detected;
+                const double fall = d * (pull > r.slowest ? pull : r.slowest);
+                r.detected += fall > r.fastestFall ? fall : r.fastestFall;
+            }
+            level[i] = r.detected;
+        }
+        if constexpr (listens)
+            sideChain[i] = throughSection (r.sideChainEq, r.sideChainEqState,
+                                           throughFirstOrder (r.highPass, r.highPassState, sideChain[i]));
+        if constexpr (equalizes)
+            y[i] = throughFirstOrder (r.high, r.highState,
+                                      throughSection (r.mid, r.midState, throughFirstOrder (r.low, r.lowState, y[i])));
+    }
+    recursions = r;
+}
+
+void run (Recursions& recursions, double* level, double* sideChain, double* y, std::size_t count)
+{
+    if (level && sideChain && y)
+        runParts<true, true, true> (recursions, level, sideChain, y, count);
+    else if (level && sideChain)
+        runParts<true, true, false> (recursions, level, sideChain, y, count);
+    else if (level && y)
+        runParts<true, false, true> (recursions, level, sideChain, y, count);
+    else if (level)
+        runParts<true, false, false> (recursions, level, sideChain, y, count);
+    else if (sideChain)
+        runParts<false, true, false> (recursions, level, sideChain, y, count);
+    else if (y)
+        runParts<false, false, true> (recursions, level, sideChain, y, count);
+}
+
 double roundToOutput (const double* y, float* out, std::size_t count)
 {
     float highest = 0.0f;
@@ -191,6 +260,6 @@ double roundToOutput (const double* y, float* out, std::size_t count)
 
 } // namespace
 
-const BlockMath TESSALY_BLOCK_MATH = { addNoise, levels, gains, roundToOutput };
+const BlockMath TESSALY_BLOCK_MATH = { addNoise, levels, gains, run, roundToOutput };
 
 } // namespace tessaly

@@ -130,21 +130,68 @@ bool Channel_Strip::processChunk (const float* in, float* out, std::size_t count
     double y[kChunkSamples];
     const bool finite = math.addNoise (in, noiseState, dry, count);
     std::copy_n (dry, count, y);
-
-    double largestReduction = 1.0;
-    if (compressorBypassed == 0)
-    {
-        compressor.process (y, count);
-        largestReduction = 1 / compressor.smallestGain ();
-    }
-    gainReductionMeter.feedHighest (largestReduction, static_cast<std::uint32_t> (count));
-
-    totalGain.scale (y, count, totalGainTarget, glideCoef);
-    if (eqBypassed == 0)
-        equalizer.process (y, count);
+    const bool compresses = compressorBypassed == 0;
+    const bool equalizes = eqBypassed == 0;
+    double smallestGain = 1.0;
+    if (compresses && equalizes && compressor.isPlain () && equalizer.isPlain ())
+        smallestGain = processTogether (y, count);
+    else
+        smallestGain = processInTurn (y, count, compresses, equalizes);
+    gainReductionMeter.feedHighest (1 / smallestGain, static_cast<std::uint32_t> (count));
     blendBypass (dry, y, count);
     outputMeter.feedHighest (math.roundToOutput (y, out, count), static_cast<std::uint32_t> (count));
     return finite;
+}
+
+/// One stage after the other. @return the compressor's smallest gain
+double Channel_Strip::processInTurn (double* y, std::size_t count, bool compresses, bool equalizes)
+{
+    if (compresses)
+        compressor.process (y, count);
+    totalGain.scale (y, count, totalGainTarget, glideCoef);
+    if (equalizes)
+        equalizer.process (y, count);
+    return compresses ? compressor.smallestGain () : 1.0;
+}
+
+/// All stages at once, each a piece of sound ahead of the next one: while the detector is at one piece, the side chain
+/// listens to the next and the equalizer works on the one before. @return the compressor's smallest gain
+double Channel_Strip::processTogether (double* y, std::size_t count)
+{
+    static constexpr std::size_t kPiece = 16;
+    double sideChain[kChunkSamples];
+    double level[kChunkSamples];
+    std::copy_n (y, count, sideChain);
+    Recursions r;
+    compressor.gather (r);
+    equalizer.gather (r);
+
+    const auto lengthAt = [count] (std::size_t at) { return at < count ? std::min (kPiece, count - at) : 0; };
+    math.run (r, nullptr, sideChain, nullptr, lengthAt (0));
+    double smallestGain = 1.0;
+    for (std::size_t at = 0; at < count; at += kPiece)
+    {
+        const std::size_t length = lengthAt (at);
+        const std::size_t next = at + kPiece;
+        compressor.toLevels (sideChain + at, level + at, length);
+        // The pieces beside this one are as long, but for the last: that one goes alone.
+        const bool hasNext = lengthAt (next) == length;
+        const bool hasPrevious = at > 0 && length == kPiece;
+        math.run (r, level + at, hasNext ? sideChain + next : nullptr, hasPrevious ? y + (at - kPiece) : nullptr,
+                  length);
+        if (!hasNext && lengthAt (next) > 0)
+            math.run (r, nullptr, sideChain + next, nullptr, lengthAt (next));
+        if (!hasPrevious && at > 0)
+            math.run (r, nullptr, nullptr, y + (at - kPiece), kPiece);
+        smallestGain = std::min (smallestGain, compressor.applyGains (level + at, y + at, length));
+        totalGain.scale (y + at, length, totalGainTarget, glideCoef);
+    }
+    const std::size_t last = (count - 1) / kPiece * kPiece;
+    math.run (r, nullptr, nullptr, y + last, count - last);
+
+    compressor.scatter (r);
+    equalizer.scatter (r);
+    return smallestGain;
 }
 
 void Channel_Strip::blendBypass (const double* dry, double* y, std::size_t count)

@@ -53,6 +53,8 @@ public:
 private:
     void processChannel (const float* in, float* out, std::int32_t n);
     bool processChunk (const float* in, float* out, std::size_t count);
+    double processInTurn (double* y, std::size_t count, bool compresses, bool equalizes);
+    double processTogether (double* y, std::size_t count);
     void blendBypass (const double* dry, double* y, std::size_t count);
     void clearState ();
     void publishMeters ();

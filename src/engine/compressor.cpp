@@ -132,53 +132,63 @@ void Compressor::startUp (double newSampleRate)
 
 void Compressor::process (double* samples, std::size_t count)
 {
+    double sideChain[kChunkSamples];
     double level[kChunkSamples];
+    updateDetector ();
+    std::copy_n (samples, count, sideChain);
+    sideChainHighPass.process (sideChain, count);
+    sideChainEq.process (sideChain, count);
+    toLevels (sideChain, level, count);
+    detector.follow (level, count);
+    compressorGain = applyGains (level, samples, count);
+}
+
+void Compressor::updateDetector ()
+{
+    const double threshold = thresholdDb;
+    if (threshold != detectedThresholdDb)
+    {
+        detectedThresholdDb = threshold;
+        thresholdLinear = std::pow (10.0, threshold / 20);
+    }
+    detector.setTimes (attackCoef, releaseCoef);
+}
+
+void Compressor::gather (Recursions& r)
+{
+    updateDetector ();
+    detector.gather (r);
+    r.highPass = sideChainHighPass.firstOrderSection ();
+    r.highPassState = sideChainHighPass.firstOrderSectionState ();
+    r.sideChainEq = sideChainEq.plainCoefs ();
+    r.sideChainEqState = sideChainEq.plainState ();
+}
+
+void Compressor::scatter (const Recursions& r)
+{
+    detector.scatter (r);
+    sideChainHighPass.putFirstOrderState (r.highPassState);
+    sideChainEq.plainState () = r.sideChainEqState;
+}
+
+/// The input's level does not depend on the detector, so its logarithms are taken ahead of it.
+void Compressor::toLevels (const double* sideChain, double* level, std::size_t count) const
+{
+    constexpr double kFloor = 0.0316; // of the threshold
+    math.levels (sideChain, kFloor * thresholdLinear, detectedThresholdDb / 20, level, count);
+}
+
+double Compressor::applyGains (const double* level, double* samples, std::size_t count)
+{
+    double slopes[kChunkSamples];
     double gain[kChunkSamples];
-    detectLevels (samples, level, count);
-    computeGains (level, gain, count);
+    slope.fill (slopes, count, slopeTarget, glideCoef);
+    const KneeCurve curve = kneeCurve (effectiveKnee (detectedThresholdDb, knee));
+    const double smallest = math.gains (level, slopes, curve.halfWidth, curve.curvature, gain, count);
     for (std::size_t i = 0; i < count; ++i)
         samples[i] *= gain[i];
     makeup.scale (samples, count, makeupTarget, glideCoef);
-}
-
-/// The input's level does not depend on the detector, so its logarithms are taken for all samples ahead of it.
-void Compressor::detectLevels (const double* samples, double* level, std::size_t count)
-{
-    constexpr double kFloor = 0.0316; // of the threshold
-    const double threshold = thresholdDb;
-    if (threshold != linearOfDb)
-    {
-        linearOfDb = threshold;
-        thresholdLinear = std::pow (10.0, threshold / 20);
-    }
-    double sideChain[kChunkSamples];
-    std::copy_n (samples, count, sideChain);
-    filterSideChain (sideChain, count);
-    math.levels (sideChain, kFloor * thresholdLinear, threshold / 20, level, count);
-    detector.setTimes (attackCoef, releaseCoef);
-    detector.follow (level, count);
-}
-
-void Compressor::filterSideChain (double* samples, std::size_t count)
-{
-    if (!sideChainEq.isPlain ())
-    {
-        sideChainHighPass.process (samples, count);
-        sideChainEq.process (samples, count);
-        return;
-    }
-    const BiquadCoefs coefs = sideChainEq.plainCoefs ();
-    BiquadState state = sideChainEq.plainState ();
-    sideChainHighPass.process (samples, count, [&] (double y) { return processBiquad (coefs, state, y); });
-    sideChainEq.plainState () = state;
-}
-
-void Compressor::computeGains (const double* level, double* gain, std::size_t count)
-{
-    double slopes[kChunkSamples];
-    slope.fill (slopes, count, slopeTarget, glideCoef);
-    const KneeCurve curve = kneeCurve (effectiveKnee (thresholdDb, knee));
-    compressorGain = math.gains (level, slopes, curve.halfWidth, curve.curvature, gain, count);
+    return smallest;
 }
 
 void Compressor::clearState ()

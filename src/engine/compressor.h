@@ -35,6 +35,15 @@ public:
 
     /// Compresses and makes up `count` samples in place, at most kChunkSamples.
     void process (double* samples, std::size_t count);
+
+    // The same in steps, while no crossfade runs, so that its recursions can run beside those of other stages: gather,
+    // then for each stretch of sound run the side chain, `toLevels`, run the detector, `applyGains`; then scatter.
+    bool isPlain () const { return sideChainEq.isPlain (); }
+    void gather (Recursions& r);
+    void scatter (const Recursions& r);
+    void toLevels (const double* sideChain, double* level, std::size_t count) const;
+    /// @return the smallest gain
+    double applyGains (const double* level, double* samples, std::size_t count);
     double smallestGain () const { return compressorGain; } ///< linear, of the samples last processed, without makeup
 
     /// Forgets the sound: filters and detector, not the glides.
@@ -48,9 +57,7 @@ private:
     void updateMakeup ();
     void scaleTimes ();
     void designSideChainEq ();
-    void detectLevels (const double* samples, double* level, std::size_t count);
-    void filterSideChain (double* samples, std::size_t count);
-    void computeGains (const double* level, double* gain, std::size_t count);
+    void updateDetector ();
 
     static constexpr double sideChainHighPassFreq = 10.0; // Hz
     static constexpr double sideChainSlope = 0.70;
@@ -78,9 +85,9 @@ private:
     BlendBiquad sideChainEq;
     LevelDetector detector;
     double glideCoef = 0.0;
-    Glide slope{ 0.0 };      // on its way to slopeTarget
-    Glide makeup{ 0.0 };     // on its way to makeupTarget
-    double linearOfDb = 0.0; // the threshold that thresholdLinear was worked out from, dB
+    Glide slope{ 0.0 };               // on its way to slopeTarget
+    Glide makeup{ 0.0 };              // on its way to makeupTarget
+    double detectedThresholdDb = 0.0; // in force since updateDetector; thresholdLinear is the same
     double thresholdLinear = 1.0;
     double compressorGain = 1.0;
     const BlockMath& math = blockMath ();

@@ -54,32 +54,32 @@ bool Equalizer::setParameter (StripParameter parameter, std::int32_t step)
 
 void Equalizer::process (double* samples, std::size_t count)
 {
-    const bool together = eqLow.isPlain () && eqMid.isPlain () && eqHigh.isPlain () &&
-                          isFirstOrder (eqLow.plainCoefs ()) && isFirstOrder (eqHigh.plainCoefs ());
-    if (!together)
-    {
-        eqLow.process (samples, count);
-        eqMid.process (samples, count);
-        eqHigh.process (samples, count);
-        return;
-    }
+    eqLow.process (samples, count);
+    eqMid.process (samples, count);
+    eqHigh.process (samples, count);
+}
 
-    // The three in one loop: while a band waits for its own last output, the processor works on the others.
-    const BiquadCoefs low = eqLow.plainCoefs ();
-    const BiquadCoefs mid = eqMid.plainCoefs ();
-    const BiquadCoefs high = eqHigh.plainCoefs ();
-    BiquadState lowState = eqLow.plainState ();
-    BiquadState midState = eqMid.plainState ();
-    BiquadState highState = eqHigh.plainState ();
-    for (std::size_t i = 0; i < count; ++i)
-    {
-        const double afterLow = processFirstOrder (low, lowState, samples[i]);
-        const double afterMid = processBiquad (mid, midState, afterLow);
-        samples[i] = processFirstOrder (high, highState, afterMid);
-    }
-    eqLow.plainState () = lowState;
-    eqMid.plainState () = midState;
-    eqHigh.plainState () = highState;
+bool Equalizer::isPlain () const
+{
+    return eqLow.isPlain () && eqMid.isPlain () && eqHigh.isPlain () && isFirstOrder (eqLow.plainCoefs ()) &&
+           isFirstOrder (eqHigh.plainCoefs ());
+}
+
+void Equalizer::gather (Recursions& r)
+{
+    r.low = eqLow.plainCoefs ();
+    r.lowState = eqLow.plainState ();
+    r.mid = eqMid.plainCoefs ();
+    r.midState = eqMid.plainState ();
+    r.high = eqHigh.plainCoefs ();
+    r.highState = eqHigh.plainState ();
+}
+
+void Equalizer::scatter (const Recursions& r)
+{
+    eqLow.plainState () = r.lowState;
+    eqMid.plainState () = r.midState;
+    eqHigh.plainState () = r.highState;
 }
 
 void Equalizer::clearState ()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "blend_biquad.h"
+#include "recursions.h"
 #include "shared_value.h"
 #include "strip_parameter.h"
 
@@ -28,6 +29,11 @@ public:
     /// Filters `count` samples in place.
     void process (double* samples, std::size_t count);
     void clearState (); ///< forgets the sound
+
+    // The same elsewhere, while no crossfade runs, beside the recursions of other stages: gather, run, scatter.
+    bool isPlain () const;
+    void gather (Recursions& r);
+    void scatter (const Recursions& r);
 
     /// Response of the settings as they are now, dB.
     /// @param frequency  Hz, limited to 0.48 of the sample rate

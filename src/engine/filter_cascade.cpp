@@ -86,7 +86,20 @@ void FilterCascade::designSmoother (double sampleRate, double f)
 
 void FilterCascade::process (double* samples, std::size_t count)
 {
-    process (samples, count, [] (double y) { return y; });
+    for (std::size_t k = 0; k < sectionCoefs.size (); ++k)
+        processBiquad (sectionCoefs[k], sectionState[k], samples, count);
+    if (hasFirstOrderStage == 0)
+        return;
+
+    const FirstOrderCoefs c = firstOrderCoefs;
+    FirstOrderState s = firstOrderState;
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        const double x = samples[i];
+        s = { x, c.b0 * x + c.b1 * s.x1 + c.a1 * s.y1 };
+        samples[i] = s.y1;
+    }
+    firstOrderState = s;
 }
 
 } // namespace tessaly

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "biquad.h"
+#include "biquad_process.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -40,10 +40,13 @@ public:
     /// Filters `count` samples in place.
     void process (double* samples, std::size_t count);
 
-    /// The same, and hands each sample on to `next`, whose result takes its place: two filters in one loop, so that the
-    /// processor works on one while the other waits for its last output.
-    template <typename Next>
-    void process (double* samples, std::size_t count, Next next);
+    // The first-order stage, in the form of a section of first order, to be run elsewhere and put back.
+    BiquadCoefs firstOrderSection () const
+    {
+        return { firstOrderCoefs.b0, firstOrderCoefs.b1, 0.0, firstOrderCoefs.a1, 0.0 };
+    }
+    BiquadState firstOrderSectionState () const { return { firstOrderState.x1, 0.0, firstOrderState.y1, 0.0 }; }
+    void putFirstOrderState (const BiquadState& state) { firstOrderState = { state.s0, state.s2 }; }
 
 private:
     /// y[n] = b0 x[n] + b1 x[n-1] + a1 y[n-1]; a1 is added, as in the sections.
@@ -69,22 +72,5 @@ private:
     std::uint32_t hasFirstOrderStage = 0;
     std::uint32_t order = 0;
 };
-
-template <typename Next>
-void FilterCascade::process (double* samples, std::size_t count, Next next)
-{
-    for (std::size_t k = 0; k < sectionCoefs.size (); ++k)
-        processBiquad (sectionCoefs[k], sectionState[k], samples, count);
-    // Without the first-order stage its coefficients pass the sample on.
-    const FirstOrderCoefs c = hasFirstOrderStage != 0 ? firstOrderCoefs : FirstOrderCoefs{ 1.0, 0.0, 0.0 };
-    FirstOrderState s = firstOrderState;
-    for (std::size_t i = 0; i < count; ++i)
-    {
-        const double x = samples[i];
-        s = { x, c.b0 * x + c.b1 * s.x1 + c.a1 * s.y1 };
-        samples[i] = next (s.y1);
-    }
-    firstOrderState = s;
-}
 
 } // namespace tessaly

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "block_math.h"
+#include "recursions.h"
 #include <cstddef>
 
 namespace tessaly
@@ -14,7 +16,7 @@ namespace tessaly
 /// attack's curve. The 0.00018 is a step per sample at every rate.
 ///
 /// Since A r^2 is that 0.00018, the squares come to D (A D + 2 A r) and D (A D / 8 + 2 A r), D not below -8 r: the form
-/// used here, since each sample waits for the one before it and this chain is the shorter. Audio thread.
+/// used in BlockMath::run, since each sample waits for the one before it and this chain is the shorter. Audio thread.
 class LevelDetector
 {
 public:
@@ -25,7 +27,8 @@ public:
     /// Replaces the level of each sample, -1.5 and up, by the detector's.
     void follow (double* levels, std::size_t count);
 
-    double level () const { return detectorLevel; }
+    void gather (Recursions& r) const;
+    void scatter (const Recursions& r) { detectorLevel = r.detected; }
     void reset () { detectorLevel = kLowestLevel; }
 
 private:
@@ -37,8 +40,10 @@ private:
     double rise = 0.0;        // A
     double fall = 0.0;        // A / 8
     double approach = 0.0;    // 2 A r
+    double slowest = 0.0;     // A r
     double deepest = 0.0;     // -8 r
     double fastestFall = 0.0; // -0.4 releaseCoef
+    const BlockMath& math = blockMath ();
 };
 
 } // namespace tessaly

@@ -1,5 +1,7 @@
 #include "equalizer_design.h"
 
+#include "biquad_process.h"
+
 #include "measure.h"
 #include <algorithm>
 #include <doctest/doctest.h>
