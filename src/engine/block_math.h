@@ -13,7 +13,7 @@ inline constexpr std::size_t kChunkSamples = 64;
 
 /// The parts of the strip that work on each sample by itself, in vector arithmetic. The logarithm and the power are polynomials in
 /// double precision, within 2e-13 (levels, absolute; gains, relative) of the exact function; a test holds them to it.
-/// Every version does the same operations in the same order without fused ones, so all give the same bits.
+/// Versions differ by the rounding of fused multiply-adds alone.
 ///
 /// Arrays hold `count` values, at most kChunkSamples, and do not overlap. Audio thread; nothing is kept.
 struct BlockMath

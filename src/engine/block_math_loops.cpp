@@ -31,6 +31,16 @@ double numberOf (Bits x)
     return __builtin_bit_cast(double, x);
 }
 
+/// a b + c, in one rounding where the processor has it: half the wait.
+double multiplyAdd (double a, double b, double c)
+{
+#ifdef __FMA__
+    return __builtin_fma (a, b, c);
+#else
+    return a * b + c;
+#endif
+}
+
 constexpr Bits kFraction = 0x000FFFFFFFFFFFFF;
 constexpr Bits kOne = 0x3FF0000000000000;      // 1.0
 constexpr Bits kRootHalf = 0x3FE6A09E667F3BCD; // sqrt (1/2)
@@ -47,12 +57,12 @@ double log2Of (double x)
     const double f = (m - 1.0) / (m + 1.0);
     const double f2 = f * f;
     double series = 1.0 / 15.0;
-    series = series * f2 + 1.0 / 13.0;
-    series = series * f2 + 1.0 / 11.0;
-    series = series * f2 + 1.0 / 9.0;
-    series = series * f2 + 1.0 / 7.0;
-    series = series * f2 + 1.0 / 5.0;
-    series = series * f2 + 1.0 / 3.0;
+    series = multiplyAdd (series, f2, 1.0 / 13.0);
+    series = multiplyAdd (series, f2, 1.0 / 11.0);
+    series = multiplyAdd (series, f2, 1.0 / 9.0);
+    series = multiplyAdd (series, f2, 1.0 / 7.0);
+    series = multiplyAdd (series, f2, 1.0 / 5.0);
+    series = multiplyAdd (series, f2, 1.0 / 3.0);
     constexpr double kTwoOverLn2 = 2.8853900817779268;
     return k + (f + f * (f2 * series)) * kTwoOverLn2;
 }
@@ -67,17 +77,17 @@ double exp2Of (double y)
     const double shifted = y + kRounding;
     const double t = (y - (shifted - kRounding)) * kLn2;
     double series = 1.0 / 39916800.0;
-    series = series * t + 1.0 / 3628800.0;
-    series = series * t + 1.0 / 362880.0;
-    series = series * t + 1.0 / 40320.0;
-    series = series * t + 1.0 / 5040.0;
-    series = series * t + 1.0 / 720.0;
-    series = series * t + 1.0 / 120.0;
-    series = series * t + 1.0 / 24.0;
-    series = series * t + 1.0 / 6.0;
-    series = series * t + 1.0 / 2.0;
-    series = series * t + 1.0;
-    series = series * t + 1.0;
+    series = multiplyAdd (series, t, 1.0 / 3628800.0);
+    series = multiplyAdd (series, t, 1.0 / 362880.0);
+    series = multiplyAdd (series, t, 1.0 / 40320.0);
+    series = multiplyAdd (series, t, 1.0 / 5040.0);
+    series = multiplyAdd (series, t, 1.0 / 720.0);
+    series = multiplyAdd (series, t, 1.0 / 120.0);
+    series = multiplyAdd (series, t, 1.0 / 24.0);
+    series = multiplyAdd (series, t, 1.0 / 6.0);
+    series = multiplyAdd (series, t, 1.0 / 2.0);
+    series = multiplyAdd (series, t, 1.0);
+    series = multiplyAdd (series, t, 1.0);
     return series * numberOf ((bitsOf (shifted) << 52) + kOne);
 }
 
@@ -179,14 +189,15 @@ double gains (const double* level, const double* slope, double halfWidth, double
 
 double throughSection (const BiquadCoefs& c, BiquadState& s, double x)
 {
-    const double y = c.c0 * x + c.c1 * s.s0 + c.c2 * s.s1 + c.c4 * s.s3 + c.c3 * s.s2;
+    const double known = multiplyAdd (c.c1, s.s0, multiplyAdd (c.c2, s.s1, c.c4 * s.s3));
+    const double y = multiplyAdd (c.c3, s.s2, multiplyAdd (c.c0, x, known)); // the last output last: all wait for it
     s = { x, s.s0, y, s.s2 };
     return y;
 }
 
 double throughFirstOrder (const BiquadCoefs& c, BiquadState& s, double x)
 {
-    const double y = c.c0 * x + c.c1 * s.s0 + c.c3 * s.s2;
+    const double y = multiplyAdd (c.c3, s.s2, multiplyAdd (c.c0, x, c.c1 * s.s0));
     s.s0 = x;
     s.s2 = y;
     return y;
@@ -207,13 +218,13 @@ void runParts (Recursions& recursions, double* level, double* sideChain, double*
             const double D = L - r.detected;
             if (D > 0)
             {
-                const double rise = (r.rise * L + r.approach) - r.rise * r.detected;
-                r.detected += D * (rise < kLargestRise ? rise : kLargestRise);
+                const double rise = multiplyAdd (-r.rise, r.detected, multiplyAdd (r.rise, L, r.approach));
+                r.detected = multiplyAdd (D, rise < kLargestRise ? rise : kLargestRise, r.detected);
             }
             else
             {
                 const double d = D > r.deepest ? D : r.deepest;
-                const double pull = (r.fall * L + r.approach) - r.fall * r.detected;
+                const double pull = multiplyAdd (-r.fall, r.detected, multiplyAdd (r.fall, L, r.approach));
                 const double fall = d * (pull > r.slowest ? pull : r.slowest);
                 r.detected += fall > r.fastestFall ? fall : r.fastestFall;
             }
