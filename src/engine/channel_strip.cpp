@@ -158,7 +158,7 @@ double Channel_Strip::processInTurn (double* y, std::size_t count, bool compress
 /// listens to the next and the equalizer works on the one before. @return the compressor's smallest gain
 double Channel_Strip::processTogether (double* y, std::size_t count)
 {
-    static constexpr std::size_t kPiece = 16;
+    static constexpr std::size_t kPiece = 32;
     double sideChain[kChunkSamples];
     double level[kChunkSamples];
     std::copy_n (y, count, sideChain);
