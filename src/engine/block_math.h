@@ -11,9 +11,9 @@ struct Recursions;
 /// The samples that stages hand on at once: long enough for the vector loops, short enough for the first-level cache.
 inline constexpr std::size_t kChunkSamples = 64;
 
-/// The parts of the strip that work on each sample by itself, in vector arithmetic. The logarithm and the power are polynomials in
+/// The inner loops of the strip, built for several widths of vectors. The logarithm and the power are polynomials in
 /// double precision, within 2e-13 (levels, absolute; gains, relative) of the exact function; a test holds them to it.
-/// Versions differ by the rounding of fused multiply-adds alone.
+/// The widths differ by the rounding of fused multiply-adds alone.
 ///
 /// Arrays hold `count` values, at most kChunkSamples, and do not overlap. Audio thread; nothing is kept.
 struct BlockMath

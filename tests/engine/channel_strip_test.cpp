@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <atomic>
 #include <doctest/doctest.h>
+#include <limits>
 #include <random>
 #include <thread>
 
@@ -173,6 +174,48 @@ TEST_CASE ("Channel_Strip: settings read back in their units, steps are truncate
     CHECK (test.strip.bandGain (0) == -1.0);
     test.strip.SetSampleRateOld (48000.5);
     CHECK (test.strip.GetTail () == 336003);
+}
+
+TEST_CASE ("Channel_Strip: samples that are no numbers are gone in the next block, from sound, detector and meters")
+{
+    const std::vector<float> tone = whiteNoise (4096);
+    for (const float bad : { std::numeric_limits<float>::quiet_NaN (), std::numeric_limits<float>::infinity () })
+    {
+        StripUnderTest test;
+        StripUnderTest clean;
+        for (StripUnderTest* strip : { &test, &clean })
+            strip->set (StripParameter::drive, 150);
+        test.run (tone);
+        std::vector<float> poisoned = tone;
+        poisoned[2000] = bad;
+        test.run (poisoned);
+        std::vector<float> after = test.run (tone);
+        CHECK (std::ranges::all_of (after, [] (float x) { return std::isfinite (x) && std::abs (x) < 4.0F; }));
+        for (int block = 0; block < 200; ++block)
+            after = test.run (tone);
+        std::vector<float> expected;
+        for (int block = 0; block < 203; ++block)
+            expected = clean.run (tone);
+        CHECK (std::ranges::equal (after, expected, [] (float x, float y) { return std::abs (x - y) < 1e-6F; }));
+        CHECK (test.published == clean.published);
+    }
+}
+
+TEST_CASE ("Channel_Strip: steps beyond all scales and rates of nothing leave the sound finite, what was there goes on")
+{
+    for (int index = 0; index < 22; ++index)
+        for (const float step : { -1e30F, -7.0F, 999.0F, 1e30F, std::numeric_limits<float>::quiet_NaN () })
+        {
+            StripUnderTest test;
+            test.SetParameter (index, step);
+            test.strip.SetSampleRateOld (0.0);
+            test.strip.SetSampleRateOld (std::numeric_limits<double>::quiet_NaN ());
+            test.strip.ResumeOld ();
+            const auto out = test.run (whiteNoise (2048));
+            CAPTURE (index);
+            CAPTURE (step);
+            CHECK (std::ranges::none_of (out, [] (float x) { return std::isnan (x); }));
+        }
 }
 
 TEST_CASE ("Channel_Strip: settings and graphs on other threads disturb no sample, and the last settings hold")
