@@ -24,7 +24,7 @@ std::string Variable (const char* name)
     return value != nullptr ? value : "";
 }
 
-/// Only absolute folders count, as the XDG Base Directory Specification has it. @return empty otherwise
+/// Only absolute folders count, as the XDG rules for base directories have it. @return empty otherwise
 fs::path BelowDataFolder (const fs::path& folder)
 {
     return folder.is_absolute () ? folder / kBelowDataFolder : fs::path ();
