@@ -34,7 +34,7 @@ constexpr double gainDb (std::int32_t step)
 /// dB of the compressor's threshold
 constexpr double driveThreshold (std::int32_t step)
 {
-    return -step * 0.2;
+    return static_cast<double> (-std::int64_t{ step }) * 0.2; // any step has a negative in 64 bits
 }
 
 /// no unit, what "Drive" shows
