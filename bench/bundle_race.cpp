@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-// Runs VST 3 bundles against each other on the same sound, in turns within one run, since only ratios of such a run mean
-// anything. A lane is a chain of mono effects, each with settings by title and normalized value:
+// Runs VST 3 bundles against each other on the same sound, in turns within one run, since only ratios of such a run
+// mean anything. A lane is a chain of mono effects, each with settings by title and normalized value:
 //     bundle_race 'PATH/Our.vst3;Drive=0.8' 'PATH/Comp.vst3;Threshold=0.5 + PATH/EQ.vst3'
 // Prints the time of a sample of each lane, and the first lane's share of each other one.
 

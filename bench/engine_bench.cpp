@@ -148,7 +148,7 @@ void BothMeters (benchmark::State& state)
                    {
                        meters[which].beginBlock (kBlockSize);
                        for (std::size_t i = 0; i < kBlockSize; ++i)
-                           meters[which].feed (static_cast<double> (in[i]));
+                           meters[which].feedHighest (std::max (0.0, static_cast<double> (in[i])), 1);
                        out[which] = static_cast<float> (meters[which].reading ());
                    }
                });

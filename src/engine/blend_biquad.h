@@ -20,8 +20,8 @@ namespace tessaly
 class BlendBiquad
 {
 public:
-    /// Makes `coefs` the filter to change to; a crossfade follows even if they are the present ones. A set with anything
-    /// that is not finite is not taken up: what was there goes on.
+    /// Makes `coefs` the filter to change to; a crossfade follows even if they are the present ones. A set with
+    /// anything that is not finite is not taken up: what was there goes on.
     void setTarget (const BiquadCoefs& coefs);
 
     /// Clears the state and takes the target up at once, without a crossfade.

@@ -7,8 +7,8 @@
 namespace tessaly
 {
 
-/// A value on its way to its target: exponential, with a time constant of 10 ms at every rate, plus a small fixed step a
-/// sample that makes it land exactly on the target in finite time. Once there it costs nothing. Audio thread.
+/// A value on its way to its target: exponential, with a time constant of 10 ms at every rate, plus a small fixed step
+/// a sample that makes it land exactly on the target in finite time. Once there it costs nothing. Audio thread.
 class Glide
 {
 public:

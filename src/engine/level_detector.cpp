@@ -34,7 +34,7 @@ void LevelDetector::gather (Recursions& r) const
 
 void LevelDetector::follow (double* levels, std::size_t count)
 {
-    Recursions r;
+    Recursions r{}; // the other parts stand still
     gather (r);
     math.run (r, levels, nullptr, nullptr, count);
     scatter (r);

@@ -5,10 +5,10 @@
 namespace tessaly
 {
 
-/// Everything in the strip that has to wait for its own last sample, side by side: the detector, the side chain's filters
-/// and the equalizer, in their steady state. Each of the three alone leaves the processor idle most of the time; run on
-/// neighbouring stretches of sound in one loop (BlockMath::run) they cost little more than the detector alone.
-/// A record of one chunk: gathered from the stages, run, and given back to them.
+/// Everything in the strip that has to wait for its own last sample, side by side: the detector, the side chain's
+/// filters and the equalizer, in their steady state. Each of the three alone leaves the processor idle most of the
+/// time; run on neighbouring stretches of sound in one loop (BlockMath::run) they cost little more than the detector
+/// alone. A record of one chunk: gathered from the stages, run, and given back to them.
 struct Recursions
 {
     // Level detector (level_detector.h): A, A/8, 2 A r, A r, -8 r, -0.4 releaseCoef, and the level.

@@ -1,5 +1,6 @@
 #include "strip_meter.h"
 
+#include "block_math.h"
 #include "measure.h"
 #include "meter_scales.h"
 #include <doctest/doctest.h>
@@ -14,8 +15,11 @@ namespace
 double readingAfter (StripMeter& meter, const std::vector<double>& block)
 {
     meter.beginBlock (static_cast<std::uint32_t> (block.size ()));
-    for (const double v : block)
-        meter.feed (v);
+    for (const double v : block) // as the strip does it, a sample at a time
+    {
+        float rounded = 0.0F;
+        meter.feedHighest (blockMath ().roundToOutput (&v, &rounded, 1), 1);
+    }
     return meter.reading ();
 }
 
@@ -25,8 +29,8 @@ TEST_CASE ("StripMeter: reads the positive half of the wave and what lies beyond
 {
     StripMeter meter;
     CHECK (readingAfter (meter, { -0.9, -1.0 }) == 0.0);
-    CHECK (readingAfter (meter, { 0.2, 0.1, -0.9 }) == 0.2);
-    CHECK (readingAfter (meter, { 0.2, -1.5, 1.2 }) == 1.5);
+    CHECK (readingAfter (meter, { 0.25, 0.1, -0.9 }) == 0.25);
+    CHECK (readingAfter (meter, { 0.25, -1.5, 1.2 }) == 1.5);
     CHECK (readingAfter (meter, { 0.0 }) == Approx (1.5 * 0.92));
     CHECK (readingAfter (meter, { 0.0, 0.0, 0.0, 0.0 }) == Approx (1.5 * 0.92 * 0.92));
     CHECK (readingAfter (meter, {}) == Approx (1.5 * 0.92 * 0.92));
