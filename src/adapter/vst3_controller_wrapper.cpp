@@ -8,8 +8,10 @@
 #include "parameter_ids.h"
 #include "parameter_storage_base.h"
 #include "plugin_config.h"
+#include "stored_value.h"
 #include "text_conversion.h"
 #include <chrono>
+#include <cmath>
 
 namespace tessaly
 {
@@ -214,6 +216,12 @@ void ZVst3ControllerWrapper::RefreshValues ()
                                                static_cast<double> (storage->GetNormalized (i)));
 }
 
+/// A host's value for a conversion; what is no number stands for the present value.
+Vst::ParamValue ZVst3ControllerWrapper::Usable (Vst::ParamID id, Vst::ParamValue normalized)
+{
+    return StoredValue (normalized).value_or (EditControllerEx1::getParamNormalized (id));
+}
+
 tresult PLUGIN_API ZVst3ControllerWrapper::setComponentState (IBStream*)
 {
     // The processor has filled the shared storage already, so there is nothing to read.
@@ -250,26 +258,28 @@ tresult PLUGIN_API ZVst3ControllerWrapper::getParamStringByValue (Vst::ParamID i
                                                                   Vst::String128 text)
 {
     OnHostCall ();
-    return EditControllerEx1::getParamStringByValue (id, normalized, text);
+    return EditControllerEx1::getParamStringByValue (id, Usable (id, normalized), text);
 }
 
 tresult PLUGIN_API ZVst3ControllerWrapper::getParamValueByString (Vst::ParamID id, Vst::TChar* text,
                                                                   Vst::ParamValue& normalized)
 {
     OnHostCall ();
-    return EditControllerEx1::getParamValueByString (id, text, normalized);
+    const tresult result = EditControllerEx1::getParamValueByString (id, text, normalized);
+    normalized = Usable (id, normalized); // "nan" and "inf" are numbers to a reader of text
+    return result;
 }
 
 Vst::ParamValue PLUGIN_API ZVst3ControllerWrapper::normalizedParamToPlain (Vst::ParamID id, Vst::ParamValue normalized)
 {
     OnHostCall ();
-    return EditControllerEx1::normalizedParamToPlain (id, normalized);
+    return EditControllerEx1::normalizedParamToPlain (id, Usable (id, normalized));
 }
 
 Vst::ParamValue PLUGIN_API ZVst3ControllerWrapper::plainParamToNormalized (Vst::ParamID id, Vst::ParamValue plain)
 {
     OnHostCall ();
-    return EditControllerEx1::plainParamToNormalized (id, plain);
+    return Usable (id, std::isnan (plain) ? plain : EditControllerEx1::plainParamToNormalized (id, plain));
 }
 
 tresult PLUGIN_API ZVst3ControllerWrapper::setComponentHandler (Vst::IComponentHandler* handler)
@@ -290,6 +300,10 @@ Vst::ParamValue PLUGIN_API ZVst3ControllerWrapper::getParamNormalized (Vst::Para
 tresult PLUGIN_API ZVst3ControllerWrapper::setParamNormalized (Vst::ParamID id, Vst::ParamValue value)
 {
     OnHostCall ();
+    const auto usable = StoredValue (value);
+    if (!usable)
+        return kResultFalse;
+    value = *usable;
     if (EditControllerEx1::getParamNormalized (id) == value)
         return kResultOk; // a host's repeat makes no trip through the effect
     const tresult result = EditControllerEx1::setParamNormalized (id, value);

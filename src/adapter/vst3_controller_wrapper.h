@@ -17,6 +17,9 @@ namespace tessaly
 /// storage of the effect, whose pointer the processor of the same process sends. A change goes straight into the shared
 /// effect, so this is the main road by which values reach the engine.
 ///
+/// A normalized value that a host hands in counts as the nearest end beyond 0 to 1. What is no number is refused when it
+/// is to be set, and otherwise stands for the parameter's present value; so no answer here is one that is no number.
+///
 /// Host's user-interface thread. Hosts without a run loop never call the timer; what is to happen by time is
 /// looked at on the calls that hosts make on that thread.
 class ZVst3ControllerWrapper final : public Steinberg::Vst::EditControllerEx1,
@@ -109,6 +112,7 @@ private:
     void BuildParameters ();
     void UpdateParameters (ZParameterStorageBase* newStorage);
     void RefreshValues ();
+    Steinberg::Vst::ParamValue Usable (Steinberg::Vst::ParamID id, Steinberg::Vst::ParamValue normalized);
     Steinberg::tresult ReportSideEffects (Steinberg::Vst::ParamID id, float value);
     void ReportToHost (std::int32_t index, float value);
     void EndAllEdits ();

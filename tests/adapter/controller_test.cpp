@@ -1,4 +1,5 @@
 #include "strip_in_host.h"
+#include <algorithm>
 #include <chrono>
 #include <doctest/doctest.h>
 #include <thread>
@@ -212,6 +213,45 @@ TEST_CASE ("A meter value goes to the meters only: no edit, no storage")
     CHECK (strip.instance.Parameters ().SetNormalized (0x10000002, 0.5) == kResultFalse);
     CHECK (strip.Calls (Kind::beginEdit).empty ());
     CHECK (strip.Calls (Kind::performEdit).empty ());
+}
+
+TEST_CASE ("A host's value beyond the range counts as its end, what is no number changes nothing and is never answered")
+{
+    StripInHost strip;
+    const auto access = strip.instance.Parameters ();
+    struct End
+    {
+        double sent, taken;
+    };
+    for (const Vst::ParamID id : { 0u, 4u, 18u, 20u, 21u, 0x10000000u })
+    {
+        CAPTURE (id);
+        for (const auto& [sent, taken] : { End{ HUGE_VAL, 1.0 }, { -HUGE_VAL, 0.0 }, { 1e300, 1.0 }, { -0.5, 0.0 } })
+        {
+            CHECK (access.SetNormalized (id, sent) == kResultOk);
+            CHECK (access.Normalized (id) == taken);
+            CHECK (access.ToPlain (id, sent) == access.ToPlain (id, taken));
+            CHECK (access.Text (id, sent) == access.Text (id, taken));
+            CHECK (std::clamp (access.ToNormalized (id, sent), 0.0, 1.0) == access.ToNormalized (id, sent));
+        }
+        access.SetNormalized (id, 1.0);
+        const double none = std::nan ("");
+        CHECK (access.SetNormalized (id, none) == kResultFalse);
+        CHECK (access.Normalized (id) == 1.0);
+        CHECK (access.ToPlain (id, none) == access.ToPlain (id, 1.0));
+        CHECK (access.Text (id, none) == access.Text (id, 1.0));
+        CHECK (access.ToNormalized (id, none) == 1.0);
+        for (const char* text : { "nan", "inf", "-inf", "1e999", "-1e999", "" })
+            if (const auto value = access.FromText (id, text))
+                CHECK ((*value >= 0.0 && *value <= 1.0));
+    }
+    CHECK (access.SetNormalized (99, 0.5) == kResultFalse);
+    CHECK (access.ToPlain (99, std::nan ("")) == 0.0);
+    for (const auto& call : strip.Calls (Kind::performEdit))
+        CHECK ((call.value >= 0.0 && call.value <= 1.0));
+    strip.Start ();
+    const auto out = strip.Run (0.5f, 512);
+    CHECK (std::all_of (out.begin (), out.end (), [] (float sample) { return std::isfinite (sample); }));
 }
 
 TEST_CASE ("Before the halves are connected the controller has no parameters")
