@@ -14,6 +14,7 @@
 #include "pluginterfaces/vst/ivstprocesscontext.h"
 #include "pluginterfaces/vst/vstspeaker.h"
 #include "result.h"
+#include "stored_value.h"
 #include "text_conversion.h"
 #include "truncate.h"
 #include "vst3_effect_wrapper_accessor.h"
@@ -28,12 +29,19 @@ using namespace Steinberg;
 namespace
 {
 
-constexpr std::int32_t kReservedPoints = 64;     // parameter points of a block before the queue allocates
+constexpr std::int32_t kReservedPoints = 64;     // parameter points of a block that wait for it at a time
 constexpr std::uint32_t kTimeInfoFlags = 0xFF0E; // transport and validity bits that the snapshot keeps
 
 bool IsOneSpeaker (const Vst::SpeakerArrangement* arrangements, int32 count)
 {
     return arrangements != nullptr && count > 0 && std::popcount (arrangements[0]) == 1;
+}
+
+/// A block without buses or without samples only carries parameters.
+bool HasAudio (const Vst::ProcessData& data)
+{
+    return data.numInputs > 0 && data.numOutputs > 0 && data.inputs != nullptr && data.outputs != nullptr &&
+           data.numSamples > 0;
 }
 
 } // namespace
@@ -227,13 +235,14 @@ tresult PLUGIN_API ZVst3EffectWrapper::process (Vst::ProcessData& data)
 {
     if (lastProcessMode == Vst::kOffline || data.processMode == Vst::kOffline)
         offlineLatch = true;
+    appliesPoints = offlineLatch && HasAudio (data) && data.symbolicSampleSize == Vst::kSample32;
     parameterQueue.Clear ();
     CollectParameterChanges (data.inputParameterChanges);
     CollectEvents (data.inputEvents);
     UpdateTimeInfo (data.processContext);
     if (data.numInputs == 0 || data.numOutputs == 0)
         return kResultOk;
-    if (data.inputs != nullptr && data.outputs != nullptr && data.numSamples > 0)
+    if (HasAudio (data))
         ProcessBlock (data);
     WriteMeters (data.outputParameterChanges);
     if (data.processMode != Vst::kOffline)
@@ -263,10 +272,14 @@ void ZVst3EffectWrapper::CollectParameterChanges (Vst::IParameterChanges* change
 
 void ZVst3EffectWrapper::CollectPoint (Vst::ParamID id, int32 sampleOffset, Vst::ParamValue value)
 {
+    const auto usable = StoredValue (value);
+    if (!usable)
+        return;
+    value = *usable;
     if (IsOrdinaryId (id))
     {
         UpdateBypass (id);
-        parameterQueue.Add (sampleOffset, id, static_cast<float> (value));
+        AddPoint (id, sampleOffset, static_cast<float> (value));
     }
     else if (IsMidiId (id) && effect)
     {
@@ -283,6 +296,21 @@ void ZVst3EffectWrapper::CollectPoint (Vst::ParamID id, int32 sampleOffset, Vst:
                                static_cast<std::uint8_t> ((bend >> 7) & 0x7F), sampleOffset);
         }
     }
+}
+
+/// Keeps the queue within its reserve: a full one is handed on early, as the core would do with the block's.
+void ZVst3EffectWrapper::AddPoint (Vst::ParamID id, int32 sampleOffset, float value)
+{
+    std::int32_t count = 0;
+    parameterQueue.GetCount (&count);
+    if (count == kReservedPoints)
+    {
+        ZPluginCore* core = nullptr;
+        if (appliesPoints && effect && effect->GetInfo (kCodeCore, &core) && core != nullptr)
+            core->ApplyParameterQueue (&parameterQueue);
+        parameterQueue.Clear ();
+    }
+    parameterQueue.Add (sampleOffset, id, value);
 }
 
 void ZVst3EffectWrapper::CollectEvents (Vst::IEventList* events)

@@ -21,6 +21,9 @@ struct ZAudioBlock;
 ///
 /// `process` runs on the audio thread, everything else on the host's main or set-up thread. Nothing here waits for
 /// anything while audio runs.
+///
+/// Parameter points: a value that is no number is dropped, one beyond 0 to 1 counts as the nearest end. The queue holds
+/// 64 points; a block with more hands them on in pieces of 64, in their order, so that no block allocates.
 class ZVst3EffectWrapper final : public Steinberg::Vst::AudioEffect, public ZEffectWrapper
 {
 public:
@@ -69,6 +72,7 @@ private:
     bool AddSideChain ();
     void CollectParameterChanges (Steinberg::Vst::IParameterChanges* changes);
     void CollectPoint (Steinberg::Vst::ParamID id, Steinberg::int32 sampleOffset, Steinberg::Vst::ParamValue value);
+    void AddPoint (Steinberg::Vst::ParamID id, Steinberg::int32 sampleOffset, float value);
     void CollectEvents (Steinberg::Vst::IEventList* events);
     void UpdateTimeInfo (const Steinberg::Vst::ProcessContext* context);
     void UpdateBypass (Steinberg::Vst::ParamID id);
@@ -84,7 +88,8 @@ private:
     ZParameterQueue parameterQueue;
     ZTimeInfo timeInfo;
     std::int32_t lastProcessMode = 0;
-    bool offlineLatch = false; // the block after the last offline one still counts as offline
+    bool offlineLatch = false;  // the block after the last offline one still counts as offline
+    bool appliesPoints = false; // the points of the block at hand will be applied, not dropped
     bool hasSideChain = false;
     bool stateLoaded = false; // a host has given a state
     ZVst3StateBlock stateBlock;

@@ -68,6 +68,47 @@ TEST_CASE ("A block's points are dropped in real time and applied offline, the f
     CHECK (GainAfterGlide (strip, { { kTotalGain, 1.0 } }) == doctest::Approx (before));
 }
 
+TEST_CASE ("Ten thousand points of one block leave what they leave one block each, in their order, offline only")
+{
+    std::vector<host::ParameterPoint> points;
+    for (const auto& [id, count] : { std::pair{ kTotalGain, 2904 }, { Vst::ParamID{ 20 }, 4096 }, { 0u, 3000 } })
+        for (int i = 0; i < count; ++i)
+            points.push_back ({ id, i % 97 / 96.0, i });
+    StripInHost together;
+    StripInHost apart;
+    const auto before = together.instance.SaveState ();
+    together.Start ();
+    together.Run (kQuiet, 4096, points);
+    CHECK (together.instance.SaveState () == before);
+
+    together.instance.Deactivate ();
+    together.Start (Vst::kOffline);
+    apart.Start (Vst::kOffline);
+    together.Run (kQuiet, 4096, points);
+    for (const auto& point : points)
+        apart.Run (kQuiet, 1, { { point.id, point.value } });
+    CHECK (together.instance.SaveState () == apart.instance.SaveState ());
+    CHECK (together.instance.SaveState () != before);
+}
+
+TEST_CASE ("A point that is no number is dropped, one beyond the range counts as its end")
+{
+    StripInHost strip;
+    strip.Start (Vst::kOffline);
+    const auto valueAfter = [&strip] (double value)
+    {
+        strip.Run (kQuiet, 16, { { kTotalGain, value } });
+        strip.instance.Controller ().setComponentState (nullptr);
+        return strip.instance.Parameters ().Normalized (kTotalGain);
+    };
+    CHECK (valueAfter (7.0) == 1.0);
+    CHECK (valueAfter (-HUGE_VAL) == 0.0);
+    CHECK (valueAfter (HUGE_VAL) == 1.0);
+    CHECK (valueAfter (-1e-9) == 0.0);
+    CHECK (valueAfter (0.25) == 0.25);
+    CHECK (valueAfter (std::nan ("")) == 0.25);
+}
+
 TEST_CASE ("Each block gives one point a meter at its first sample, a flush gives none, an empty block repeats them")
 {
     StripInHost strip;

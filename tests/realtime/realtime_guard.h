@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string_view>
+
+namespace tessaly::test
+{
+
+/// Watches the calling thread for as long as it lives: every call of the C library that takes or gives back memory,
+/// waits for another thread or enters the system is a hit, from whichever library it comes. One guard at a time a
+/// thread; other threads are not watched.
+///
+/// The program defines these functions itself (realtime_guard.cpp), so the loaded bundle calls them too; operator new
+/// and the locks of the C++ library come down to them.
+class RealtimeGuard
+{
+public:
+    RealtimeGuard ();
+    ~RealtimeGuard ();
+    RealtimeGuard (const RealtimeGuard&) = delete;
+    RealtimeGuard& operator= (const RealtimeGuard&) = delete;
+};
+
+/// What the calling thread's guards have seen so far.
+struct RealtimeHits
+{
+    int count = 0;
+    std::string_view first = "nothing"; ///< the function that was called first
+};
+
+RealtimeHits TakeRealtimeHits (); ///< and starts from none
+
+} // namespace tessaly::test

@@ -1,0 +1,196 @@
+#include "fixed_changes.h"
+#include "plugin_instance.h"
+#include "realtime_guard.h"
+#include <cstdlib>
+#include <doctest/doctest.h>
+#include <limits>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <thread>
+
+using namespace Steinberg;
+using namespace tessaly;
+using namespace tessaly::test;
+
+namespace
+{
+
+constexpr int32 kPromised = 512;
+constexpr int32 kLongest = 8 * kPromised;
+constexpr Vst::ParamID kMorph = 20;
+
+/// One block as a host hands it in; each case changes what it is about.
+struct Block
+{
+    Block ()
+    {
+        for (std::size_t i = 0; i < in.size (); ++i)
+            in[i] = 0.5f * static_cast<float> (i % 64) / 64.0f;
+        inputBus.numChannels = outputBus.numChannels = 1;
+        inputBus.channelBuffers32 = &inChannel;
+        outputBus.channelBuffers32 = &outChannel;
+        data.numSamples = kPromised;
+        data.numInputs = data.numOutputs = 1;
+        data.inputs = &inputBus;
+        data.outputs = &outputBus;
+        data.inputParameterChanges = &points;
+        data.outputParameterChanges = &meters;
+        data.processContext = &context;
+    }
+    void Fill (float value) { in.fill (value); }
+
+    std::array<float, kLongest> in{};
+    std::array<float, kLongest> out{};
+    float* inChannel = in.data ();
+    float* outChannel = out.data ();
+    Vst::AudioBusBuffers inputBus;
+    Vst::AudioBusBuffers outputBus;
+    FixedChanges points;
+    FixedChanges meters;
+    Vst::ProcessContext context{};
+    Vst::ProcessData data;
+};
+
+struct Case
+{
+    std::string name;
+    void (*arrange) (Block&);
+};
+
+const Case kCases[] = {
+    { "a usual block", [] (Block&) {} },
+    { "no samples", [] (Block& b) { b.data.numSamples = 0; } },
+    { "one sample", [] (Block& b) { b.data.numSamples = 1; } },
+    { "an odd count", [] (Block& b) { b.data.numSamples = 333; } },
+    { "more samples than were promised", [] (Block& b) { b.data.numSamples = kLongest; } },
+    { "no buses", [] (Block& b) { b.data.numInputs = b.data.numOutputs = 0; } },
+    { "null buses", [] (Block& b) { b.data.inputs = b.data.outputs = nullptr; } },
+    { "no channels", [] (Block& b) { b.inputBus.numChannels = b.outputBus.numChannels = 0; } },
+    { "null channel lists", [] (Block& b) { b.inputBus.channelBuffers32 = b.outputBus.channelBuffers32 = nullptr; } },
+    { "null channels", [] (Block& b) { b.inChannel = b.outChannel = nullptr; } },
+    { "in place", [] (Block& b) { b.outChannel = b.inChannel; } },
+    { "denormal input", [] (Block& b) { b.Fill (std::numeric_limits<float>::denorm_min ()); } },
+    { "input that is no number", [] (Block& b) { b.Fill (std::numeric_limits<float>::quiet_NaN ()); } },
+    { "silence flags",
+      [] (Block& b)
+      {
+          b.Fill (0.0f);
+          b.inputBus.silenceFlags = b.outputBus.silenceFlags = 1;
+      } },
+    { "nothing but the buses",
+      [] (Block& b)
+      {
+          b.data.inputParameterChanges = b.data.outputParameterChanges = nullptr;
+          b.data.processContext = nullptr;
+      } },
+    { "meters that are not taken", [] (Block& b) { b.meters.takesQueues = false; } },
+    { "points of every parameter and of none, with gaps between them",
+      [] (Block& b)
+      {
+          b.points.hasGaps = true;
+          for (const Vst::ParamID id : { 22u, 0x0FFFFFFFu, 0x10000000u, 0x20000007u, 0x20000081u, 0x30000000u })
+              b.points.Add (id, 3);
+          for (Vst::ParamID id = 0; id < 22; ++id)
+              b.points.Add (id, 3);
+      } },
+    { "a morph at every sample", [] (Block& b) { b.points.Add (kMorph, kPromised); } },
+    { "ten thousand points",
+      [] (Block& b)
+      {
+          for (Vst::ParamID id = 0; id < 20; ++id)
+              b.points.Add (id, 500);
+      } },
+};
+
+class Strip
+{
+public:
+    Strip ()
+    {
+        instance.Setup (48000.0, kPromised, Vst::kRealtime);
+        instance.Activate ();
+    }
+
+    /// Has a thread of its own process the block, so that what a thread does on first use counts too.
+    RealtimeHits Process (Block& block)
+    {
+        RealtimeHits hits;
+        tresult result = kResultFalse;
+        std::thread (
+            [&]
+            {
+                {
+                    const RealtimeGuard guard;
+                    result = instance.Processor ().process (block.data);
+                }
+                hits = TakeRealtimeHits ();
+            })
+            .join ();
+        CHECK (result == kResultOk);
+        return hits;
+    }
+
+    host::NamedHost context{ "realtime_tests" };
+    host::Bundle bundle{ TESSALY_BUNDLE };
+    host::PluginInstance instance{ bundle, context };
+};
+
+/// What a guard sees of `action`.
+template <typename Action>
+RealtimeHits Seen (Action&& action)
+{
+    {
+        const RealtimeGuard guard;
+        action ();
+    }
+    return TakeRealtimeHits ();
+}
+
+} // namespace
+
+TEST_CASE ("process takes no memory, waits for nobody and stays out of the system, whatever the block")
+{
+    for (const Case& scene : kCases)
+    {
+        Strip strip;
+        for (const int32 mode : { Vst::kRealtime, Vst::kPrefetch, Vst::kOffline, Vst::kRealtime })
+        {
+            CAPTURE (scene.name);
+            CAPTURE (mode);
+            // New designs wait for the audio thread, and fades are on their way.
+            strip.instance.Parameters ().SetNormalized (kMorph, mode == Vst::kOffline ? 0.2 : 0.7);
+            const auto block = std::make_unique<Block> ();
+            block->data.processMode = mode;
+            scene.arrange (*block);
+            for (int i = 0; i < 3; ++i)
+            {
+                const RealtimeHits hits = strip.Process (*block);
+                CAPTURE (hits.first);
+                CHECK (hits.count == 0);
+            }
+        }
+    }
+}
+
+TEST_CASE ("the guard sees memory, locks and waits, in this program and in the bundle, and nothing outside of it")
+{
+    std::mutex mutex;
+    void* volatile memory = nullptr;
+    CHECK (Seen ([&] { memory = std::malloc (10); }).first == "malloc");
+    CHECK (Seen ([&] { std::free (memory); }).first == "free");
+    CHECK (Seen ([&] { ::operator delete (::operator new (100)); }).count == 2);
+    CHECK (Seen ([&] { const std::scoped_lock lock (mutex); }).first == "pthread_mutex_lock");
+    CHECK (Seen ([&] { std::this_thread::yield (); }).first == "sched_yield");
+    CHECK (Seen ([&] { std::this_thread::sleep_for (std::chrono::nanoseconds (1)); }).count == 1);
+
+    Strip strip;
+    CHECK (Seen ([&] { strip.instance.Controller ().getParameterCount (); }).first ==
+           "pthread_mutex_lock"); // the list of live effects
+    const VST3::UID id = strip.bundle.FirstAudioEffect ().ID ();
+    CHECK (Seen ([&] { strip.bundle.Factory ().createInstance<Vst::IComponent> (id); }).first == "malloc");
+
+    memory = std::malloc (10);
+    std::free (memory);
+    CHECK (TakeRealtimeHits ().count == 0);
+}
