@@ -139,15 +139,6 @@ TEST_CASE ("State: 812 bytes that another instance gives back as they are, its c
     CHECK (other.Calls (host::HandlerCall::Kind::performEdit).empty ());
 }
 
-TEST_CASE ("State: the order of a host that sets every parameter first, and then the state, ends the same")
-{
-    StripInHost strip;
-    for (Vst::ParamID id = 0; id < 22; ++id)
-        strip.instance.Parameters ().SetNormalized (id, 1.0);
-    CHECK (Load (strip, Edited ()) == kResultOk);
-    CHECK (Saved (strip) == Edited ());
-}
-
 TEST_CASE ("State: nothing without an effect or a stream")
 {
     StripInHost strip;
