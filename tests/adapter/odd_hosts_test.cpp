@@ -138,6 +138,7 @@ TEST_CASE ("Odd hosts: calls left out, repeated or out of order leave an instanc
               CHECK (halves.controller->getParameterCount () == 24);
               halves.controller->setComponentState (nullptr);
               CHECK (halves.controller->getParamNormalized (0) == 0.25);
+              halves.componentPoint->disconnect (halves.controllerPoint); // or each keeps the other for ever
           } },
         { "terminated and initialized again",
           [&] (LooseHalves& halves)
@@ -157,6 +158,7 @@ TEST_CASE ("Odd hosts: calls left out, repeated or out of order leave an instanc
               halves.component->terminate ();
               halves.processor = nullptr;
               halves.component = nullptr;
+              CHECK (halves.controller->getParameterCount () == 0);
               CHECK (halves.controller->setParamNormalized (kMorph, 1.0) == kResultFalse);
           } },
         { "the controller gone first",
