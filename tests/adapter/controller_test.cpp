@@ -292,18 +292,6 @@ TEST_CASE ("Messages with a pointer are checked, and hearing them twice or in th
     CHECK (access.Normalized (0) == 0.25);
 }
 
-TEST_CASE ("The controller of a processor that went away without a word is left without parameters, and lives")
-{
-    host::InstanceOptions options;
-    options.connection = host::ConnectionKind::direct;
-    StripInHost strip (options);
-    auto& controller = strip.instance.Controller ();
-    REQUIRE (controller.getParameterCount () == 24);
-    strip.instance.Component ().terminate (); // no disconnect before it
-    CHECK (controller.getParameterCount () == 0);
-    CHECK (controller.setParamNormalized (kMorph, 1.0) == kResultFalse);
-}
-
 TEST_CASE ("The controller finds out by itself when the message of its processor's end was lost")
 {
     StripInHost strip; // its connection drops messages off the main thread

@@ -2,11 +2,9 @@
 #include "state_bytes.h"
 #include "strip_in_host.h"
 #include <algorithm>
-#include <atomic>
 #include <cstring>
 #include <doctest/doctest.h>
 #include <limits>
-#include <thread>
 
 using namespace Steinberg;
 using namespace tessaly;
@@ -216,33 +214,4 @@ TEST_CASE ("State: streams that fail, move little, cannot seek, lie or never end
     FaultyStream nothing;
     nothing.failsFrom = 0;
     CHECK (strip.instance.Component ().setState (&nothing) == kInternalError);
-}
-
-TEST_CASE ("State: saved and restored on one thread while another one processes")
-{
-    StripInHost strip;
-    strip.Start ();
-    std::atomic<bool> running = true;
-    std::atomic<bool> finite = true;
-    std::thread audio (
-        [&]
-        {
-            while (running)
-                for (const float sample : strip.Run (0.5f, 64))
-                    if (!std::isfinite (sample))
-                        finite = false;
-        });
-    const auto first = Edited (0.25f);
-    const auto second = Edited (0.75f);
-    bool same = true;
-    for (int i = 0; i < 50; ++i)
-    {
-        const auto& state = i % 2 == 0 ? first : second;
-        Load (strip, state);
-        same = same && Saved (strip) == state;
-    }
-    running = false;
-    audio.join ();
-    CHECK (same);
-    CHECK (finite);
 }

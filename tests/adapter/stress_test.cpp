@@ -176,9 +176,15 @@ TEST_CASE ("Stress: audio, the host's windows and its projects use one instance 
         CHECK (finite);
         CHECK (whole);
 
-        // Quiet again: what a state restores is what it saves.
+        // Quiet again: the last settings hold, in what is saved and in what is heard.
         strip.instance.LoadState (states[0]);
         CHECK (strip.instance.SaveState () == states[0]);
+        const double settledDb = engine.eqResponseDb (500.0, 0);
+        const double settledCurveDb = engine.compressorCurveDb (-10.0);
+        strip.instance.LoadState (states[1]);
+        strip.instance.LoadState (states[0]);
+        CHECK (engine.eqResponseDb (500.0, 0) == settledDb);
+        CHECK (engine.compressorCurveDb (-10.0) == settledCurveDb);
         strip.instance.Deactivate ();
         component->disconnect (&between);
     }

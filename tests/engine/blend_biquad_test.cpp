@@ -42,34 +42,6 @@ TEST_CASE ("BlendBiquad: a change is blended along a logistic curve of 10 ms, th
     }
 }
 
-TEST_CASE ("BlendBiquad: of the designs that arrive during a crossfade only the last is heard, after its end")
-{
-    StartedBiquad filter ({ 1.0 }, 44100);
-    filter.setTarget ({ 3.0 });
-    for (int i = 0; i < 441; ++i)
-    {
-        if (i == 100)
-            filter.setTarget ({ 1000.0 });
-        if (i == 200)
-            filter.setTarget ({ 7.0 });
-        CHECK (oneSample (filter, 1.0) == Approx (1 + 2 * weight (i, 441)).epsilon (1e-12));
-    }
-    for (int i = 0; i < 441; ++i)
-        CHECK (oneSample (filter, 1.0) == Approx (3 + 4 * weight (i, 441)).epsilon (1e-12));
-    CHECK (oneSample (filter, 1.0) == 7.0);
-}
-
-TEST_CASE ("BlendBiquad: the incoming filter starts from silence, even on unchanged coefficients, the old one rings on")
-{
-    const BiquadCoefs hold{ 1.0, 0.0, 0.0, 1.0, 0.0 }; // a sum: holds what it got
-    StartedBiquad filter (hold, 44100);
-    oneSample (filter, 5.0);
-    filter.setTarget (hold);
-    for (int i = 0; i < 441; ++i)
-        CHECK (oneSample (filter, 0.0) == Approx (5 * (1 - weight (i, 441))).epsilon (1e-9));
-    CHECK (oneSample (filter, 0.0) == 0.0);
-}
-
 TEST_CASE ("BlendBiquad: starting up forgets the sound and takes the target up at once, and its response shows before")
 {
     StartedBiquad filter ({ 1.0, 0.5, 0.5, 0.9, 0.0 }, 44100);

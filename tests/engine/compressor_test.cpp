@@ -91,22 +91,3 @@ TEST_CASE ("Compressor: the threshold is Drive plus offset, in limits, and a neg
         CHECK (tenOver - 10.0 / 3000 == Approx (thresholdDb).epsilon (1e-9));
     }
 }
-
-TEST_CASE ("Compressor: the side chain's peak makes it hear its own band louder")
-{
-    CompressorAtThirty compressor (kHardKnee);
-    compressor.setParameter (StripParameter::attack, 57);   // 0.092 ms
-    compressor.setParameter (StripParameter::release, 300); // 999 ms, so that it holds the peaks
-    const auto reductionAt = [&] (double frequency)
-    {
-        for (int n = 0; n < 88200; ++n)
-            oneSample (compressor, fromDb (-27) * std::sin (2 * std::numbers::pi * frequency * n / 44100));
-        return toDb (compressor.smallestGain ());
-    };
-    CHECK (reductionAt (10) > -0.1); // half the power passes the high-pass, which leaves the threshold
-    CHECK (reductionAt (1000) == Approx (-3.0).epsilon (0.03));
-    compressor.setParameter (StripParameter::sideChainFreq, 72); // 1 kHz
-    compressor.setParameter (StripParameter::sideChainGain, 300);
-    compressor.setParameter (StripParameter::sideChainQ, 24);
-    CHECK (reductionAt (1000) == Approx (-15.0).epsilon (0.01));
-}

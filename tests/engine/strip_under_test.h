@@ -19,7 +19,6 @@ public:
     {
     }
     void SetMeter (std::int32_t index, float value) override { published.at (std::size_t (index)) = value; }
-    void SetMeterDirect (std::int32_t index, float value) override { direct.at (std::size_t (index)) = value; }
     void SetParameter (std::int32_t index, float value) override { strip.SetParameter (index, value); }
 
     void set (StripParameter parameter, float step) { SetParameter (std::int32_t (parameter), step); }
@@ -32,7 +31,6 @@ public:
     }
 
     std::array<float, 2> published{ -1.0F, -1.0F };
-    std::array<float, 2> direct{ -1.0F, -1.0F };
     Channel_Strip strip{ this };
 };
 
