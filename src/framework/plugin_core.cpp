@@ -12,12 +12,14 @@ namespace
 
 constexpr double kSilenceThreshold = 0x1p-30; // linear, about -180 dB
 
+/// A host may leave out the memory of a channel, or of all.
 bool IsAudible (const ZAudioBlock& block)
 {
-    for (std::int32_t channel = 0; channel < block.numOutputChannels; ++channel)
+    for (std::int32_t channel = 0; block.outputs != nullptr && channel < block.numOutputChannels; ++channel)
     {
         const float* samples = block.outputs[channel];
-        if (std::any_of (samples, samples + std::max (block.numSamples, 0),
+        if (samples != nullptr &&
+            std::any_of (samples, samples + std::max (block.numSamples, 0),
                          [] (float sample) { return std::abs (static_cast<double> (sample)) >= kSilenceThreshold; }))
             return true;
     }

@@ -69,6 +69,13 @@ const Case kCases[] = {
     { "no channels", [] (Block& b) { b.inputBus.numChannels = b.outputBus.numChannels = 0; } },
     { "null channel lists", [] (Block& b) { b.inputBus.channelBuffers32 = b.outputBus.channelBuffers32 = nullptr; } },
     { "null channels", [] (Block& b) { b.inChannel = b.outChannel = nullptr; } },
+    { "doubles, silent, and no memory for them",
+      [] (Block& b)
+      {
+          b.data.symbolicSampleSize = Vst::kSample64;
+          b.inputBus.silenceFlags = 1;
+          b.inChannel = b.outChannel = nullptr;
+      } },
     { "in place", [] (Block& b) { b.outChannel = b.inChannel; } },
     { "denormal input", [] (Block& b) { b.Fill (std::numeric_limits<float>::denorm_min ()); } },
     { "input that is no number", [] (Block& b) { b.Fill (std::numeric_limits<float>::quiet_NaN ()); } },
