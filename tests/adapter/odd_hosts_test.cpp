@@ -140,6 +140,27 @@ TEST_CASE ("Odd hosts: calls left out, repeated or out of order leave an instanc
               CHECK (halves.controller->getParamNormalized (0) == 0.25);
               halves.componentPoint->disconnect (halves.controllerPoint); // or each keeps the other for ever
           } },
+        { "every message delivered twice, and to both halves",
+          [&] (LooseHalves& halves)
+          {
+              int messages = 0;
+              Relay doubling (
+                  [&] (Vst::IMessage* message)
+                  {
+                      ++messages;
+                      halves.componentPoint->notify (message);
+                      halves.controllerPoint->notify (message);
+                      halves.componentPoint->notify (message);
+                      return halves.controllerPoint->notify (message);
+                  });
+              CHECK (halves.componentPoint->connect (&doubling) == kResultOk);
+              CHECK (halves.controller->setParamNormalized (0, 0.25) == kResultOk);
+              active (halves);
+              CHECK (halves.controller->getParamNormalized (0) == 0.25);
+              halves.componentPoint->disconnect (&doubling);
+              CHECK (halves.controller->getParameterCount () == 0);
+              CHECK (messages == 4); // connected, mono, active, disconnected
+          } },
         { "terminated and initialized again",
           [&] (LooseHalves& halves)
           {

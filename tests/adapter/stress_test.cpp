@@ -19,35 +19,6 @@ namespace
 
 constexpr Vst::ParamID kMorph = 20;
 
-/// Stands between the halves and remembers the effect that goes by, as an editor would get it.
-class Listening final : public Vst::IConnectionPoint
-{
-public:
-    explicit Listening (Vst::IEditController& controller)
-        : next (&controller)
-    {
-    }
-    tresult PLUGIN_API connect (IConnectionPoint*) override { return kResultOk; }
-    tresult PLUGIN_API disconnect (IConnectionPoint*) override { return kResultOk; }
-    tresult PLUGIN_API notify (Vst::IMessage* message) override
-    {
-        const void* data = nullptr;
-        uint32 size = 0;
-        if (FIDStringsEqual (message->getMessageID (), "ConnectEffectPointer") &&
-            message->getAttributes ()->getBinary ("Ptr4", data, size) == kResultOk && size == sizeof (effect))
-            std::memcpy (&effect, data, size);
-        return next->notify (message);
-    }
-    tresult PLUGIN_API queryInterface (const TUID, void**) override { return kNoInterface; }
-    uint32 PLUGIN_API addRef () override { return 1; }
-    uint32 PLUGIN_API release () override { return 1; }
-
-    ZEffect* effect = nullptr; // not owned: the processor
-
-private:
-    FUnknownPtr<IConnectionPoint> next;
-};
-
 /// A seeded thread's choices.
 class Dice
 {
@@ -143,12 +114,23 @@ TEST_CASE ("Stress: audio, the host's windows and its projects use one instance 
         host::InstanceOptions options;
         options.connection = host::ConnectionKind::none;
         StripInHost strip (options);
-        Listening between (strip.instance.Controller ());
+        ZEffect* effect = nullptr; // as an editor gets it: not owned, the processor's
+        const FUnknownPtr<Vst::IConnectionPoint> controller (&strip.instance.Controller ());
+        Relay between (
+            [&] (Vst::IMessage* message)
+            {
+                const void* data = nullptr;
+                uint32 size = 0;
+                if (FIDStringsEqual (message->getMessageID (), "ConnectEffectPointer") &&
+                    message->getAttributes ()->getBinary ("Ptr4", data, size) == kResultOk && size == sizeof (effect))
+                    std::memcpy (&effect, data, size);
+                return controller->notify (message);
+            });
         const FUnknownPtr<Vst::IConnectionPoint> component (&strip.instance.Component ());
         REQUIRE (component->connect (&between) == kResultOk);
         ZPluginCore* core = nullptr;
-        REQUIRE (between.effect != nullptr);
-        REQUIRE (between.effect->GetInfo (kCodeCore, &core));
+        REQUIRE (effect != nullptr);
+        REQUIRE (effect->GetInfo (kCodeCore, &core));
         auto& engine = static_cast<Channel_Strip&> (*core);
         strip.Start (mode);
 
@@ -168,9 +150,15 @@ TEST_CASE ("Stress: audio, the host's windows and its projects use one instance 
                     if (!UseState (strip.instance.Component (), states, dice))
                         whole = false;
             });
-        Dice dice (3);
-        for (int i = 0; i < rounds; ++i)
-            UseControls (strip.instance.Controller (), engine, dice);
+        auto useControls = [&, dice = Dice (3)] () mutable
+        {
+            for (int i = 0; i < rounds; ++i)
+                UseControls (strip.instance.Controller (), engine, dice);
+        };
+        if (mode == Vst::kOffline) // some hosts set parameters from a thread of their own
+            std::thread (useControls).join ();
+        else
+            useControls ();
         audio.join ();
         projects.join ();
         CHECK (finite);

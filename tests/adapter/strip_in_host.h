@@ -4,6 +4,7 @@
 #include "pluginterfaces/vst/ivstmessage.h"
 #include <array>
 #include <cmath>
+#include <functional>
 #include <vector>
 
 /// The built bundle in a host, with what the host hears. One channel, 48 kHz unless a test sets it up anew.
@@ -76,6 +77,33 @@ class ContextReturn
 {
 public:
     ~ContextReturn () { LoadedBundle ().Factory ().setHostContext (nullptr); }
+};
+
+/// Stands between the halves, in place of the peer of one of them.
+class Relay final : public Steinberg::Vst::IConnectionPoint
+{
+public:
+    using Notify = std::function<Steinberg::tresult (Steinberg::Vst::IMessage*)>;
+
+    explicit Relay (Notify onMessage)
+        : notifyFunction (std::move (onMessage))
+    {
+    }
+    Steinberg::tresult PLUGIN_API connect (IConnectionPoint*) override { return Steinberg::kResultOk; }
+    Steinberg::tresult PLUGIN_API disconnect (IConnectionPoint*) override { return Steinberg::kResultOk; }
+    Steinberg::tresult PLUGIN_API notify (Steinberg::Vst::IMessage* message) override
+    {
+        return notifyFunction (message);
+    }
+    Steinberg::tresult PLUGIN_API queryInterface (const Steinberg::TUID, void**) override
+    {
+        return Steinberg::kNoInterface;
+    }
+    Steinberg::uint32 PLUGIN_API addRef () override { return 1; }
+    Steinberg::uint32 PLUGIN_API release () override { return 1; }
+
+private:
+    Notify notifyFunction;
 };
 
 /// One instance with a record of the controller's calls.
