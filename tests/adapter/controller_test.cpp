@@ -166,26 +166,6 @@ TEST_CASE ("With a run loop a 20 ms timer ends the brackets, whichever context o
     factory.setHostContext (nullptr);
 }
 
-TEST_CASE ("Tear-down ends what is still open, in both orders")
-{
-    for (const auto order : { host::TearDownOrder::controllerFirst, host::TearDownOrder::componentFirst })
-    {
-        std::vector<host::HandlerCall> heard;
-        host::InstanceOptions options;
-        options.tearDown = order;
-        options.onHandlerCall = [&heard] (const host::HandlerCall& call) { heard.push_back (call); };
-        {
-            StripInHost strip (options);
-            strip.instance.Parameters ().SetNormalized (kMorph, 1.0);
-        }
-        int open = 0;
-        for (const auto& call : heard)
-            open += call.kind == Kind::beginEdit ? 1 : call.kind == Kind::endEdit ? -1 : 0;
-        CHECK (heard.size () > 17);
-        CHECK (open == 0);
-    }
-}
-
 TEST_CASE ("A host that answers an edit with the same change gets no second trip through the effect")
 {
     host::InstanceOptions options;
