@@ -1,0 +1,56 @@
+#pragma once
+
+#include "pluginterfaces/gui/iplugview.h"
+
+#include <vector>
+
+namespace tessaly::soak
+{
+
+/// A run loop that runs its timers when told to, whatever the clock says. Not reference counted: the run owns it and
+/// keeps it longer than any instance.
+class HandRunLoop final : public Steinberg::Linux::IRunLoop
+{
+public:
+    void FireTimers ()
+    {
+        const auto copy = timers; // a timer may be taken out while it is called
+        for (auto* timer : copy)
+            timer->onTimer ();
+    }
+    std::size_t TimerCount () const { return timers.size (); }
+
+    Steinberg::tresult PLUGIN_API registerTimer (Steinberg::Linux::ITimerHandler* handler,
+                                                 Steinberg::Linux::TimerInterval) override
+    {
+        timers.push_back (handler);
+        return Steinberg::kResultOk;
+    }
+    Steinberg::tresult PLUGIN_API unregisterTimer (Steinberg::Linux::ITimerHandler* handler) override
+    {
+        return std::erase (timers, handler) != 0 ? Steinberg::kResultOk : Steinberg::kResultFalse;
+    }
+    Steinberg::tresult PLUGIN_API registerEventHandler (Steinberg::Linux::IEventHandler*,
+                                                        Steinberg::Linux::FileDescriptor) override
+    {
+        return Steinberg::kNotImplemented;
+    }
+    Steinberg::tresult PLUGIN_API unregisterEventHandler (Steinberg::Linux::IEventHandler*) override
+    {
+        return Steinberg::kNotImplemented;
+    }
+    Steinberg::tresult PLUGIN_API queryInterface (const Steinberg::TUID wanted, void** out) override
+    {
+        QUERY_INTERFACE (wanted, out, Steinberg::Linux::IRunLoop::iid, Steinberg::Linux::IRunLoop)
+        QUERY_INTERFACE (wanted, out, Steinberg::FUnknown::iid, Steinberg::Linux::IRunLoop)
+        *out = nullptr;
+        return Steinberg::kNoInterface;
+    }
+    Steinberg::uint32 PLUGIN_API addRef () override { return 1; }
+    Steinberg::uint32 PLUGIN_API release () override { return 1; }
+
+private:
+    std::vector<Steinberg::Linux::ITimerHandler*> timers; // not owned: the plug-in's
+};
+
+} // namespace tessaly::soak
