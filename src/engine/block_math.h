@@ -8,8 +8,9 @@ namespace tessaly
 
 struct Recursions;
 
-/// The samples that stages hand on at once: long enough for the vector loops, short enough for the first-level cache.
-inline constexpr std::size_t kChunkSamples = 64;
+/// The samples that stages hand on at once: long enough that beginning and ending a chunk weighs little, short enough for
+/// the first-level cache.
+inline constexpr std::size_t kChunkSamples = 256;
 
 /// The inner loops of the strip, built for several widths of vectors. The logarithm and the power are polynomials in
 /// double precision, within 2e-13 (levels, absolute; gains, relative) of the exact function; a test holds them to it.
@@ -38,6 +39,9 @@ struct BlockMath
     /// @return the smallest gain, at most 1
     double (*gains) (const double* level, const double* slope, double halfWidth, double curvature, double* gain,
                      std::size_t count);
+
+    /// Multiplies each sample by its factor.
+    void (*scale) (double* samples, const double* factor, std::size_t count);
 
     /// Runs each stretch through its part of the recursions, in place: `level` through the detector, `sideChain` through
     /// the side chain's filters, `y` through the equalizer. A null stretch leaves its part alone. The parts know nothing

@@ -31,16 +31,6 @@ double numberOf (Bits x)
     return __builtin_bit_cast(double, x);
 }
 
-/// a b + c, in one rounding where the processor has it: half the wait.
-double multiplyAdd (double a, double b, double c)
-{
-#ifdef __FMA__
-    return __builtin_fma (a, b, c);
-#else
-    return a * b + c;
-#endif
-}
-
 constexpr Bits kFraction = 0x000FFFFFFFFFFFFF;
 constexpr Bits kOne = 0x3FF0000000000000;      // 1.0
 constexpr Bits kRootHalf = 0x3FE6A09E667F3BCD; // sqrt (1/2)
@@ -57,38 +47,39 @@ double log2Of (double x)
     const double f = (m - 1.0) / (m + 1.0);
     const double f2 = f * f;
     double series = 1.0 / 15.0;
-    series = multiplyAdd (series, f2, 1.0 / 13.0);
-    series = multiplyAdd (series, f2, 1.0 / 11.0);
-    series = multiplyAdd (series, f2, 1.0 / 9.0);
-    series = multiplyAdd (series, f2, 1.0 / 7.0);
-    series = multiplyAdd (series, f2, 1.0 / 5.0);
-    series = multiplyAdd (series, f2, 1.0 / 3.0);
+    series = series * f2 + 1.0 / 13.0;
+    series = series * f2 + 1.0 / 11.0;
+    series = series * f2 + 1.0 / 9.0;
+    series = series * f2 + 1.0 / 7.0;
+    series = series * f2 + 1.0 / 5.0;
+    series = series * f2 + 1.0 / 3.0;
     constexpr double kTwoOverLn2 = 2.8853900817779268;
     return k + (f + f * (f2 * series)) * kTwoOverLn2;
 }
 
 /// 2^y for y from -1020 to 0: the whole part goes into the exponent, and for the rest r from -1/2 to 1/2
 ///     2^r = sum of (r ln 2)^n / n!
-/// Eleven terms behind the first leave 1e-14.
+/// Eleven terms behind the first leave 1e-14. Even and odd ones apart wait for each other half as long.
 double exp2Of (double y)
 {
     constexpr double kRounding = 6755399441055744.0; // 1.5 * 2^52: adding it leaves the whole part in the last bits
     constexpr double kLn2 = 0.6931471805599453;
     const double shifted = y + kRounding;
     const double t = (y - (shifted - kRounding)) * kLn2;
-    double series = 1.0 / 39916800.0;
-    series = multiplyAdd (series, t, 1.0 / 3628800.0);
-    series = multiplyAdd (series, t, 1.0 / 362880.0);
-    series = multiplyAdd (series, t, 1.0 / 40320.0);
-    series = multiplyAdd (series, t, 1.0 / 5040.0);
-    series = multiplyAdd (series, t, 1.0 / 720.0);
-    series = multiplyAdd (series, t, 1.0 / 120.0);
-    series = multiplyAdd (series, t, 1.0 / 24.0);
-    series = multiplyAdd (series, t, 1.0 / 6.0);
-    series = multiplyAdd (series, t, 1.0 / 2.0);
-    series = multiplyAdd (series, t, 1.0);
-    series = multiplyAdd (series, t, 1.0);
-    return series * numberOf ((bitsOf (shifted) << 52) + kOne);
+    const double t2 = t * t;
+    double even = 1.0 / 3628800.0;
+    even = even * t2 + 1.0 / 40320.0;
+    even = even * t2 + 1.0 / 720.0;
+    even = even * t2 + 1.0 / 24.0;
+    even = even * t2 + 1.0 / 2.0;
+    even = even * t2 + 1.0;
+    double odd = 1.0 / 39916800.0;
+    odd = odd * t2 + 1.0 / 362880.0;
+    odd = odd * t2 + 1.0 / 5040.0;
+    odd = odd * t2 + 1.0 / 120.0;
+    odd = odd * t2 + 1.0 / 6.0;
+    odd = odd * t2 + 1.0;
+    return (odd * t + even) * numberOf ((bitsOf (shifted) << 52) + kOne);
 }
 
 /// A linear congruential generator can be moved on by several numbers at once: n steps are
@@ -135,7 +126,7 @@ bool isFinite (const float* samples, std::size_t count)
     return largest < 0x7F800000;
 }
 
-bool addNoise (const float* in, std::uint32_t& state, double* out, std::size_t count)
+bool addNoise (const float* __restrict in, std::uint32_t& state, double* __restrict out, std::size_t count)
 {
     std::uint32_t present = state;
     std::size_t i = 0;
@@ -155,7 +146,7 @@ bool addNoise (const float* in, std::uint32_t& state, double* out, std::size_t c
     return isFinite (in, count);
 }
 
-void levels (const double* s, double floor, double thresholdLog, double* level, std::size_t count)
+void levels (const double* __restrict s, double floor, double thresholdLog, double* __restrict level, std::size_t count)
 {
     constexpr double kLog10Of2 = 0.3010299956639812;
     constexpr double kLowest = -1.5;
@@ -167,8 +158,8 @@ void levels (const double* s, double floor, double thresholdLog, double* level, 
     }
 }
 
-double gains (const double* level, const double* slope, double halfWidth, double curvature, double* gain,
-              std::size_t count)
+double gains (const double* __restrict level, const double* __restrict slope, double halfWidth, double curvature,
+              double* __restrict gain, std::size_t count)
 {
     constexpr double kLog2Of10 = 3.321928094887362;
     constexpr double kLowestExponent = -1020.0;
@@ -187,57 +178,128 @@ double gains (const double* level, const double* slope, double halfWidth, double
     return smallest;
 }
 
-double throughSection (const BiquadCoefs& c, BiquadState& s, double x)
+void scale (double* __restrict samples, const double* __restrict factor, std::size_t count)
 {
-    const double known = multiplyAdd (c.c1, s.s0, multiplyAdd (c.c2, s.s1, c.c4 * s.s3));
-    const double y = multiplyAdd (c.c3, s.s2, multiplyAdd (c.c0, x, known)); // the last output last: all wait for it
-    s = { x, s.s0, y, s.s2 };
-    return y;
+    for (std::size_t i = 0; i < count; ++i)
+        samples[i] *= factor[i];
 }
 
-double throughFirstOrder (const BiquadCoefs& c, BiquadState& s, double x)
+/// Two numbers in one step: the side chain and the equalizer begin with the same two kinds of section.
+using Pair = double __attribute__ ((vector_size (16)));
+
+/// A section in direct form 1 (biquad_process.h): of one sound in double, of two side by side in Pair.
+template <typename Number>
+struct Section
 {
-    const double y = multiplyAdd (c.c3, s.s2, multiplyAdd (c.c0, x, c.c1 * s.s0));
-    s.s0 = x;
-    s.s2 = y;
-    return y;
+    Number c0, c1, c2, c3, c4;
+    Number s0, s1, s2, s3;
+
+    Number throughSecondOrder (Number x)
+    {
+        const Number known = c2 * s1 + (c1 * s0 + c0 * x);
+        const Number y = c3 * s2 + (c4 * s3 + known); // the outputs last, since the next ones wait for them
+        s1 = s0;
+        s0 = x;
+        s3 = s2;
+        s2 = y;
+        return y;
+    }
+
+    Number throughFirstOrder (Number x)
+    {
+        const Number y = c3 * s2 + (c0 * x + c1 * s0);
+        s0 = x;
+        s2 = y;
+        return y;
+    }
+};
+
+Section<double> alone (const BiquadCoefs& c, const BiquadState& s)
+{
+    return { c.c0, c.c1, c.c2, c.c3, c.c4, s.s0, s.s1, s.s2, s.s3 };
+}
+
+Section<Pair> beside (const Section<double>& a, const Section<double>& b)
+{
+    return { Pair{ a.c0, b.c0 }, Pair{ a.c1, b.c1 }, Pair{ a.c2, b.c2 }, Pair{ a.c3, b.c3 }, Pair{ a.c4, b.c4 },
+             Pair{ a.s0, b.s0 }, Pair{ a.s1, b.s1 }, Pair{ a.s2, b.s2 }, Pair{ a.s3, b.s3 } };
+}
+
+BiquadState stateOf (const Section<double>& section)
+{
+    return { section.s0, section.s1, section.s2, section.s3 };
+}
+
+BiquadState stateOf (const Section<Pair>& section, int which)
+{
+    return { section.s0[which], section.s1[which], section.s2[which], section.s3[which] };
+}
+
+/// The detector's next level (level_detector.h). The way up and the way down are both worked out, and largest and smallest
+/// values choose: which way a sample goes is hard to foresee, and a wrong guess costs more. With the distance D,
+///     rise = A D^2 + 2 A r D        at most 0.925 D
+///     fall = A D^2 / 8 + 2 A r D    at most its chord A r D, which meets it at 0 and where it turns, at -8 r
+/// Above 0 the chord lies below the rise, below 0 the 0.925 D below the fall: the larger one holds. Below -8 r the chord
+/// leads under the fastest fall, which holds then.
+inline double follow (const Recursions& r, double detected, double level)
+{
+    constexpr double kLargestRise = 0.925; // of the distance
+    const double distance = level - detected;
+    // What the level brings is worked out ahead: from one sample to the next it is two steps and three choices.
+    const double rise = distance * (r.rise * level + r.approach - r.rise * detected) + detected;
+    const double fall = distance * (r.fall * level + r.approach - r.fall * detected) + detected;
+    const double highest = distance * kLargestRise + detected;
+    const double chord = distance * r.chord + detected;
+    const double lowest = detected + r.fastestFall;
+    const double limitedRise = rise < highest ? rise : highest;
+    const double limitedFall = fall < chord ? fall : chord;
+    const double next = limitedRise > limitedFall ? limitedRise : limitedFall;
+    return next > lowest ? next : lowest;
 }
 
 template <bool detects, bool listens, bool equalizes>
-void runParts (Recursions& recursions, double* level, double* sideChain, double* y, std::size_t count)
+void runParts (Recursions& recursions, double* __restrict level, double* __restrict sideChain, double* __restrict y,
+               std::size_t count)
 {
-    constexpr double kLargestRise = 0.925; // of the distance
-    Recursions r = recursions;
+    const Recursions r = recursions;
+    double detected = r.detected;
+    auto highPass = alone (r.highPass, r.highPassState);
+    auto sideChainEq = alone (r.sideChainEq, r.sideChainEqState);
+    auto low = alone (r.low, r.lowState);
+    auto mid = alone (r.mid, r.midState);
+    auto high = alone (r.high, r.highState);
+    auto highPassAndLow = beside (highPass, low);
+    auto sideChainEqAndMid = beside (sideChainEq, mid);
     for (std::size_t i = 0; i < count; ++i)
     {
         if constexpr (detects)
+            level[i] = detected = follow (r, detected, level[i]);
+        if constexpr (listens && equalizes)
         {
-            // What the level brings is worked out ahead, so that from one sample to the next it is a product, a
-            // difference, a limit, a product and a sum.
-            const double L = level[i];
-            const double D = L - r.detected;
-            if (D > 0)
-            {
-                const double rise = multiplyAdd (-r.rise, r.detected, multiplyAdd (r.rise, L, r.approach));
-                r.detected = multiplyAdd (D, rise < kLargestRise ? rise : kLargestRise, r.detected);
-            }
-            else
-            {
-                const double d = D > r.deepest ? D : r.deepest;
-                const double pull = multiplyAdd (-r.fall, r.detected, multiplyAdd (r.fall, L, r.approach));
-                const double fall = d * (pull > r.slowest ? pull : r.slowest);
-                r.detected += fall > r.fastestFall ? fall : r.fastestFall;
-            }
-            level[i] = r.detected;
+            const Pair both =
+                sideChainEqAndMid.throughSecondOrder (highPassAndLow.throughFirstOrder (Pair{ sideChain[i], y[i] }));
+            sideChain[i] = both[0];
+            y[i] = high.throughFirstOrder (both[1]);
         }
-        if constexpr (listens)
-            sideChain[i] = throughSection (r.sideChainEq, r.sideChainEqState,
-                                           throughFirstOrder (r.highPass, r.highPassState, sideChain[i]));
-        if constexpr (equalizes)
-            y[i] = throughFirstOrder (r.high, r.highState,
-                                      throughSection (r.mid, r.midState, throughFirstOrder (r.low, r.lowState, y[i])));
+        else if constexpr (listens)
+            sideChain[i] = sideChainEq.throughSecondOrder (highPass.throughFirstOrder (sideChain[i]));
+        else if constexpr (equalizes)
+            y[i] = high.throughFirstOrder (mid.throughSecondOrder (low.throughFirstOrder (y[i])));
     }
-    recursions = r;
+    constexpr bool both = listens && equalizes;
+    if constexpr (detects)
+        recursions.detected = detected;
+    if constexpr (listens)
+    {
+        recursions.highPassState = both ? stateOf (highPassAndLow, 0) : stateOf (highPass);
+        recursions.sideChainEqState = both ? stateOf (sideChainEqAndMid, 0) : stateOf (sideChainEq);
+    }
+    if constexpr (equalizes)
+    {
+        recursions.lowState = both ? stateOf (highPassAndLow, 1) : stateOf (low);
+        recursions.midState = both ? stateOf (sideChainEqAndMid, 1) : stateOf (mid);
+        recursions.highState = stateOf (high);
+    }
 }
 
 void run (Recursions& recursions, double* level, double* sideChain, double* y, std::size_t count)
@@ -256,7 +318,7 @@ void run (Recursions& recursions, double* level, double* sideChain, double* y, s
         runParts<false, false, true> (recursions, level, sideChain, y, count);
 }
 
-double roundToOutput (const double* y, float* out, std::size_t count)
+double roundToOutput (const double* __restrict y, float* __restrict out, std::size_t count)
 {
     float highest = 0.0f;
     for (std::size_t i = 0; i < count; ++i)
@@ -271,6 +333,6 @@ double roundToOutput (const double* y, float* out, std::size_t count)
 
 } // namespace
 
-const BlockMath TESSALY_BLOCK_MATH = { addNoise, levels, gains, run, roundToOutput };
+const BlockMath TESSALY_BLOCK_MATH = { addNoise, levels, gains, scale, run, roundToOutput };
 
 } // namespace tessaly

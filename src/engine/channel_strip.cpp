@@ -148,7 +148,7 @@ double Channel_Strip::processInTurn (double* y, std::size_t count, bool compress
 {
     if (compresses)
         compressor.process (y, count);
-    totalGain.scale (y, count, totalGainTarget, glideCoef);
+    math.scale (y, totalGain.next (count, totalGainTarget, glideCoef), count);
     if (equalizes)
         equalizer.process (y, count);
     return compresses ? compressor.smallestGain () : 1.0;
@@ -184,7 +184,7 @@ double Channel_Strip::processTogether (double* y, std::size_t count)
         if (!hasPrevious && at > 0)
             math.run (r, nullptr, nullptr, y + (at - kPiece), kPiece);
         smallestGain = std::min (smallestGain, compressor.applyGains (level + at, y + at, length));
-        totalGain.scale (y + at, length, totalGainTarget, glideCoef);
+        math.scale (y + at, totalGain.next (length, totalGainTarget, glideCoef), length);
     }
     const std::size_t last = (count - 1) / kPiece * kPiece;
     math.run (r, nullptr, nullptr, y + last, count - last);

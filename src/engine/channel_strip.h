@@ -72,7 +72,7 @@ private:
     // The audio thread's own.
     std::uint32_t noiseState = kNoiseSeed;
     double glideCoef = 0.0;
-    Glide totalGain{ 1.0 };
+    GlideRow totalGain{ 1.0 };
     Glide bypass{ 0.0 };
     const BlockMath& math = blockMath ();
     StripMeter gainReductionMeter; // of 1/gain, 1 and up

@@ -180,14 +180,12 @@ void Compressor::toLevels (const double* sideChain, double* level, std::size_t c
 
 double Compressor::applyGains (const double* level, double* samples, std::size_t count)
 {
-    double slopes[kChunkSamples];
     double gain[kChunkSamples];
-    slope.fill (slopes, count, slopeTarget, glideCoef);
+    const double* slopes = slope.next (count, slopeTarget, glideCoef);
     const KneeCurve curve = kneeCurve (effectiveKnee (detectedThresholdDb, knee));
     const double smallest = math.gains (level, slopes, curve.halfWidth, curve.curvature, gain, count);
-    for (std::size_t i = 0; i < count; ++i)
-        samples[i] *= gain[i];
-    makeup.scale (samples, count, makeupTarget, glideCoef);
+    math.scale (samples, gain, count);
+    math.scale (samples, makeup.next (count, makeupTarget, glideCoef), count);
     return smallest;
 }
 

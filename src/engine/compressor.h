@@ -85,8 +85,8 @@ private:
     BlendBiquad sideChainEq;
     LevelDetector detector;
     double glideCoef = 0.0;
-    Glide slope{ 0.0 };               // on its way to slopeTarget
-    Glide makeup{ 0.0 };              // on its way to makeupTarget
+    GlideRow slope{ 0.0 };            // on its way to slopeTarget
+    GlideRow makeup{ 0.0 };           // on its way to makeupTarget
     double detectedThresholdDb = 0.0; // in force since updateDetector; thresholdLinear is the same
     double thresholdLinear = 1.0;
     double compressorGain = 1.0;

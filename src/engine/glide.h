@@ -1,6 +1,9 @@
 #pragma once
 
+#include "block_math.h"
+
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 
@@ -27,9 +30,6 @@ public:
     /// Writes the next `count` values.
     void fill (double* values, std::size_t count, double target, double coef);
 
-    /// Multiplies each sample by its value.
-    void scale (double* samples, std::size_t count, double target, double coef);
-
 private:
     double current;
 };
@@ -54,11 +54,34 @@ inline void Glide::fill (double* values, std::size_t count, double target, doubl
             values[i] = next (target, coef);
 }
 
-inline void Glide::scale (double* samples, std::size_t count, double target, double coef)
+/// A glide by rows of values. A row that stands still is written once. Audio thread.
+class GlideRow
 {
-    const bool landed = hasLanded (target);
-    for (std::size_t i = 0; i < count; ++i)
-        samples[i] *= landed ? target : next (target, coef);
+public:
+    explicit GlideRow (double start)
+        : glide (start)
+    {
+    }
+
+    /// @param count  at most kChunkSamples
+    /// @return the next `count` values, until the next call
+    const double* next (std::size_t count, double target, double coef);
+
+private:
+    Glide glide;
+    std::array<double, kChunkSamples> values;
+    std::size_t standing = 0; // of `values`, at the beginning: the present value, on which the glide has landed
+};
+
+inline const double* GlideRow::next (std::size_t count, double target, double coef)
+{
+    const bool landed = glide.hasLanded (target);
+    if (!landed || standing < count)
+    {
+        glide.fill (values.data (), count, target, coef);
+        standing = landed ? count : 0;
+    }
+    return values.data ();
 }
 
 /// @param sampleRate  Hz, above 0

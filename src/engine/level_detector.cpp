@@ -1,5 +1,6 @@
 #include "level_detector.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tessaly
@@ -16,9 +17,8 @@ void LevelDetector::setTimes (double attackCoef, double releaseCoef)
     fall = rise / 8;
     const double r = std::sqrt (kOffset / rise);
     approach = 2 * rise * r;
-    slowest = rise * r;
-    deepest = -8 * r;
-    fastestFall = -0.4 * releaseCoef;
+    chord = rise * r;
+    fastestFall = std::max (-8 * kOffset, -0.4 * releaseCoef);
 }
 
 void LevelDetector::gather (Recursions& r) const
@@ -26,8 +26,7 @@ void LevelDetector::gather (Recursions& r) const
     r.rise = rise;
     r.fall = fall;
     r.approach = approach;
-    r.slowest = slowest;
-    r.deepest = deepest;
+    r.chord = chord;
     r.fastestFall = fastestFall;
     r.detected = detectorLevel;
 }

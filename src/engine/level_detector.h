@@ -40,9 +40,8 @@ private:
     double rise = 0.0;        // A
     double fall = 0.0;        // A / 8
     double approach = 0.0;    // 2 A r
-    double slowest = 0.0;     // A r
-    double deepest = 0.0;     // -8 r
-    double fastestFall = 0.0; // -0.4 releaseCoef
+    double chord = 0.0;       // A r
+    double fastestFall = 0.0; // the larger of -0.4 releaseCoef and where the attack's curve turns, -8 * 0.00018
     const BlockMath& math = blockMath ();
 };
 

@@ -11,12 +11,11 @@ namespace tessaly
 /// alone. A record of one chunk: gathered from the stages, run, and given back to them.
 struct Recursions
 {
-    // Level detector (level_detector.h): A, A/8, 2 A r, A r, -8 r, -0.4 releaseCoef, and the level.
+    // Level detector (level_detector.h): A, A/8, 2 A r, A r, the fastest fall, and the level.
     double rise;
     double fall;
     double approach;
-    double slowest;
-    double deepest;
+    double chord;
     double fastestFall;
     double detected;
 

@@ -25,3 +25,20 @@ TEST_CASE ("Glide: 1/e of the way is left after 10 ms at every rate, and it land
             CHECK (furthest == 1.0);
         }
 }
+
+TEST_CASE ("GlideRow: its rows are a glide's values, whatever their lengths, moving and standing")
+{
+    constexpr double kCoef = 0.05;
+    Glide glide (1.0);
+    GlideRow row (1.0);
+    bool equal = true;
+    for (const double target : { 1.0, 2.0, 1.0, 1.0, -3.0 })
+        for (const std::size_t count : { 7U, 256U, 32U, 256U, 256U, 1U, 64U })
+        {
+            const double* values = row.next (count, target, kCoef);
+            for (std::size_t i = 0; i < count; ++i)
+                equal = equal && values[i] == (glide.hasLanded (target) ? target : glide.next (target, kCoef));
+        }
+    CHECK (equal);
+    CHECK (glide.hasLanded (-3.0));
+}

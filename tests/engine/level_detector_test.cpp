@@ -3,6 +3,7 @@
 #include <cmath>
 #include <doctest/doctest.h>
 #include <initializer_list>
+#include <random>
 
 using namespace tessaly;
 using doctest::Approx;
@@ -68,4 +69,34 @@ TEST_CASE ("LevelDetector: it lands softly on a steady level, in silence on -1.5
         lowest = std::fmin (lowest, level = detector.detectLevel (0.0, 0.002, 0.0002));
     CHECK (level == Approx (-1.5).epsilon (1e-9));
     CHECK (lowest >= -1.5 - 1e-12);
+}
+
+TEST_CASE ("LevelDetector: it moves by its definition's squares, at any speed and over any distance")
+{
+    std::minstd_rand generator (1);
+    std::uniform_real_distribution<double> anyLevel (-1.5, 6.0);
+    for (const double attack : { 1.0, 0.2, 0.002, 1e-5 })
+        for (const double release : { 1.0, 0.002, 1e-6 })
+        {
+            LevelDetector detector;
+            detector.setTimes (attack, release);
+            const double A = 6.25 * attack;
+            const double r = std::sqrt (0.00018 / A);
+            double expected = -1.5;
+            double worst = 0.0;
+            for (int n = 0; n < 2000; ++n)
+            {
+                const double nearby = expected + r * (n % 7 - 5);
+                double level = n % 3 == 0 ? anyLevel (generator) : std::fmax (-1.5, nearby);
+                const double D = level - expected;
+                if (D > 0)
+                    expected += std::fmin (A * (r + D) * (r + D) - 0.00018, 0.925 * D);
+                else
+                    expected +=
+                        std::fmax (8 * (A * std::pow (std::fmax (r + D / 8, 0.0), 2) - 0.00018), -0.4 * release);
+                detector.follow (&level, 1);
+                worst = std::fmax (worst, std::abs (level - expected));
+            }
+            CHECK (worst < 1e-10);
+        }
 }
