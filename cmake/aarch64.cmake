@@ -1,0 +1,5 @@
+# Cross-builds for 64-bit ARM with Debian's compiler and runs the tests under QEMU; see scripts/cross-test.
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR aarch64)
+set(CMAKE_CXX_COMPILER aarch64-linux-gnu-g++)
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-aarch64 -L /usr/aarch64-linux-gnu)
