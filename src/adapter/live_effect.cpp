@@ -1,5 +1,8 @@
 #include "live_effect.h"
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
 #include <mutex>
 
 namespace tessaly
@@ -8,8 +11,17 @@ namespace tessaly
 namespace
 {
 
+constexpr std::size_t kLists = 1021; // a prime: effects lie at even distances
+
 std::mutex mutex;
-LiveEffect* first = nullptr; // not owned: each is a part of its processor
+std::array<LiveEffect*, kLists> lists{}; // not owned: each is a part of its processor
+
+/// The one of the lists that an effect belongs to.
+LiveEffect*& ListOf (const ZEffect* effect)
+{
+    constexpr std::uintptr_t kAlignment = 16;
+    return lists[reinterpret_cast<std::uintptr_t> (effect) / kAlignment % kLists];
+}
 
 } // namespace
 
@@ -17,6 +29,7 @@ void LiveEffect::Add (const ZEffect* newEffect)
 {
     Remove ();
     const std::scoped_lock lock (mutex);
+    LiveEffect*& first = ListOf (newEffect);
     effect = newEffect;
     next = first;
     first = this;
@@ -27,7 +40,7 @@ void LiveEffect::Remove ()
     if (effect == nullptr)
         return;
     const std::scoped_lock lock (mutex);
-    LiveEffect** link = &first;
+    LiveEffect** link = &ListOf (effect);
     while (*link != this)
         link = &(*link)->next;
     *link = next;
@@ -37,7 +50,7 @@ void LiveEffect::Remove ()
 bool LiveEffect::Contains (const ZEffect* effect)
 {
     const std::scoped_lock lock (mutex);
-    for (const LiveEffect* entry = first; entry != nullptr; entry = entry->next)
+    for (const LiveEffect* entry = ListOf (effect); entry != nullptr; entry = entry->next)
         if (entry->effect == effect)
             return true;
     return false;

@@ -5,11 +5,11 @@ namespace tessaly
 
 class ZEffect;
 
-/// One effect on the list of those that are alive in this module. The controller gets its effect as raw bytes in a
+/// One effect on the lists of those that are alive in this module. The controller gets its effect as raw bytes in a
 /// message, and hosts have been seen to deliver messages late, twice or to the wrong half: a pointer that is not listed
-/// is not used.
+/// is not used. Every call of the host asks, so there are many short lists, by the effect's address.
 ///
-/// Some hosts end instances on a thread of their own, so the list has a lock; the audio thread never comes here.
+/// Some hosts end instances on a thread of their own, so the lists have a lock; the audio thread never comes here.
 /// Nothing of it needs destruction: some hosts tear instances down from `exit`, after the module's statics have gone.
 class LiveEffect
 {
@@ -26,7 +26,7 @@ public:
 
 private:
     const ZEffect* effect = nullptr; // not owned: whoever owns this object
-    LiveEffect* next = nullptr;      // not owned: the next one listed
+    LiveEffect* next = nullptr;      // not owned: the next one of the same list
 };
 
 } // namespace tessaly
