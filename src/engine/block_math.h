@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace tessaly
 {
@@ -53,7 +54,10 @@ struct BlockMath
     double (*roundToOutput) (const double* y, float* out, std::size_t count);
 };
 
-/// The widest version that this processor runs; chosen once.
+/// The versions that this processor runs, from the plain one to the widest.
+std::span<const BlockMath* const> blockMathVersions ();
+
+/// The widest of them; chosen once.
 const BlockMath& blockMath ();
 
 } // namespace tessaly

@@ -312,6 +312,8 @@ void run (Recursions& recursions, double* level, double* sideChain, double* y, s
         runParts<true, false, true> (recursions, level, sideChain, y, count);
     else if (level)
         runParts<true, false, false> (recursions, level, sideChain, y, count);
+    else if (sideChain && y)
+        runParts<false, true, true> (recursions, level, sideChain, y, count);
     else if (sideChain)
         runParts<false, true, false> (recursions, level, sideChain, y, count);
     else if (y)
