@@ -10,7 +10,8 @@ namespace tessaly::test
 /// thread; other threads are not watched.
 ///
 /// The program defines these functions itself (realtime_guard.cpp), so the loaded bundle calls them too; operator new
-/// and the locks of the C++ library come down to them.
+/// and the locks of the C++ library come down to them. Where the kernel tells (Linux on x86-64), any call of it is a hit,
+/// by whichever way it is made, up to the first of a guard; elsewhere only the ones that are named there.
 class RealtimeGuard
 {
 public:
@@ -18,6 +19,8 @@ public:
     ~RealtimeGuard ();
     RealtimeGuard (const RealtimeGuard&) = delete;
     RealtimeGuard& operator= (const RealtimeGuard&) = delete;
+
+    static bool SeesAllSystemCalls (); ///< on this machine, from this thread
 };
 
 /// What the calling thread's guards have seen so far.

@@ -1,6 +1,7 @@
 #include "fixed_changes.h"
 #include "plugin_instance.h"
 #include "realtime_guard.h"
+#include <cstdio>
 #include <cstdlib>
 #include <doctest/doctest.h>
 #include <limits>
@@ -8,6 +9,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <unistd.h>
 
 using namespace Steinberg;
 using namespace tessaly;
@@ -189,7 +191,15 @@ TEST_CASE ("the guard sees memory, locks and waits, in this program and in the b
     CHECK (Seen ([&] { ::operator delete (::operator new (100)); }).count == 2);
     CHECK (Seen ([&] { const std::scoped_lock lock (mutex); }).first == "pthread_mutex_lock");
     CHECK (Seen ([&] { std::this_thread::yield (); }).first == "sched_yield");
-    CHECK (Seen ([&] { std::this_thread::sleep_for (std::chrono::nanoseconds (1)); }).count == 1);
+    CHECK (Seen ([&] { std::this_thread::sleep_for (std::chrono::nanoseconds (1)); }).first == "nanosleep");
+    if (RealtimeGuard::SeesAllSystemCalls ())
+    {
+        pid_t parent = 0;
+        CHECK (Seen ([&] { parent = ::getppid (); }).count == 1);
+        CHECK (parent == ::getppid ());
+        CHECK (Seen ([] { std::fputs ("", stderr), std::fflush (stderr); }).count == 0);
+        CHECK (Seen ([] { std::fputs ("(a line that the guard sees)\n", stderr); }).first == "a system call");
+    }
 
     Strip strip;
     CHECK (Seen ([&] { strip.instance.Controller ().getParameterCount (); }).first ==
