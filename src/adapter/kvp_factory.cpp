@@ -6,16 +6,20 @@
 #include "channel_strip_storage.h"
 #include "key_point_folders.h"
 
+#include <mutex>
+
 namespace tessaly
 {
 
 namespace
 {
+std::mutex mutex;                // needs no destruction: some hosts tear instances down from `exit`
 ZKvpFactory* instance = nullptr; // counted by its users
 } // namespace
 
 ZKvpFactory* ZKvpFactory::GetInstance ()
 {
+    const std::scoped_lock lock (mutex);
     if (instance != nullptr)
         ++instance->references;
     else
@@ -25,6 +29,7 @@ ZKvpFactory* ZKvpFactory::GetInstance ()
 
 void ZKvpFactory::Release ()
 {
+    const std::scoped_lock lock (mutex);
     if (--references == 0)
         delete this;
 }

@@ -12,7 +12,7 @@ class ZParameterStorageBase;
 class ZPluginCore;
 
 /// The object factory of the framework: what an instance is made of. One object per loaded library, counted by hand
-/// since both halves of every instance hold it; called on the host's main thread.
+/// since both halves of every instance hold it. Any thread: some hosts make and end instances on threads of their own.
 class ZKvpFactory
 {
 public:

@@ -2,10 +2,12 @@
 #include "strip_in_host.h"
 #include "temp_folder.h"
 #include <algorithm>
+#include <atomic>
 #include <dlfcn.h>
 #include <doctest/doctest.h>
 #include <functional>
 #include <numeric>
+#include <thread>
 
 using namespace Steinberg;
 using namespace tessaly;
@@ -320,6 +322,37 @@ TEST_CASE ("Odd hosts: blocks of any sizes, and a rate that changes between them
         return sound;
     };
     CHECK (played (true) == played (false));
+}
+
+TEST_CASE ("Odd hosts: instances that are made, used and ended on threads of their own do not meet")
+{
+    const auto& factory = LoadedBundle ().Factory ();
+    std::atomic<int> good = 0;
+    const auto live = [&factory, &good] (int lives)
+    {
+        host::NamedHost context ("many threads");
+        for (int i = 0; i < lives; ++i)
+        {
+            LooseHalves halves (factory);
+            halves.component->initialize (&context);
+            halves.controller->initialize (&context);
+            halves.componentPoint->connect (halves.controllerPoint);
+            const double value = i % 8 / 8.0;
+            halves.controller->setParamNormalized (kTotalGain, value);
+            halves.controller->setParamNormalized (kMorph, value);
+            good += halves.controller->getParamNormalized (kMorph) == value ? 1 : 0;
+            halves.component->terminate ();
+            good += halves.controller->getParameterCount () == 0 ? 1 : 0;
+            halves.controller->terminate ();
+        }
+    };
+    constexpr int kLives = 50;
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i)
+        threads.emplace_back (live, kLives);
+    for (std::thread& thread : threads)
+        thread.join ();
+    CHECK (good == 2 * 4 * kLives);
 }
 
 TEST_CASE ("Odd hosts: a view that there is none of is refused, by any name")
