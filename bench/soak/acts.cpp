@@ -194,6 +194,7 @@ void EditWhileAudioRuns (StripLife& life, Scene& scene)
         call = MakeAudioCall (scene.chance, life);
         call.hasInputChanges = false;
     }
+    std::exception_ptr audioFailure;
     std::exception_ptr failure;
     std::thread audio (
         [&]
@@ -205,7 +206,7 @@ void EditWhileAudioRuns (StripLife& life, Scene& scene)
             }
             catch (...)
             {
-                failure = std::current_exception ();
+                audioFailure = std::current_exception ();
             }
         });
     try
@@ -221,8 +222,8 @@ void EditWhileAudioRuns (StripLife& life, Scene& scene)
         failure = std::current_exception ();
     }
     audio.join ();
-    if (failure)
-        std::rethrow_exception (failure);
+    if (audioFailure || failure)
+        std::rethrow_exception (audioFailure ? audioFailure : failure);
 }
 
 struct WeightedAct
