@@ -16,8 +16,8 @@
 #include <string>
 #include <vector>
 
-// What an instance costs besides its samples, through the bundle as a host pays for it: to be made, to be kept, to get a
-// state, to be morphed; and whether silence costs more than sound. Processor time of this thread, medians of several
+// What an instance costs besides its samples, through the bundle as a host pays for it: to be made, to be kept, to get
+// a state, to be morphed; and whether silence costs more than sound. Processor time of this thread, medians of several
 // rounds; the figures of docs/performance.md.
 
 namespace

@@ -17,8 +17,8 @@ namespace tessaly
 /// storage of the effect, whose pointer the processor of the same process sends. A change goes straight into the shared
 /// effect, so this is the main road by which values reach the engine.
 ///
-/// A normalized value that a host hands in counts as the nearest end beyond 0 to 1. What is no number is refused when it
-/// is to be set, and otherwise stands for the parameter's present value; so no answer here is one that is no number.
+/// A normalized value that a host hands in counts as the nearest end beyond 0 to 1. What is no number is refused when
+/// it is to be set, and otherwise stands for the parameter's present value; so no answer here is one that is no number.
 ///
 /// Host's user-interface thread. Hosts without a run loop never call the timer; what is to happen by time is
 /// looked at on the calls that hosts make on that thread.

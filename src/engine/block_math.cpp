@@ -1,4 +1,4 @@
-#include "block_math.h"
+#include "block_math_versions.h"
 
 #include <array>
 
@@ -20,8 +20,8 @@ constexpr std::array kVersions{ &blockMathPlain, &blockMathV3, &blockMathV4 };
 constexpr std::array kVersions{ &blockMathPlain };
 #endif
 
-/// How many of the versions, from the first on, this processor runs. Asks for every set of instructions that a version is
-/// compiled for: there are processors, and virtual ones, with the vectors and without the fused multiply-add.
+/// How many of the versions, from the first on, this processor runs. Asks for every set of instructions that a version
+/// is compiled for: there are processors, and virtual ones, with the vectors and without the fused multiply-add.
 std::size_t runnableCount ()
 {
 #ifdef TESSALY_WIDE_VECTORS

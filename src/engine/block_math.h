@@ -2,15 +2,14 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 
 namespace tessaly
 {
 
 struct Recursions;
 
-/// The samples that stages hand on at once: long enough that beginning and ending a chunk weighs little, short enough for
-/// the first-level cache.
+/// The samples that stages hand on at once: long enough that beginning and ending a chunk weighs little, short enough
+/// for the first-level cache.
 inline constexpr std::size_t kChunkSamples = 256;
 
 /// The inner loops of the strip, built for several widths of vectors. The logarithm and the power are polynomials in
@@ -44,9 +43,9 @@ struct BlockMath
     /// Multiplies each sample by its factor.
     void (*scale) (double* samples, const double* factor, std::size_t count);
 
-    /// Runs each stretch through its part of the recursions, in place: `level` through the detector, `sideChain` through
-    /// the side chain's filters, `y` through the equalizer. A null stretch leaves its part alone. The parts know nothing
-    /// of each other; the stretches belong to different times, or they would have to wait.
+    /// Runs each stretch through its part of the recursions, in place: `level` through the detector, `sideChain`
+    /// through the side chain's filters, `y` through the equalizer. A null stretch leaves its part alone. The parts
+    /// know nothing of each other; the stretches belong to different times, or they would have to wait.
     void (*run) (Recursions& recursions, double* level, double* sideChain, double* y, std::size_t count);
 
     /// Rounds to 32-bit samples.
@@ -54,10 +53,7 @@ struct BlockMath
     double (*roundToOutput) (const double* y, float* out, std::size_t count);
 };
 
-/// The versions that this processor runs, from the plain one to the widest.
-std::span<const BlockMath* const> blockMathVersions ();
-
-/// The widest of them; chosen once.
+/// The widest version that this processor runs; chosen once.
 const BlockMath& blockMath ();
 
 } // namespace tessaly

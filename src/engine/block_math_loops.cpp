@@ -1,6 +1,6 @@
-// Compiled once for each width of vectors, under the name that TESSALY_BLOCK_MATH gives. Nothing but the one table leaves
-// this file, and it includes no inline functions: a function of the standard library compiled for wide vectors here
-// could be the copy that the linker keeps for everybody.
+// Compiled once for each width of vectors, under the name that TESSALY_BLOCK_MATH gives. Nothing but the one table
+// leaves this file, and it includes no inline functions: a function of the standard library compiled for wide vectors
+// here could be the copy that the linker keeps for everybody.
 
 #include "block_math.h"
 #include "noise_generator.h"
@@ -235,12 +235,13 @@ BiquadState stateOf (const Section<Pair>& section, int which)
     return { section.s0[which], section.s1[which], section.s2[which], section.s3[which] };
 }
 
-/// The detector's next level (level_detector.h). The way up and the way down are both worked out, and largest and smallest
-/// values choose: which way a sample goes is hard to foresee, and a wrong guess costs more. With the distance D,
+/// The detector's next level (level_detector.h). The way up and the way down are both worked out, and largest and
+/// smallest values choose: which way a sample goes is hard to foresee, and a wrong guess costs more. With D the
+/// distance,
 ///     rise = A D^2 + 2 A r D        at most 0.925 D
 ///     fall = A D^2 / 8 + 2 A r D    at most its chord A r D, which meets it at 0 and where it turns, at -8 r
-/// Above 0 the chord lies below the rise, below 0 the 0.925 D below the fall: the larger one holds. Below -8 r the chord
-/// leads under the fastest fall, which holds then.
+/// Above 0 the chord lies below the rise, below 0 the 0.925 D below the fall: the larger one holds. Below -8 r the
+/// chord leads under the fastest fall, which holds then.
 inline double follow (const Recursions& r, double detected, double level)
 {
     constexpr double kLargestRise = 0.925; // of the distance

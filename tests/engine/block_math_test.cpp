@@ -1,4 +1,4 @@
-#include "block_math.h"
+#include "block_math_versions.h"
 
 #include "biquad_process.h"
 #include "measure.h"

@@ -33,11 +33,11 @@ void Note (const char* function)
 
 #if defined(__x86_64__) && defined(PR_SET_SYSCALL_USER_DISPATCH)
 
-// The kernel asks this byte before each of the thread's calls, and sends the signal instead of a call that is not let in.
+// The kernel asks this byte before each of the thread's calls, and sends a signal instead of one that is not let in.
 thread_local volatile char dispatch = SYSCALL_DISPATCH_FILTER_ALLOW;
 
-/// Notes the first call of a guard, makes it in the thread's place and lets in all that follow: the way back from a signal
-/// handler is a call, too.
+/// Notes the first call of a guard, makes it in the thread's place and lets in all that follow: the way back from a
+/// signal handler is a call, too.
 void OnSystemCall (int, siginfo_t* info, void* context)
 {
     constexpr int kUserDispatch = 2; // the kernel's SYS_USER_DISPATCH, which the C library may not name yet

@@ -10,8 +10,8 @@ namespace tessaly::test
 /// thread; other threads are not watched.
 ///
 /// The program defines these functions itself (realtime_guard.cpp), so the loaded bundle calls them too; operator new
-/// and the locks of the C++ library come down to them. Where the kernel tells (Linux on x86-64), any call of it is a hit,
-/// by whichever way it is made, up to the first of a guard; elsewhere only the ones that are named there.
+/// and the locks of the C++ library come down to them. Where the kernel tells (Linux on x86-64), any call of it is a
+/// hit, by whichever way it is made, up to the first of a guard; elsewhere only the ones that are named there.
 class RealtimeGuard
 {
 public:
