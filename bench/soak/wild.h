@@ -17,8 +17,9 @@ inline constexpr std::array kWildValues{ -1.0,
                                          std::numeric_limits<double>::infinity (),
                                          -std::numeric_limits<double>::infinity (),
                                          std::numeric_limits<double>::quiet_NaN () };
-inline constexpr std::array kWildRatesHz{ 0.0, -48000.0, 1e300, std::numeric_limits<double>::infinity (),
-                                          std::numeric_limits<double>::quiet_NaN () };
+inline constexpr std::array kWildRatesHz{
+    0.0, 15.0, -48000.0, 1e300, std::numeric_limits<double>::infinity (), std::numeric_limits<double>::quiet_NaN ()
+};
 
 /// Beyond the strip's own, meters and MIDI controllers among them.
 inline constexpr std::array<Steinberg::Vst::ParamID, 9> kWildIds{ 22,         99,         0xFFFFFFF,

@@ -16,6 +16,11 @@ namespace
 constexpr std::int32_t kGainReductionMeter = 0;
 constexpr std::int32_t kOutputMeter = 1;
 
+// Hz. At twice its corner and below, the side chain's high-pass would grow without end; far above, samples could not be
+// counted in 32 bits.
+constexpr double kLowestRate = 20;
+constexpr double kHighestRate = 1e9;
+
 } // namespace
 
 Channel_Strip::Channel_Strip (ZEffect* owner)
@@ -26,7 +31,7 @@ Channel_Strip::Channel_Strip (ZEffect* owner)
 
 void Channel_Strip::SetSampleRateOld (double rate)
 {
-    if (!(rate > 0) || !std::isfinite (rate))
+    if (!(rate > kLowestRate && rate < kHighestRate))
         return; // no rate to design for: the old one goes on
     sampleRate = rate;
     ResumeOld ();

@@ -26,7 +26,7 @@ class Channel_Strip : public ZOldPluginCore
 public:
     explicit Channel_Strip (ZEffect* owner);
 
-    void SetSampleRateOld (double rate) override; ///< Hz, above 0; then as ResumeOld
+    void SetSampleRateOld (double rate) override; ///< Hz, 20 to 1e9, or it stays; then as ResumeOld
     void ResumeOld () override;                   ///< designs everything anew and clears the equalizer, no crossfade
     void SuspendOld () override;                  ///< clears the meters
     std::int32_t GetTail () override;             ///< seven seconds, in samples

@@ -105,3 +105,16 @@ TEST_CASE ("Channel_Strip: steps beyond all scales and rates of nothing leave th
             CHECK (std::ranges::none_of (out, [] (float x) { return std::isnan (x); }));
         }
 }
+
+TEST_CASE ("Channel_Strip: a rate that filters cannot run at is refused, and the sound goes on")
+{
+    for (const double noRate : { 0.0, 15.0, 20.0, -48000.0, 1e300, std::numeric_limits<double>::infinity () })
+    {
+        CAPTURE (noRate);
+        StripUnderTest test;
+        StripUnderTest untold;
+        test.strip.SetSampleRateOld (noRate);
+        CHECK (test.strip.GetTail () == untold.strip.GetTail ());
+        CHECK (test.run (whiteNoise (2048)) == untold.run (whiteNoise (2048)));
+    }
+}
