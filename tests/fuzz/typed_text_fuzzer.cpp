@@ -2,7 +2,7 @@
 
 #include "channel_strip_parameters.h"
 #include "demand.h"
-#include "text_analyzer.h"
+#include "strip_text_analyzer.h"
 #include <cmath>
 #include <cstring>
 #include <string>

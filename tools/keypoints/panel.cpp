@@ -1,8 +1,8 @@
 #include "panel.h"
 
 #include "channel_strip_parameters.h"
+#include "strip_text_analyzer.h"
 #include "text.h"
-#include "text_analyzer.h"
 
 #include <array>
 #include <cmath>

@@ -4,7 +4,7 @@
 #include "strip_ids.h"
 #include "text.h"
 
-#include "text_analyzer.h"
+#include "strip_text_analyzer.h"
 
 #include <cmath>
 #include <optional>

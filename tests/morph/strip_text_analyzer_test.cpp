@@ -1,5 +1,5 @@
 #include "german_locale.h"
-#include "text_analyzer.h"
+#include "strip_text_analyzer.h"
 #include <doctest/doctest.h>
 #include <optional>
 #include <string>
