@@ -34,4 +34,10 @@ float IndexToValue (std::int32_t index, float step)
     return std::clamp (static_cast<float> (index) / static_cast<float> (positions - 1), 0.0f, 1.0f);
 }
 
+float MoveByPositions (float value, float wanted, float step)
+{
+    const auto index = ValueToIndex (wanted, step);
+    return index == ValueToIndex (value, step) ? value : IndexToValue (index, step);
+}
+
 } // namespace tessaly

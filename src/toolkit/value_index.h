@@ -10,4 +10,7 @@ namespace tessaly
 std::int32_t ValueToIndex (float value, float step);
 float IndexToValue (std::int32_t index, float step);
 
+/// A drag that rests on positions: the position of the wanted value, or the present value while that is the same one.
+float MoveByPositions (float value, float wanted, float step);
+
 } // namespace tessaly
