@@ -3,6 +3,7 @@
 #include "draw_anim.h"
 #include "draw_back.h"
 #include "geometry.h"
+#include "truncate.h"
 #include <cstdint>
 #include <memory>
 
@@ -38,6 +39,34 @@ protected:
     /// @param activeLook   which of the two looks that is
     /// @return the frame to show; one beyond the strip shows the nearest of its ends
     virtual std::int32_t FrameOf (const ZAnimRecord& record, bool activeLook) const = 0;
+};
+
+/// A frame for each position of the value, whatever the length of the strip.
+template <typename Behaviour>
+class ZPositionAnimControl : public ZAnimControl<Behaviour>
+{
+public:
+    using ZAnimControl<Behaviour>::ZAnimControl;
+
+protected:
+    std::int32_t FrameOf (const ZAnimRecord& /*record*/, bool /*activeLook*/) const override
+    {
+        return this->GetIndex ();
+    }
+};
+
+/// A frame for each equal part of the range, as many as the strip has.
+template <typename Behaviour>
+class ZRangeAnimControl : public ZAnimControl<Behaviour>
+{
+public:
+    using ZAnimControl<Behaviour>::ZAnimControl;
+
+protected:
+    std::int32_t FrameOf (const ZAnimRecord& record, bool /*activeLook*/) const override
+    {
+        return Truncate (this->GetValue () * static_cast<float> (record.frameCount));
+    }
 };
 
 /// Makes such a control with its active strip in one step.

@@ -6,14 +6,11 @@
 namespace tessaly
 {
 
-/// A picture out of several: the position of its value, by its step, is the frame. CreateAnim makes one in one step.
-class ZAnimPicture : public ZAnimControl<ZPicture>
+/// A picture out of several, chosen by the position of its value. CreateAnim makes one in one step.
+class ZAnimPicture : public ZPositionAnimControl<ZPicture>
 {
 public:
-    using ZAnimControl::ZAnimControl;
-
-protected:
-    std::int32_t FrameOf (const ZAnimRecord& /*record*/, bool /*activeLook*/) const override { return GetIndex (); }
+    using ZPositionAnimControl::ZPositionAnimControl;
 };
 
 } // namespace tessaly

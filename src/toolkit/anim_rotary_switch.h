@@ -7,13 +7,10 @@ namespace tessaly
 {
 
 /// A rotary switch as a strip with a frame for each position.
-class ZAnimRotarySwitch : public ZAnimControl<ZRotarySwitch>
+class ZAnimRotarySwitch : public ZPositionAnimControl<ZRotarySwitch>
 {
 public:
-    using ZAnimControl::ZAnimControl;
-
-protected:
-    std::int32_t FrameOf (const ZAnimRecord& /*record*/, bool /*activeLook*/) const override { return GetIndex (); }
+    using ZPositionAnimControl::ZPositionAnimControl;
 };
 
 } // namespace tessaly

@@ -7,13 +7,10 @@ namespace tessaly
 {
 
 /// A slide switch as a strip with a frame for each position.
-class ZAnimSlideSwitch : public ZAnimControl<ZSlideSwitch>
+class ZAnimSlideSwitch : public ZPositionAnimControl<ZSlideSwitch>
 {
 public:
-    using ZAnimControl::ZAnimControl;
-
-protected:
-    std::int32_t FrameOf (const ZAnimRecord& /*record*/, bool /*activeLook*/) const override { return GetIndex (); }
+    using ZPositionAnimControl::ZPositionAnimControl;
 };
 
 } // namespace tessaly
