@@ -23,7 +23,7 @@ void ZRotarySwitch::ConfigureVector (bool opposite, ZVectorToDegree& target) con
     const auto positions = ValueToIndex (1.0f, GetStep ()) + 1;
     const auto begin = target.GetRelativeBegin ();
     const auto end = target.GetRelativeEnd ();
-    const auto margin = (end - begin) / (2 * positions);
+    const auto margin = (end - begin) / 2 / positions;
     target.SetRange (target.FromRelative (std::max (begin - margin, 1)),
                      target.FromRelative (std::min (end + margin, 359)));
 }
@@ -32,7 +32,7 @@ bool ZRotarySwitch::IsInBand (const Aim& aim) const
 {
     const auto last = ValueToIndex (1.0f, GetStep ());
     const auto span = aim.end - aim.begin;
-    const auto half = last >= 1 ? span / (2 * last) : span;
+    const auto half = last >= 1 ? span / 2 / last : span;
     return aim.begin - half <= aim.degree && aim.degree <= aim.end + half;
 }
 

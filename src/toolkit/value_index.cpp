@@ -1,5 +1,6 @@
 #include "value_index.h"
 
+#include "truncate.h"
 #include <algorithm>
 
 namespace tessaly
@@ -10,7 +11,7 @@ namespace
 
 std::int32_t PositionsOf (float step)
 {
-    return step > 0.0f ? static_cast<std::int32_t> (1.0f / step + 0.5f) : 0;
+    return step > 0.0f ? Truncate (1.0f / step + 0.5f) : 0;
 }
 
 } // namespace

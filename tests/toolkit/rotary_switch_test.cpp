@@ -51,6 +51,12 @@ TEST_CASE (
     CHECK (board.rotary.GetIndex () == 5);
     CHECK (board.rotary.GetValue () == Approx (5.0 / 9));
 
+    board.Press (board.rotary, { 110, 126 }); // 102 degrees, just in the second of 198 / 10
+    CHECK (board.rotary.GetIndex () == 1);
+    board.Press (board.rotary, { 150, 126 }); // 259, just short of the last
+    CHECK (board.rotary.GetIndex () == 8);
+
+    board.Press (board.rotary, { 130, 110 });
     CHECK_FALSE (board.Press (board.rotary, { 130, 150 }));
     board.rotary.SetOppositeGripEnabled (true);
     CHECK (board.Press (board.rotary, { 130, 150 })); // opposite its pointer
@@ -92,4 +98,9 @@ TEST_CASE ("ZAnimRotarySwitch: shows the frame of its position, whatever the len
     board.Press (board.rotary, { 130, 130 });
     board.Drag (board.rotary, { 130, 0 });
     CHECK (board.TakeValues ().empty ());
+
+    board.rotary.SetStep (1e-30f); // more positions than can be counted
+    board.rotary.SetDragMode (kDialJump);
+    CHECK (board.Press (board.rotary, { 130, 110 }));
+    CHECK (board.TakeValues ().front () == Approx (0.5).epsilon (0.01));
 }
