@@ -78,7 +78,11 @@ public:
 
 protected:
     const ZParameterStorageBase* GetStorage () const { return storage; }
-    bool HasParameter () const;          ///< whether the storage knows the id
+    bool HasParameter () const; ///< whether the storage knows the id
+    bool HasValueText () const  ///< whether there is a way to say a value as a text
+    {
+        return converters.toText != nullptr || HasParameter ();
+    }
     void BroadcastChange (float wanted); ///< broadcasts what differs from the present value
 
 private:
