@@ -6,8 +6,8 @@
 namespace tessaly
 {
 
-/// The texts that a user carries between programs, UTF-8. Behind it stands the window system; a window without one gives
-/// none. Host's user-interface thread.
+/// The texts that a user carries between programs, UTF-8. Behind it stands the window system; a window without one
+/// gives none. Host's user-interface thread.
 class ZClipboard
 {
 public:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas_menu_imp.h"
 #include "canvas_text_edit_imp.h"
 #include "clipboard.h"
 #include "pane_desk.h"
@@ -18,7 +19,7 @@ struct FakeClipboard final : ZClipboard
     void SetText (std::string_view text) override { held = text; }
 };
 
-/// A desk with drawn fields that hands input on as an editor does: a press goes to the modal pane if it is
+/// A desk with drawn fields and menus that hands input on as an editor does: a press goes to the modal pane if it is
 /// hit, closes it if not, and may begin a capture; keys go to the modal pane; every tick reaches all panes. A character
 /// is 6 pixels a byte wide.
 struct OverlayDesk final : PaneDesk
@@ -33,6 +34,7 @@ struct OverlayDesk final : PaneDesk
     {
         return std::make_unique<ZCanvasTextEditImp> (measure, &clipboard);
     }
+    std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () override { return std::make_unique<ZCanvasMenuImp> (measure); }
 
     bool Down (ZPoint point, std::int32_t modifiers = 0)
     {
