@@ -186,12 +186,7 @@ void ZCanvasTextEditImp::OnIdle (ZEvent& /*event*/, const ZMouseInput& mouse)
     if (!IsOpen ())
         return;
     if (selecting && mouse.LeftDown ()) // a pointer that rests outside goes on scrolling
-    {
-        const auto before = line.GetCaret ();
-        line.MoveTo (PositionAt (mouse.point.x), true);
-        if (line.GetCaret () != before)
-            ShowCaret ();
-    }
+        SelectTo (mouse.point.x);
     if (std::exchange (blinkAnew, false))
         blinkStart = mouse.time;
     const bool on = (mouse.time - blinkStart) / kBlinkMilliseconds % 2 == 0;
@@ -203,7 +198,7 @@ void ZCanvasTextEditImp::OnIdle (ZEvent& /*event*/, const ZMouseInput& mouse)
 
 // Mouse
 
-std::size_t ZCanvasTextEditImp::PositionAt (std::int32_t x) const
+std::size_t ZCanvasTextEditImp::PositionAt (std::int32_t x, Aim aim) const
 {
     const auto wanted = x - Inside ().left + scrolled;
     std::size_t position = 0;
@@ -211,7 +206,7 @@ std::size_t ZCanvasTextEditImp::PositionAt (std::int32_t x) const
     {
         const auto next = line.Next (position);
         const auto right = WidthTo (next);
-        if (wanted < left + (right - left + 1) / 2)
+        if (wanted < (aim == Aim::kCharacter ? right : left + (right - left + 1) / 2))
             break;
         position = next;
         left = right;
@@ -225,11 +220,10 @@ bool ZCanvasTextEditImp::OnMouseDown (ZEvent& /*event*/, const ZMouseInput& mous
         return false;
     arriving.clear ();
     selecting = !mouse.IsDoubleClick (); // the hand's tremble must not undo the choice of a word
-    const auto position = PositionAt (mouse.point.x);
     if (mouse.IsDoubleClick ())
-        line.SelectWordAt (position);
+        line.SelectWordAt (PositionAt (mouse.point.x, Aim::kCharacter));
     else
-        line.MoveTo (position, (mouse.modifiers & kShift) != 0);
+        line.MoveTo (PositionAt (mouse.point.x, Aim::kNearest), (mouse.modifiers & kShift) != 0);
     ShowCaret ();
     return true;
 }
@@ -238,11 +232,17 @@ bool ZCanvasTextEditImp::OnMouseMove (ZEvent& event, const ZMouseInput& mouse)
 {
     if (!mouse.LeftDown ())
         return OnMouseUp (event, mouse);
-    if (!IsOpen () || !selecting)
-        return IsOpen ();
-    line.MoveTo (PositionAt (mouse.point.x), true);
-    ShowCaret ();
-    return true;
+    if (IsOpen () && selecting)
+        SelectTo (mouse.point.x);
+    return IsOpen ();
+}
+
+void ZCanvasTextEditImp::SelectTo (std::int32_t x)
+{
+    const auto before = line.GetCaret ();
+    line.MoveTo (PositionAt (x, Aim::kNearest), true);
+    if (line.GetCaret () != before)
+        ShowCaret ();
 }
 
 bool ZCanvasTextEditImp::OnMouseUp (ZEvent& /*event*/, const ZMouseInput& /*mouse*/)

@@ -46,6 +46,12 @@ public:
     void OnIdle (ZEvent& event, const ZMouseInput& mouse) override; ///< blinks; scrolls while selecting
 
 private:
+    enum class Aim
+    {
+        kNearest,  // the end of a character that is nearest
+        kCharacter // the beginning of the character that is there
+    };
+
     bool EditByKey (const ZKeyInput& key);      // true if the key is one of those that move or delete
     bool EditByShortcut (const ZKeyInput& key); // or a shortcut
     void Type (char byte);
@@ -55,9 +61,10 @@ private:
 
     ZRect Inside () const; // where the text shows, in the coordinates of the control's handlers
     void UseFont (ZCanvas& canvas) const;
-    std::int32_t WidthTo (std::size_t position) const; // of the text before a position, pixels
-    std::size_t PositionAt (std::int32_t x) const;     // nearest to x, in handler coordinates
-    void ShowCaret ();                                 // scrolls it into sight and begins its blinking anew
+    std::int32_t WidthTo (std::size_t position) const;      // of the text before a position, pixels
+    std::size_t PositionAt (std::int32_t x, Aim aim) const; // x: in handler coordinates
+    void SelectTo (std::int32_t x);
+    void ShowCaret (); // scrolls it into sight and begins its blinking anew
     void DrawField (ZCanvas& canvas, ZColor textColor) const;
     void DrawLine (ZCanvas& canvas, const ZRect& clip, ZColor color) const;
 

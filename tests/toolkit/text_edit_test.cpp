@@ -53,13 +53,17 @@ struct Readout
     }
     bool IsOpen () const { return desk.modal == &edit; }
     void Open () { desk.DoubleClick (kMiddle); }
-    std::string Drawn () ///< the last text that a pass draws
+    std::string TextCall () ///< by which a pass draws the text
     {
-        std::string last;
-        for (const auto& call : desk.Painted (edit))
-            if (call.starts_with ("DrawText"))
-                last = call.substr (10, call.rfind ('\'') - 10);
-        return last;
+        const auto calls = desk.Painted (edit);
+        const auto isText = [] (const std::string& call) { return call.starts_with ("DrawText"); };
+        const auto text = std::find_if (calls.begin (), calls.end (), isText);
+        return text == calls.end () ? "DrawText ''" : *text;
+    }
+    std::string Drawn ()
+    {
+        const auto call = TextCall ();
+        return call.substr (10, call.rfind ('\'') - 10);
     }
     std::string Typed () ///< the field's text; closes it
     {
@@ -132,7 +136,7 @@ TEST_CASE ("ZTextEdit: the flags choose between dragging and typing")
     r.edit.SetStep (0.125f);
     r.desk.Click (kMiddle);
     r.desk.Down (kMiddle + ZPoint{ 1, 0 });
-    r.desk.Move ({ 150, 58 }); // two up, and aside, which does nothing
+    r.desk.Move ({ 150, 58 }); // two up, then aside, which does nothing
     r.desk.Move ({ 90, 58 });
     CHECK (r.desk.TakeValues () == std::vector<float>{ 0.5f });
     r.desk.Move ({ 90, 40 });
@@ -162,21 +166,14 @@ TEST_CASE ("ZTextEdit: the flags choose between dragging and typing")
     CHECK_FALSE (r.IsOpen ());
     CHECK (r.desk.TakeValues ().empty ());
 
-    ZDrawTextEdit alone (nullptr, { 0, 0, 60, 20 }, 3); // no owner, no fields
+    ZDrawTextEdit alone (nullptr, { 5, 5, 60, 20 }, 3); // no owner, no fields, and no way to say the value
     CHECK (r.desk.Press (alone, { 1, 1 }));
     CHECK_FALSE (r.desk.Press (alone, { 1, 1 }));
-}
-
-TEST_CASE ("ZTextEdit: without a way to say the value the text that was set stays, cut at 255 bytes")
-{
-    OverlayDesk desk;
-    ZDrawTextEdit edit (&desk, { 0, 0, 60, 20 }, 3);
-    edit.SetText (std::string (254, 'x') + "\u00e4");
-    edit.UpdateText ();
-    CHECK (edit.GetText () == std::string (254, 'x'));
-    edit.SetTextRect ({ 2, 3, 40, 10 });
-    edit.MoveTo ({ 10, 10 });
-    CHECK (edit.GetTextPlace () == ZRect{ 12, 13, 50, 20 });
+    alone.SetText (std::string (254, 'x') + "\u00e4");
+    alone.UpdateText ();
+    CHECK (alone.GetText () == std::string (254, 'x'));
+    alone.SetTextRect ({ 2, 3, 40, 10 });
+    CHECK (alone.GetTextPlace () == ZRect{ 7, 8, 45, 15 });
 }
 
 TEST_CASE ("ZCanvasTextEditImp: the field is at least 28 by 14, centred over its control, as its hit rectangle is")
@@ -257,23 +254,21 @@ TEST_CASE ("ZCanvasTextEditImp: the mouse sets the caret, selects by dragging, w
     };
     CHECK (result ([&] { r.desk.Click (at (2) + ZPoint{ 2, 0 }); }, "x") == "12x 345 6");
     CHECK (result ([&] { r.desk.Click (at (2) + ZPoint{ 3, 0 }); }, "x") == "12 x345 6");
-    CHECK (result ([&] { r.desk.DoubleClick (at (4)); }, "x") == "12 x 6");
+    CHECK (result ([&] { r.desk.DoubleClick (at (5) + ZPoint{ 5, 0 }); }, "x") == "12 x 6");
     CHECK (result ([&] { r.desk.Click (at (3), kControl); }, "x") == "12 x345 6"); // no reset
-    CHECK (result (
-               [&]
-               {
-                   r.desk.Click (at (1));
-                   r.desk.Click (at (4), kShift);
-               },
-               "x") == "1x45 6");
-    CHECK (result (
-               [&]
-               {
-                   r.desk.Down (at (6));
-                   r.desk.Move (at (-9));
-                   r.desk.Up (at (-9));
-               },
-               "x") == "x 6");
+    const auto withShift = [&]
+    {
+        r.desk.Click (at (1));
+        r.desk.Click (at (4), kShift);
+    };
+    CHECK (result (withShift, "x") == "1x45 6");
+    const auto byDrag = [&]
+    {
+        r.desk.Down (at (6));
+        r.desk.Move (at (-9));
+        r.desk.Up (at (-9));
+    };
+    CHECK (result (byDrag, "x") == "x 6");
     CHECK (r.desk.TakeValues ().empty ());
 
     // A key that closes the field in mid-drag doesn't leave a drag of the value behind.
@@ -299,13 +294,7 @@ TEST_CASE ("ZCanvasTextEditImp: a long text scrolls with the caret, also under a
     Readout r;
     r.Open ();
     r.desk.Type ("abcdefghijklmnopqrst");
-    const auto textLeft = [&r]
-    {
-        const auto calls = r.desk.Painted (r.edit);
-        const auto text = std::find_if (calls.begin (), calls.end (),
-                                        [] (const std::string& call) { return call.starts_with ("DrawText"); });
-        return text == calls.end () ? std::string () : text->substr (text->rfind ('\'') + 2, 3);
-    };
+    const auto textLeft = [&r] { return r.TextCall ().substr (r.TextCall ().rfind ('\'') + 2, 3); };
     CHECK (textLeft () == "37,");
     r.desk.Stroke (kKeyHome);
     CHECK (textLeft () == "102");
