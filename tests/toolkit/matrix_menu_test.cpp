@@ -213,11 +213,11 @@ TEST_CASE ("ZCanvasMenuImp: the placement, and the surface's edges, which long c
         CHECK (c.menu.GetHitRect ().TopLeft () + c.menu.GetOrigin () == row.topLeft);
         CHECK (c.menu.GetHitRect ().Width () == 50);
     }
-    const auto opened = [] (std::size_t items, ZPoint at)
+    const auto opened = [] (std::size_t items, ZPoint at, std::int32_t placement = kAtRightBottom)
     {
         Choice c (std::string (items, 'a'));
         c.menu.MoveTo (at);
-        c.menu.SetPlacement (kAtRightBottom);
+        c.menu.SetPlacement (placement);
         c.desk.Click (c.menu.GetOrigin () + at + ZPoint{ 5, 5 });
         return c.menu.GetHitRect () + c.menu.GetOrigin ();
     };
@@ -226,6 +226,7 @@ TEST_CASE ("ZCanvasMenuImp: the placement, and the surface's edges, which long c
     CHECK (opened (10, { 130, 70 }) == ZRect{ 290, 12, 340, 200 }); // as high as the surface allows
     CHECK (opened (15, { 130, 70 }) == ZRect{ 290, 12, 388, 200 }); // one column would not fit; 3 characters need 48
     CHECK (opened (200, { 0, 0 }) == ZRect{ 12, 12, 400, 200 });    // 20 columns share 392
+    CHECK (opened (100, {}, kCenteredAtBottom) == ZRect{ 0, 12, 398, 200 });
 }
 
 TEST_CASE ("ZMatrixMenu: a parameter's list fills the menu, and its value is shown as its text")
