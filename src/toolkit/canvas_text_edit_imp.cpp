@@ -107,8 +107,8 @@ ZRect ZCanvasTextEditImp::Inside () const
 
 void ZCanvasTextEditImp::UseFont (ZCanvas& canvas) const
 {
-    // The line of text is as high as the field, and a line is about 1.15 times the font's size.
-    canvas.SetFont (style.fontName, std::max (rect.Height () * 20 / 23, 1), style.fontStyle);
+    // The line of text fills the field within its border; a font's line is up to 1.2 times its size.
+    canvas.SetFont (style.fontName, (rect.Height () - 2) * 5 / 6, style.fontStyle);
 }
 
 std::int32_t ZCanvasTextEditImp::WidthTo (std::size_t position) const
