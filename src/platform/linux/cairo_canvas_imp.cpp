@@ -1,0 +1,353 @@
+#include "cairo_canvas_imp.h"
+
+#include "cairo_bitmap_imp.h"
+#include <algorithm>
+#include <cairo.h>
+#include <cstdlib>
+#include <iterator>
+#include <limits>
+#include <numbers>
+#include <utility>
+
+namespace tessaly
+{
+
+namespace
+{
+
+constexpr std::int32_t kWidestLine = 1000;
+constexpr std::int32_t kFarthestPoint = 100000; // beyond it nothing is seen, and Cairo's numbers overflow
+constexpr std::int32_t kDash = 3;               // line widths, as a dash shows
+constexpr std::int32_t kGap = 1;
+constexpr double kWholeTurn = 2.0 * std::numbers::pi;
+
+ZPoint Near (ZPoint point)
+{
+    return { std::clamp (point.x, -kFarthestPoint, kFarthestPoint),
+             std::clamp (point.y, -kFarthestPoint, kFarthestPoint) };
+}
+
+/// The far corner of an area as large as `rect` at `from` may not fit; what does not fit is not there anyway.
+std::int32_t FarEnd (std::int32_t from, std::int32_t first, std::int32_t end)
+{
+    return static_cast<std::int32_t> (
+        std::min<std::int64_t> (std::int64_t{ from } + end - first, std::numeric_limits<std::int32_t>::max ()));
+}
+
+ZRect AreaAt (ZPoint from, const ZRect& rect)
+{
+    return { from.x, from.y, FarEnd (from.x, rect.left, rect.right), FarEnd (from.y, rect.top, rect.bottom) };
+}
+
+} // namespace
+
+ZCairoCanvasImp::ZCairoCanvasImp (std::int32_t w, std::int32_t h, double scale)
+    : ZCairoCanvasImp (w, h, PixelGrid (scale), std::make_shared<PangoText> (PixelGrid (scale)))
+{
+}
+
+ZCairoCanvasImp::ZCairoCanvasImp (std::int32_t w, std::int32_t h, const PixelGrid& pixelGrid,
+                                  std::shared_ptr<PangoText> sharedText)
+    : width (std::max (w, 0))
+    , height (std::max (h, 0))
+    , grid (pixelGrid)
+    , surface (cairo_image_surface_create (CAIRO_FORMAT_ARGB32, grid.Edge (width), grid.Edge (height)))
+    , context (cairo_create (surface.get ()))
+    , text (std::move (sharedText))
+{
+    cairo_set_line_cap (context.get (), CAIRO_LINE_CAP_ROUND);
+    cairo_set_fill_rule (context.get (), CAIRO_FILL_RULE_EVEN_ODD);
+}
+
+ZCairoCanvasImp::~ZCairoCanvasImp () = default;
+
+std::unique_ptr<ZCanvasImp> ZCairoCanvasImp::CreateOffscreenImp (const ZRect& rect)
+{
+    return std::unique_ptr<ZCanvasImp> (new ZCairoCanvasImp (rect.Width (), rect.Height (), grid, text));
+}
+
+cairo_surface_t* ZCairoCanvasImp::Surface () const
+{
+    cairo_surface_flush (surface.get ());
+    return surface.get ();
+}
+
+// Clip
+
+void ZCairoCanvasImp::Save ()
+{
+    savedClips.push_back (clip);
+}
+
+void ZCairoCanvasImp::Restore ()
+{
+    if (savedClips.empty ())
+        return;
+    const Clip saved = savedClips.back ();
+    savedClips.pop_back ();
+    SetClip (saved);
+}
+
+void ZCairoCanvasImp::SetClip (const Clip& wanted)
+{
+    clip = wanted;
+    cairo_reset_clip (context.get ());
+    if (clip.kind == Clip::kRect)
+    {
+        AddRect (clip.rect);
+        cairo_clip (context.get ());
+    }
+    else if (clip.kind == Clip::kEllipse)
+        ClipToEllipse (clip.rect);
+}
+
+void ZCairoCanvasImp::ClipToEllipse (const ZRect& rect)
+{
+    const ZPoint topLeft = Near ({ rect.left, rect.top }) - ZPoint{ 1, 1 };
+    const ZPoint bottomRight = Near ({ rect.right, rect.bottom });
+    const double radiusX = (bottomRight.x - topLeft.x) * 0.5;
+    const double radiusY = (bottomRight.y - topLeft.y) * 0.5;
+    if (radiusX > 0.0 && radiusY > 0.0)
+    {
+        cairo_save (context.get ());
+        cairo_scale (context.get (), grid.Scale (), grid.Scale ());
+        cairo_translate (context.get (), topLeft.x + radiusX, topLeft.y + radiusY);
+        cairo_scale (context.get (), radiusX, radiusY);
+        cairo_arc (context.get (), 0.0, 0.0, 1.0, 0.0, kWholeTurn);
+        cairo_restore (context.get ());
+    }
+    cairo_set_antialias (context.get (), CAIRO_ANTIALIAS_NONE);
+    cairo_clip (context.get ());
+    cairo_set_antialias (context.get (), CAIRO_ANTIALIAS_DEFAULT);
+}
+
+void ZCairoCanvasImp::Clear (const ZRect& rect)
+{
+    AddRect (rect);
+    cairo_set_operator (context.get (), CAIRO_OPERATOR_CLEAR);
+    cairo_fill (context.get ());
+    cairo_set_operator (context.get (), CAIRO_OPERATOR_OVER);
+}
+
+// Shapes
+
+void ZCairoCanvasImp::SetColor (ZColor wanted, std::uint8_t alpha)
+{
+    color = wanted;
+    colorAlpha = alpha;
+}
+
+void ZCairoCanvasImp::SetLineWidth (std::int32_t pixels)
+{
+    lineWidth = std::clamp (pixels, 1, kWidestLine);
+}
+
+void ZCairoCanvasImp::SetLineStyle (std::int32_t style)
+{
+    lineStyle = style == kDashedLine ? kDashedLine : kSolidLine;
+}
+
+/// Adds a rectangle's pixels to the path; none for an empty one.
+void ZCairoCanvasImp::AddRect (const ZRect& rect)
+{
+    if (rect.IsEmpty ())
+        return;
+    const ZRect pixels = grid.Pixels (rect);
+    cairo_rectangle (context.get (), pixels.left, pixels.top, pixels.Width (), pixels.Height ());
+}
+
+void ZCairoCanvasImp::UseColor ()
+{
+    cairo_set_source_rgba (context.get (), color.red / 255.0, color.green / 255.0, color.blue / 255.0,
+                           colorAlpha / 255.0);
+}
+
+void ZCairoCanvasImp::FillPath ()
+{
+    UseColor ();
+    cairo_fill (context.get ());
+}
+
+void ZCairoCanvasImp::StrokePath ()
+{
+    const double pixels = lineWidth * grid.Scale ();
+    // A round end adds half a line width to either end of a dash.
+    const double dashes[]{ (kDash - 1) * pixels, (kGap + 1) * pixels };
+    cairo_set_dash (context.get (), dashes, lineStyle == kDashedLine ? 2 : 0, 0.0);
+    cairo_set_line_width (context.get (), pixels);
+    UseColor ();
+    cairo_stroke (context.get ());
+}
+
+void ZCairoCanvasImp::LineTo (ZPoint point)
+{
+    const ZPoint from = Near (std::exchange (pen, point));
+    const ZPoint to = Near (point);
+    if (lineWidth == 1 && (from.x == to.x || from.y == to.y))
+    {
+        StraightLine (from, to);
+        return;
+    }
+    const ZPoint ends[]{ from, to };
+    AddPolygon (ends, PenShift ());
+    StrokePath ();
+}
+
+/// A level or upright line of width 1: the rectangles of its coordinates, the last included.
+void ZCairoCanvasImp::StraightLine (ZPoint from, ZPoint to)
+{
+    const std::int32_t last = std::max (std::abs (to.x - from.x), std::abs (to.y - from.y));
+    const std::int32_t dash = lineStyle == kDashedLine ? kDash : last + 1;
+    const ZPoint step{ (to.x > from.x) - (to.x < from.x), (to.y > from.y) - (to.y < from.y) };
+    for (std::int32_t first = 0; first <= last; first += dash + kGap)
+    {
+        const std::int32_t end = std::min (first + dash - 1, last);
+        const ZPoint a{ from.x + step.x * first, from.y + step.y * first };
+        const ZPoint b{ from.x + step.x * end, from.y + step.y * end };
+        AddRect ({ std::min (a.x, b.x), std::min (a.y, b.y), std::max (a.x, b.x) + 1, std::max (a.y, b.y) + 1 });
+    }
+    FillPath ();
+}
+
+void ZCairoCanvasImp::FrameRect (const ZRect& rect)
+{
+    if (rect.IsEmpty ())
+        return;
+    const ZPoint topLeft = Near ({ rect.left, rect.top });
+    const ZPoint bottomRight = Near ({ rect.right, rect.bottom });
+    const ZRect line{ topLeft.x, topLeft.y, bottomRight.x - 1, bottomRight.y - 1 };
+    if (lineStyle == kDashedLine)
+    {
+        const ZPoint corners[]{
+            line.TopLeft (), { line.right, line.top }, line.BottomRight (), { line.left, line.bottom }
+        };
+        FramePolygon (corners);
+        return;
+    }
+    // The outer rectangle without the inner one, by the even-odd rule: a transparent colour blends once in the corners.
+    const std::int32_t before = lineWidth / 2;
+    const std::int32_t behind = lineWidth - before;
+    AddRect ({ line.left - before, line.top - before, line.right + behind, line.bottom + behind });
+    AddRect ({ line.left + behind, line.top + behind, line.right - before, line.bottom - before });
+    FillPath ();
+}
+
+void ZCairoCanvasImp::FillRect (const ZRect& rect)
+{
+    AddRect (rect);
+    FillPath ();
+}
+
+void ZCairoCanvasImp::AddPolygon (std::span<const ZPoint> points, double shift)
+{
+    for (const auto& far : points)
+    {
+        const ZPoint point = Near (far);
+        cairo_line_to (context.get (), (point.x + shift) * grid.Scale (), (point.y + shift) * grid.Scale ());
+    }
+}
+
+void ZCairoCanvasImp::FramePolygon (std::span<const ZPoint> points)
+{
+    AddPolygon (points, PenShift ());
+    cairo_close_path (context.get ());
+    StrokePath ();
+}
+
+void ZCairoCanvasImp::FillPolygon (std::span<const ZPoint> points)
+{
+    AddPolygon (points, 0.0);
+    FillPath ();
+}
+
+// Text
+
+void ZCairoCanvasImp::SetFont (std::string_view name, std::int32_t pixels, std::int32_t style)
+{
+    font = { std::string (name), pixels, style };
+}
+
+void ZCairoCanvasImp::SetFontSize (std::int32_t index, std::int32_t style)
+{
+    constexpr auto kLast = static_cast<std::int32_t> (std::size (kFontSizes)) - 1;
+    font = { FontRequest{}.name, kFontSizes[std::clamp (index, 0, kLast)], style };
+}
+
+std::int32_t ZCairoCanvasImp::GetTextWidth (std::string_view words)
+{
+    return text->Width (words, font);
+}
+
+void ZCairoCanvasImp::DrawText (std::string_view words, const ZRect& rect, std::int32_t alignment)
+{
+    if (rect.IsEmpty ())
+        return;
+    cairo_save (context.get ());
+    AddRect (rect);
+    cairo_clip (context.get ());
+    UseColor ();
+    text->Draw (context.get (), words, font, rect, alignment);
+    cairo_restore (context.get ());
+}
+
+// Copies
+
+CopySource ZCairoCanvasImp::Pixels () const
+{
+    return { Surface (), grid, width, height };
+}
+
+void ZCairoCanvasImp::Copy (const CopySource& source, const ZRect& rect, const ZRect& from, const CopyBlend& blend)
+{
+    CopyArea (context.get (), grid, rect, source, from, blend);
+}
+
+void ZCairoCanvasImp::CopyCanvasPlain (ZCanvasImp& source, const ZRect& rect, ZPoint from)
+{
+    if (const auto* ours = dynamic_cast<ZCairoCanvasImp*> (&source))
+        Copy (ours->Pixels (), rect, AreaAt (from, rect), {});
+}
+
+void ZCairoCanvasImp::CopyCanvasKeyed (ZCanvasImp& source, const ZRect& rect, ZPoint from, ZColor key)
+{
+    if (const auto* ours = dynamic_cast<ZCairoCanvasImp*> (&source))
+        Copy (ours->Pixels (), rect, AreaAt (from, rect), { 1.0, key });
+}
+
+void ZCairoCanvasImp::CopyCanvasAlpha (ZCanvasImp& source, const ZRect& rect, ZPoint from, std::uint8_t alpha)
+{
+    if (const auto* ours = dynamic_cast<ZCairoCanvasImp*> (&source))
+        Copy (ours->Pixels (), rect, AreaAt (from, rect), { alpha / 255.0, {} });
+}
+
+void ZCairoCanvasImp::StretchCanvas (ZCanvasImp& source, const ZRect& rect, const ZRect& from)
+{
+    if (const auto* ours = dynamic_cast<ZCairoCanvasImp*> (&source))
+        Copy (ours->Pixels (), rect, from, {});
+}
+
+void ZCairoCanvasImp::DrawBitmapPlain (ZBitmapImp& bitmap, const ZRect& rect, ZPoint from)
+{
+    if (const auto* ours = dynamic_cast<ZCairoBitmapImp*> (&bitmap))
+        Copy (ours->Pixels (), rect, AreaAt (from, rect), {});
+}
+
+void ZCairoCanvasImp::DrawBitmapKeyed (ZBitmapImp& bitmap, const ZRect& rect, ZPoint from, ZColor key)
+{
+    if (auto* ours = dynamic_cast<ZCairoBitmapImp*> (&bitmap))
+        Copy (ours->PixelsWithoutKey (key), rect, AreaAt (from, rect), {});
+}
+
+void ZCairoCanvasImp::DrawBitmapAlpha (ZBitmapImp& bitmap, const ZRect& rect, ZPoint from, std::uint8_t alpha)
+{
+    if (const auto* ours = dynamic_cast<ZCairoBitmapImp*> (&bitmap))
+        Copy (ours->Pixels (), rect, AreaAt (from, rect), { alpha / 255.0, {} });
+}
+
+void ZCairoCanvasImp::StretchBitmap (ZBitmapImp& bitmap, const ZRect& rect, const ZRect& from)
+{
+    if (const auto* ours = dynamic_cast<ZCairoBitmapImp*> (&bitmap))
+        Copy (ours->Pixels (), rect, from, {});
+}
+
+} // namespace tessaly
