@@ -1,0 +1,265 @@
+#include "cairo_bitmap_imp.h"
+#include "cairo_canvas_imp.h"
+
+#include "canvas.h"
+#include "memory_stream.h"
+#include "picture.h"
+#include "png.h"
+#include <doctest/doctest.h>
+#include <map>
+
+using namespace tessaly;
+using test::Compare;
+using test::ImageOf;
+using test::Picture;
+using test::PngOf;
+
+namespace
+{
+
+constexpr ZColor kRed{ 255, 0, 0 };
+constexpr ZColor kGreen{ 0, 255, 0 };
+constexpr ZColor kBlue{ 0, 0, 255 };
+constexpr double kScales[]{ 1.0, 1.25, 1.5, 2.0 };
+constexpr int kExact = 0;
+
+void Fill (ZCanvasImp& canvas, const ZRect& rect, ZColor color, std::uint8_t alpha = 255)
+{
+    canvas.SetColor (color, alpha);
+    canvas.FillRect (rect);
+}
+
+/// Magenta, magenta that is not quite it, and half transparent magenta, around red.
+std::unique_ptr<ZCairoCanvasImp> KeyedPicture ()
+{
+    auto painted = std::make_unique<ZCairoCanvasImp> (4, 2, 1.0);
+    ZCanvasImp& canvas = *painted;
+    Fill (canvas, { 0, 0, 4, 2 }, kDefaultColorKey);
+    Fill (canvas, { 1, 0, 2, 1 }, kRed);
+    Fill (canvas, { 2, 0, 3, 1 }, { 255, 0, 254 });
+    canvas.Clear ({ 3, 0, 4, 1 });
+    Fill (canvas, { 3, 0, 4, 1 }, kDefaultColorKey, 128);
+    return painted;
+}
+
+/// Frames of 4 by 4 in a strip: green, red, blue.
+std::unique_ptr<ZCairoCanvasImp> Strip (std::int32_t finer)
+{
+    auto painted = std::make_unique<ZCairoCanvasImp> (4 * finer, 12 * finer, 1.0);
+    ZCanvasImp& canvas = *painted;
+    Fill (canvas, { 0, 0, 4 * finer, 4 * finer }, kGreen);
+    Fill (canvas, { 0, 4 * finer, 4 * finer, 8 * finer }, kRed);
+    Fill (canvas, { 0, 8 * finer, 4 * finer, 12 * finer }, kBlue);
+    return painted;
+}
+
+class StoreInMemory final : public ZImageStore
+{
+public:
+    std::map<std::pair<std::string, int>, std::vector<std::byte>> files;
+
+    std::span<const std::byte> Find (std::string_view name, std::int32_t density) const override
+    {
+        const auto found = files.find ({ std::string (name), density });
+        return found != files.end () ? std::span<const std::byte> (found->second) : std::span<const std::byte>{};
+    }
+};
+
+} // namespace
+
+TEST_CASE ("copies: keyed ones leave out the opaque key colour and nothing else, from image and canvas")
+{
+    auto source = KeyedPicture ();
+    auto image = ImageOf (*source);
+    ZCairoCanvasImp fromCanvas (6, 4, 1.0);
+    fromCanvas.CopyCanvasKeyed (*source, { 1, 1, 5, 3 }, {}, kDefaultColorKey);
+    ZCairoCanvasImp fromImage (6, 4, 1.0);
+    fromImage.DrawBitmapKeyed (image, { 1, 1, 5, 3 }, {}, kDefaultColorKey);
+    for (const auto* canvas : { &fromCanvas, &fromImage })
+    {
+        const Picture picture (*canvas);
+        CHECK (picture.InkBox () == ZRect{ 2, 1, 5, 2 });
+        CHECK (picture.At (2, 1) == 0xFFFF0000);
+        CHECK (picture.At (3, 1) == 0xFFFF00FE);
+        CHECK (picture.At (4, 1) == 0x80800080);
+    }
+    // Another key, then none: the image itself is as it was.
+    ZCairoCanvasImp other (4, 2, 1.0);
+    other.DrawBitmapKeyed (image, { 0, 0, 4, 2 }, {}, kRed);
+    CHECK (Picture (other).At (1, 0) == 0);
+    CHECK (Picture (other).At (0, 0) == 0xFFFF00FF);
+    other.DrawBitmapPlain (image, { 0, 0, 4, 2 }, {});
+    CHECK (Picture (other).At (1, 0) == 0xFFFF0000);
+}
+
+TEST_CASE ("copies: plain ones blend the source's alpha, alpha ones scale it")
+{
+    ZCairoCanvasImp source (3, 1, 1.0);
+    Fill (source, { 0, 0, 1, 1 }, kRed);
+    Fill (source, { 1, 0, 2, 1 }, kRed, 128);
+    ZCairoCanvasImp canvas (5, 3, 1.0);
+    Fill (canvas, { 0, 0, 5, 3 }, kBlue);
+    canvas.CopyCanvasPlain (source, { 1, 1, 4, 2 }, {});
+    CHECK (Picture (canvas).At (1, 1) == 0xFFFF0000);
+    CHECK (Picture (canvas).At (2, 1) == 0xFF80007F);
+    CHECK (Picture (canvas).At (3, 1) == 0xFF0000FF);
+    canvas.CopyCanvasAlpha (source, { 1, 0, 4, 1 }, {}, 128);
+    CHECK (Picture (canvas).At (1, 0) == 0xFF80007F);
+    CHECK (Picture (canvas).At (2, 0) == 0xFF4000BF);
+    ZCairoCanvasImp fromImage (3, 1, 1.0);
+    auto image = ImageOf (source);
+    fromImage.DrawBitmapAlpha (image, { 0, 0, 3, 1 }, {}, 128);
+    CHECK (Picture (fromImage).At (0, 0) == 0x80800000);
+    CHECK (Picture (fromImage).At (1, 0) == 0x40400000);
+}
+
+TEST_CASE ("copies: what lies outside the source draws nothing, the rest lands where it should")
+{
+    auto source = Strip (1);
+    auto image = ImageOf (*source);
+    ZCairoCanvasImp canvas (10, 6, 1.0);
+    canvas.DrawBitmapPlain (image, { 1, 1, 5, 5 }, { 2, 10 });
+    canvas.CopyCanvasPlain (*source, { 5, 1, 9, 5 }, { -2, -1 });
+    canvas.SetClipRect ({ 0, 0, 6, 6 });
+    canvas.CopyCanvasPlain (*source, { 0, 5, 10, 6 }, {});
+    CHECK (Compare (Picture (canvas), R"(
+        ..........
+        .BB.......
+        .BB....GG.
+        .......GG.
+        .......GG.
+        GGGG......)",
+                    kExact) == "");
+}
+
+TEST_CASE ("copies: one canvas onto itself reads what was there before")
+{
+    ZCairoCanvasImp canvas (7, 1, 1.0);
+    Fill (canvas, { 0, 0, 1, 1 }, kRed);
+    Fill (canvas, { 1, 0, 2, 1 }, kGreen);
+    Fill (canvas, { 2, 0, 3, 1 }, kBlue);
+    canvas.CopyCanvasPlain (canvas, { 1, 0, 5, 1 }, {});
+    CHECK (Picture (canvas).AsText () == "\nRRGB...");
+}
+
+TEST_CASE ("copies: a frame of a strip shows nothing of its neighbours at any scale, size and density")
+{
+    for (const double scale : kScales)
+        for (const std::int32_t density : { 1, 2 })
+            for (std::int32_t size = 2; size <= 9; ++size)
+            {
+                CAPTURE (scale);
+                CAPTURE (density);
+                CAPTURE (size);
+                auto image = ImageOf (*Strip (density), density);
+                CHECK (image.GetHeight () == 12);
+                ZCairoCanvasImp canvas (14, 14, scale);
+                canvas.StretchBitmap (image, { 3, 1, 3 + size, 1 + size }, { 0, 4, 4, 8 });
+                if (size == 4)
+                    canvas.DrawBitmapKeyed (image, { 3, 1, 7, 5 }, { 0, 4 }, kGreen);
+                ZCairoCanvasImp expected (14, 14, scale);
+                Fill (expected, { 3, 1, 3 + size, 1 + size }, kRed);
+                CHECK (Picture (canvas).AsText () == Picture (expected).AsText ());
+            }
+}
+
+TEST_CASE ("copies: parts of a picture that are copied apart fit together at every scale")
+{
+    ZCairoCanvasImp ramp (40, 1, 1.0);
+    for (std::int32_t x = 0; x < 40; ++x)
+        Fill (ramp, { x, 0, x + 1, 1 }, { static_cast<std::uint8_t> (6 * x), 0, 0 });
+    auto image = ImageOf (ramp);
+    for (const double scale : kScales)
+    {
+        CAPTURE (scale);
+        ZCairoCanvasImp whole (42, 1, scale);
+        whole.DrawBitmapPlain (image, { 1, 0, 41, 1 }, {});
+        ZCairoCanvasImp parts (42, 1, scale);
+        for (std::int32_t x = 0; x < 40; x += 5)
+            parts.DrawBitmapPlain (image, { 1 + x, 0, 6 + x, 1 }, { x, 0 });
+        CHECK (Picture (parts).IsLike (Picture (whole), 6)); // less than one step of the ramp
+    }
+}
+
+TEST_CASE ("copies: a smaller picture is the mean of what falls on a pixel")
+{
+    ZCairoCanvasImp lines (16, 16, 1.0);
+    for (std::int32_t y = 0; y < 16; y += 2)
+        Fill (lines, { 0, y, 16, y + 1 }, { 255, 255, 255 });
+    for (std::int32_t y = 1; y < 16; y += 2)
+        Fill (lines, { 0, y, 16, y + 1 }, {});
+    auto image = ImageOf (lines);
+    ZCairoCanvasImp canvas (4, 4, 1.0);
+    canvas.StretchBitmap (image, { 0, 0, 4, 4 }, { 0, 0, 16, 16 });
+    for (std::int32_t y = 0; y < 4; ++y)
+        CHECK (std::abs (static_cast<int> (Picture (canvas).At (1, y) & 255) - 128) <= 16);
+}
+
+TEST_CASE ("copies: an offscreen canvas takes the coordinates of its parent and gives the same pixels back")
+{
+    for (const double scale : kScales)
+    {
+        CAPTURE (scale);
+        ZCairoCanvasImp surface (24, 12, scale);
+        ZOnscreenCanvas canvas (surface);
+        canvas.SetOrigin ({ 4, 0 });
+        ZOffscreenCanvas offscreen (canvas, { 4, 4, 12, 12 });
+        CHECK (offscreen.GetScale () == scale);
+        offscreen.SetColor (kRed, 255);
+        offscreen.FillRect ({ 4, 4, 12, 12 });
+        offscreen.Clear ({ 1, 1, 2, 2 });
+        canvas.CopyCanvas (offscreen, { 4, 4, 12, 12 }, { 4, 4 });
+
+        ZCairoCanvasImp expected (24, 12, scale);
+        Fill (expected, { 8, 4, 16, 12 }, kRed);
+        expected.Clear ({ 9, 5, 10, 6 });
+        CHECK (Picture (surface).AsText () == Picture (expected).AsText ());
+    }
+}
+
+TEST_CASE ("images: one that is missing or broken has no size and draws nothing")
+{
+    const auto png = PngOf (*Strip (1));
+    ZCairoCanvasImp canvas (8, 8, 1.0);
+    for (const std::size_t length : { std::size_t{ 0 }, std::size_t{ 20 }, png.size () - 20 })
+    {
+        ZCairoBitmapImp image ("GONE.PNG", std::span (png).first (length));
+        CHECK (image.GetWidth () == 0);
+        CHECK (image.GetHeight () == 0);
+        CHECK (image.GetName () == "GONE.PNG");
+        canvas.DrawBitmapPlain (image, { 0, 0, 8, 8 }, {});
+        canvas.DrawBitmapKeyed (image, { 0, 0, 8, 8 }, {}, kRed);
+        canvas.DrawBitmapAlpha (image, { 0, 0, 8, 8 }, {}, 100);
+        canvas.StretchBitmap (image, { 0, 0, 8, 8 }, { 0, 0, 4, 4 });
+    }
+    CHECK (Picture (canvas).InkBox ().IsEmpty ());
+}
+
+TEST_CASE ("images: come from a stream, and from the store by name in any case, finer ones for finer surfaces")
+{
+    auto png = PngOf (*Strip (1));
+    ZMemoryStream stream (png.data (), static_cast<std::int32_t> (png.size ()),
+                          static_cast<std::int32_t> (png.size ()));
+    CHECK (ZCairoBitmapImp ("STRIP.PNG", stream).GetHeight () == 12);
+
+    StoreInMemory store;
+    store.files[{ "STRIP.PNG", 1 }] = png;
+    store.files[{ "BOTH.PNG", 1 }] = png;
+    store.files[{ "BOTH.PNG", 2 }] = PngOf (*Strip (2));
+    store.files[{ "BROKEN.PNG", 1 }] = png;
+    store.files[{ "BROKEN.PNG", 2 }] = {};
+    for (const double scale : kScales)
+        for (const char* name : { "strip.png", "Both.png", "BROKEN.png" })
+        {
+            CAPTURE (scale);
+            CAPTURE (name);
+            const auto image = ZCairoBitmapImp::Load (store, name, scale);
+            CHECK (image->GetName () == name);
+            CHECK (image->GetWidth () == 4);
+            CHECK (image->GetHeight () == 12);
+            const bool fine = scale > 1.0 && std::string_view (name) == "Both.png";
+            CHECK (cairo_image_surface_get_width (image->Pixels ().surface) == (fine ? 8 : 4));
+        }
+    CHECK (ZCairoBitmapImp::Load (store, "other.png", 2.0)->GetWidth () == 0);
+    CHECK (ZCairoBitmapImp::Load (store, std::string (300, 'x'), 1.0)->GetName ().size () == 255);
+}

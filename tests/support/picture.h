@@ -1,0 +1,166 @@
+#pragma once
+
+#include "cairo_canvas_imp.h"
+#include "geometry.h"
+#include <cairo.h>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tessaly::test
+{
+
+/// Pixels with premultiplied alpha, 0xAARRGGBB. Outside they are transparent.
+///
+/// As text, a row a line: '.' transparent, '1' to '9' black of that many tenths, '#' black, and the opaque colours
+/// 'R', 'G', 'B', 'C', 'M', 'Y', 'W'.
+class Picture
+{
+public:
+    Picture (std::int32_t w, std::int32_t h)
+        : width (w)
+        , height (h)
+        , pixels (static_cast<std::size_t> (w) * static_cast<std::size_t> (h))
+    {
+    }
+
+    explicit Picture (const ZCairoCanvasImp& canvas)
+        : Picture (canvas.PixelSize ().right, canvas.PixelSize ().bottom)
+    {
+        cairo_surface_t* surface = canvas.Surface ();
+        const auto stride = static_cast<std::size_t> (cairo_image_surface_get_stride (surface));
+        const auto row = static_cast<std::size_t> (width) * 4;
+        for (std::size_t y = 0; y < static_cast<std::size_t> (height); ++y)
+            std::memcpy (reinterpret_cast<unsigned char*> (pixels.data ()) + y * row,
+                         cairo_image_surface_get_data (surface) + y * stride, row);
+    }
+
+    /// Rows that are parted by line ends; a first line end and blanks before rows don't count.
+    explicit Picture (std::string_view text)
+        : Picture (0, 0)
+    {
+        std::istringstream rows{ std::string (text) };
+        for (std::string row; rows >> row; ++height)
+        {
+            width = static_cast<std::int32_t> (row.size ());
+            for (const char letter : row)
+                pixels.push_back (PixelOf (letter));
+        }
+    }
+
+    std::int32_t Width () const { return width; }
+    std::int32_t Height () const { return height; }
+    std::uint32_t At (std::int32_t x, std::int32_t y) const
+    {
+        return ZRect{ 0, 0, width, height }.Contains ({ x, y }) ? pixels[Index (x, y)] : 0;
+    }
+    int AlphaAt (std::int32_t x, std::int32_t y) const { return static_cast<int> (At (x, y) >> 24); }
+
+    Picture Part (const ZRect& rect) const
+    {
+        Picture part (rect.Width (), rect.Height ());
+        for (std::int32_t y = 0; y < part.height; ++y)
+            for (std::int32_t x = 0; x < part.width; ++x)
+                part.pixels[part.Index (x, y)] = At (rect.left + x, rect.top + y);
+        return part;
+    }
+    Picture Shifted (ZPoint by) const { return Part (ZRect{ 0, 0, width, height } - by); }
+
+    /// The smallest rectangle around all pixels of at least this alpha; empty when there is none.
+    ZRect InkBox (int alpha = 64) const
+    {
+        ZRect box;
+        for (std::int32_t y = 0; y < height; ++y)
+            for (std::int32_t x = 0; x < width; ++x)
+                if (AlphaAt (x, y) >= alpha)
+                    box = box.IsEmpty () ? ZRect{ x, y, x + 1, y + 1 }
+                                         : ZRect{ std::min (box.left, x), box.top, std::max (box.right, x + 1), y + 1 };
+        return box;
+    }
+
+    std::string AsText () const
+    {
+        std::string text;
+        for (std::int32_t y = 0; y < height; ++y)
+        {
+            text += '\n';
+            for (std::int32_t x = 0; x < width; ++x)
+                text += LetterOf (At (x, y));
+        }
+        return text;
+    }
+
+    /// Whether each component of each pixel is that of the other to within `tolerance` of 255.
+    bool IsLike (const Picture& other, int tolerance) const
+    {
+        if (width != other.width || height != other.height)
+            return false;
+        for (std::size_t i = 0; i < pixels.size (); ++i)
+            if (Distance (pixels[i], other.pixels[i]) > tolerance)
+                return false;
+        return true;
+    }
+
+private:
+    static constexpr std::string_view kColors = "RGBCMYW";
+    static constexpr std::uint32_t kColorPixels[]{ 0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFF00FFFF,
+                                                   0xFFFF00FF, 0xFFFFFF00, 0xFFFFFFFF };
+
+    static std::uint32_t PixelOf (char letter)
+    {
+        if ('1' <= letter && letter <= '9')
+            return static_cast<std::uint32_t> ((letter - '0') * 255 / 10) << 24;
+        const auto color = kColors.find (letter);
+        return color != std::string_view::npos ? kColorPixels[color] : letter == '#' ? 0xFF000000 : 0;
+    }
+    static char LetterOf (std::uint32_t pixel)
+    {
+        char best = '?';
+        int least = 64;
+        for (const char letter : std::string_view (".123456789#RGBCMYW"))
+            if (const int distance = Distance (pixel, PixelOf (letter)); distance < least)
+            {
+                least = distance;
+                best = letter;
+            }
+        return best;
+    }
+    static int Distance (std::uint32_t a, std::uint32_t b)
+    {
+        int most = 0;
+        for (int shift = 0; shift < 32; shift += 8)
+            most =
+                std::max (most, std::abs (static_cast<int> (a >> shift & 255) - static_cast<int> (b >> shift & 255)));
+        return most;
+    }
+    std::size_t Index (std::int32_t x, std::int32_t y) const
+    {
+        return static_cast<std::size_t> (y) * static_cast<std::size_t> (width) + static_cast<std::size_t> (x);
+    }
+
+    std::int32_t width;
+    std::int32_t height;
+    std::vector<std::uint32_t> pixels;
+};
+
+/// Tolerance for smoothed edges, of 255: what another version of the library may round otherwise.
+inline constexpr int kSmoothTolerance = 32;
+
+/// Compares with a reference, and holds the reference to it that it tells a picture from the same one a pixel further.
+/// @return nothing when all is well, otherwise what is wrong, for CHECK (Compare (...) == "")
+inline std::string Compare (const Picture& picture, std::string_view reference, int tolerance = kSmoothTolerance)
+{
+    const Picture expected (reference);
+    if (!picture.IsLike (expected, tolerance))
+        return "painted:" + picture.AsText ();
+    for (const ZPoint by : { ZPoint{ 1, 0 }, ZPoint{ -1, 0 }, ZPoint{ 0, 1 }, ZPoint{ 0, -1 } })
+        if (picture.Shifted (by).IsLike (expected, tolerance))
+            return "the reference would let a shifted picture pass";
+    return {};
+}
+
+} // namespace tessaly::test
