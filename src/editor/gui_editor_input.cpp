@@ -1,0 +1,199 @@
+#include "event.h"
+#include "gui_editor.h"
+
+namespace tessaly
+{
+
+namespace
+{
+
+/// Keeps a control that calls back into the editor from being called again by it. The old state returns in the end.
+class InputLock
+{
+public:
+    explicit InputLock (bool& guarded)
+        : locked (guarded)
+        , before (guarded)
+    {
+        locked = true;
+    }
+    ~InputLock () { locked = before; }
+    InputLock (const InputLock&) = delete;
+    InputLock& operator= (const InputLock&) = delete;
+
+private:
+    bool& locked; // not owned: the editor's
+    bool before;
+};
+
+/// Asks the modal pane and, if that did not take the event and is another one, the second. Both by reference to the
+/// editor's own pointers: either pane may end while the first is asked.
+template <typename Call>
+bool Offer (ZPane* const& modal, ZPane* const& second, Call call)
+{
+    const auto* asked = modal;
+    return (modal != nullptr && call (*modal)) || (second != nullptr && second != asked && call (*second));
+}
+
+} // namespace
+
+void ZGuiEditor::SetModalPane (ZPane* pane)
+{
+    if (pane == modalPane)
+        return;
+    if (pane != nullptr)
+        EndModal ();
+    if (rootView != nullptr && !overhang.IsZero ())
+        rootView->SetDirty (true); // what lies under the overhang shows again
+    overhang = {};
+    modalPane = pane;
+}
+
+void ZGuiEditor::EndModal ()
+{
+    auto* pane = modalPane;
+    if (pane == nullptr)
+        return;
+    SetModalPane (nullptr); // first: a field that loses its window's focus meanwhile would close a second time
+    pane->CloseModal (false);
+}
+
+void ZGuiEditor::FollowPointer (ZEvent& event, const ZMouseInput& mouse)
+{
+    if (rootView == nullptr)
+        return;
+    auto* before = hoverPane;
+    const auto free = modalPane == nullptr && capturePane == nullptr;
+    auto* found = free ? rootView->FindPane (event, mouse) : nullptr;
+    if (found == before)
+        return;
+    hoverPane = found;
+    if (before != nullptr)
+        before->MouseExit (event, mouse);
+    if (hoverPane != nullptr)
+        hoverPane->MouseEnter (event, mouse);
+}
+
+void ZGuiEditor::Idle (ZEvent& event, const ZMouseInput& mouse)
+{
+    if (!IsOpen ())
+        return;
+    CarryOutEvents ();
+    PollMeters ();
+    PollParameters ();
+    if (std::exchange (valuesChanged, false))
+        EndModal ();
+    FollowPointer (event, mouse);
+    OnIdle (event, mouse);
+    for (std::int32_t i = 0; i < views.GetCount (); ++i) // by index: a pane may leave in its idle call
+        if (views.At (i)->GetParent () == nullptr)       // all others hear of it from their parents
+            views.At (i)->Idle (event, mouse);
+    if (tooltip != nullptr)
+        tooltip->Idle (mouse.time);
+}
+
+ZPane* ZGuiEditor::PaneAt (ZEvent& event, const ZMouseInput& mouse)
+{
+    return IsOpen () ? rootView->FindPane (event, mouse) : nullptr;
+}
+
+bool ZGuiEditor::MouseDown (ZEvent& event, const ZMouseInput& mouse)
+{
+    if (!IsOpen () || inputLocked)
+        return capturePane != nullptr;
+    const InputLock lock (inputLocked);
+    if (capturePane != nullptr)
+        capturePane->MouseUp (event, mouse);
+    capturePane = nullptr;
+    pressedPane = PaneAt (event, mouse);
+    if (modalPane != pressedPane)
+        EndModal ();
+    if (pressedPane != nullptr)
+    {
+        focusPane = pressedPane;
+        if (pressedPane->MouseDown (event, mouse))
+            capturePane = pressedPane; // null by now if the press ended it
+    }
+    pressedPane = nullptr;
+    return capturePane != nullptr;
+}
+
+bool ZGuiEditor::MouseMove (ZEvent& event, const ZMouseInput& mouse)
+{
+    if (!IsOpen () || inputLocked)
+        return capturePane != nullptr;
+    const InputLock lock (inputLocked);
+    if (capturePane != nullptr && !capturePane->MouseMove (event, mouse))
+        capturePane = nullptr;
+    return capturePane != nullptr;
+}
+
+bool ZGuiEditor::MouseUp (ZEvent& event, const ZMouseInput& mouse)
+{
+    if (!IsOpen () || inputLocked)
+        return false;
+    const InputLock lock (inputLocked);
+    if (capturePane != nullptr)
+        capturePane->MouseUp (event, mouse);
+    capturePane = nullptr;
+    if (modalPane == nullptr)
+        FollowPointer (event, mouse);
+    return false;
+}
+
+bool ZGuiEditor::MouseWheel (ZEvent& event, const ZWheelInput& wheel)
+{
+    if (!IsOpen ())
+        return false;
+    const auto turn = [&] (ZPane& pane)
+    {
+        const auto hovered = &pane == hoverPane;
+        const auto taken = pane.MouseWheel (event, wheel);
+        if (taken && hovered)
+            focusPane = hoverPane; // null by now if the turn ended it
+        return taken;
+    };
+    return Offer (modalPane, hoverPane, turn) || OnMouseWheel (event, wheel);
+}
+
+bool ZGuiEditor::KeyDown (ZEvent& event, const ZKeyInput& key)
+{
+    if (!IsOpen ())
+        return false;
+    const auto press = [&] (ZPane& pane) { return pane.KeyDown (event, key); };
+    return Offer (modalPane, focusPane, press) || OnKeyDown (event, key);
+}
+
+bool ZGuiEditor::KeyRepeat (ZEvent& event, const ZKeyInput& key)
+{
+    if (!IsOpen ())
+        return false;
+    const auto repeat = [&] (ZPane& pane) { return pane.KeyRepeat (event, key); };
+    return Offer (modalPane, focusPane, repeat) || OnKeyRepeat (event, key);
+}
+
+bool ZGuiEditor::KeyUp (ZEvent& event, const ZKeyInput& key)
+{
+    if (!IsOpen ())
+        return false;
+    const auto release = [&] (ZPane& pane) { return pane.KeyUp (event, key); };
+    return Offer (modalPane, focusPane, release) || OnKeyUp (event, key);
+}
+
+void ZGuiEditor::FocusGained ()
+{
+    if (!IsOpen ())
+        return;
+    EndModal ();
+    OnFocusGained ();
+}
+
+void ZGuiEditor::FocusLost ()
+{
+    if (!IsOpen ())
+        return;
+    EndModal ();
+    OnFocusLost ();
+}
+
+} // namespace tessaly
