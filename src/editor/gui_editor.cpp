@@ -131,7 +131,6 @@ void ZGuiEditor::ReleasePanes ()
     rootView = nullptr;
     storage = nullptr;
     meterSource = nullptr;
-    overhang = {};
     controls.RemoveAll ();
     meters.RemoveAll ();
     views.RemoveAll ();

@@ -194,9 +194,9 @@ private:
     void ShowAllParameters ();
     void CarryOutEvents ();
     void EndModal ();
+    ZPane* PressTarget (ZEvent& event, const ZMouseInput& mouse);
     void FollowPointer (ZEvent& event, const ZMouseInput& mouse);
     void DrawModal (ZCanvas& canvas, std::uint32_t time);
-    ZRect GetModalRect () const; // of the surface
 
     ZEditorWrapper& wrapper;                  // not owned: the window's, lives longer
     ZParameterStorageBase* storage = nullptr; // not owned: the effect's; null while closed
@@ -226,7 +226,6 @@ private:
     bool valuesChanged = false; // the next tick ends what is modal
     MeterFade fade;
     std::int32_t channelCount = 0;
-    ZRect overhang; // of the surface: what the modal pane drew beyond its frame; zero for nothing
 
     ParkedEvents parked;
     std::atomic<std::thread::id> uiThread;

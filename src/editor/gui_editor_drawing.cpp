@@ -25,11 +25,6 @@ void CopyAround (ZCanvas& target, const ZCanvas& source, const ZRect& whole, con
 
 } // namespace
 
-ZRect ZGuiEditor::GetModalRect () const
-{
-    return modalPane->GetDrawRect () + modalPane->GetOrigin ();
-}
-
 void ZGuiEditor::Draw (ZCanvas& canvas, const ZRect& update, std::uint32_t time)
 {
     if (rootView == nullptr)
@@ -40,8 +35,6 @@ void ZGuiEditor::Draw (ZCanvas& canvas, const ZRect& update, std::uint32_t time)
     }
     else if (!canvas.IsOffscreen ())
     {
-        if (!overhang.IsZero () && overhang != GetModalRect ())
-            rootView->SetDirty (true);
         rootView->Paint (canvas, time, update);
         DrawModal (canvas, time);
     }
@@ -50,14 +43,12 @@ void ZGuiEditor::Draw (ZCanvas& canvas, const ZRect& update, std::uint32_t time)
         ZOffscreenCanvas behind (canvas, whole);
         rootView->Draw (behind, time);
         DrawModal (canvas, time);
-        CopyAround (canvas, behind, whole, GetModalRect ());
+        CopyAround (canvas, behind, whole, modalPane->GetDrawRect () + modalPane->GetOrigin ());
     }
 }
 
 void ZGuiEditor::DrawModal (ZCanvas& canvas, std::uint32_t time)
 {
-    const auto rect = GetModalRect ();
-    overhang = rect == modalPane->GetFrame () + modalPane->GetOrigin () ? ZRect{} : rect;
     const ZCanvasStateSt state (canvas);
     canvas.SetOrigin (canvas.GetOrigin () + modalPane->GetOrigin ());
     modalPane->Draw (canvas, time);

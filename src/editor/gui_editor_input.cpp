@@ -1,5 +1,7 @@
+#include "dial.h"
 #include "event.h"
 #include "gui_editor.h"
+#include "slider.h"
 
 namespace tessaly
 {
@@ -43,9 +45,6 @@ void ZGuiEditor::SetModalPane (ZPane* pane)
         return;
     if (pane != nullptr)
         EndModal ();
-    if (rootView != nullptr && !overhang.IsZero ())
-        rootView->SetDirty (true); // what lies under the overhang shows again
-    overhang = {};
     modalPane = pane;
 }
 
@@ -97,6 +96,14 @@ ZPane* ZGuiEditor::PaneAt (ZEvent& event, const ZMouseInput& mouse)
     return IsOpen () ? rootView->FindPane (event, mouse) : nullptr;
 }
 
+ZPane* ZGuiEditor::PressTarget (ZEvent& event, const ZMouseInput& mouse)
+{
+    // An open menu that is drawn on the surface reaches beyond its view and lies over what comes later in the tree.
+    if (modalPane != nullptr && modalPane->FindPane (event, mouse) == modalPane)
+        return modalPane;
+    return PaneAt (event, mouse);
+}
+
 bool ZGuiEditor::MouseDown (ZEvent& event, const ZMouseInput& mouse)
 {
     if (!IsOpen () || inputLocked)
@@ -105,7 +112,7 @@ bool ZGuiEditor::MouseDown (ZEvent& event, const ZMouseInput& mouse)
     if (capturePane != nullptr)
         capturePane->MouseUp (event, mouse);
     capturePane = nullptr;
-    pressedPane = PaneAt (event, mouse);
+    pressedPane = PressTarget (event, mouse);
     if (modalPane != pressedPane)
         EndModal ();
     if (pressedPane != nullptr)
@@ -194,6 +201,15 @@ void ZGuiEditor::FocusLost ()
         return;
     EndModal ();
     OnFocusLost ();
+}
+
+void ZGuiEditor::SetDialMode (std::int32_t mode)
+{
+    for (auto* control : controls)
+        if (auto* dial = dynamic_cast<ZDial*> (control))
+            dial->SetDragMode (mode);
+        else if (auto* slider = dynamic_cast<ZSlider*> (control))
+            slider->SetDragMode (mode);
 }
 
 } // namespace tessaly

@@ -56,13 +56,16 @@ void ZHoverView::Paint (ZCanvas& canvas, std::uint32_t time, const ZRect& update
     if (!KeepsPixelsFor (canvas))
     {
         ZView::Paint (canvas, time, update);
-        return;
     }
-    if (IsDirty () || NeedsPaint (canvas, update))
-        lowerView.SetDirty (true); // the next line cleans this view, so the layer would not see it any more
-    ZPane::Paint (canvas, time, update);
-    PaintChild (lowerView, *lowerLayer.GetCanvas (), time, {});
-    DrawUpper (canvas, time);
+    else if (IsDirty () || NeedsPaint (canvas, update))
+    {
+        Draw (canvas, time);
+    }
+    else
+    {
+        PaintChild (lowerView, *lowerLayer.GetCanvas (), time, {});
+        DrawUpper (canvas, time);
+    }
 }
 
 void ZHoverView::Draw (ZCanvas& canvas, std::uint32_t time)
