@@ -64,13 +64,14 @@ public:
         return taken;
     }
     ZRect clip; // the present one; zero for none
+    double scale = 1.0;
 
     std::unique_ptr<ZCanvasImp> CreateOffscreenImp (const ZRect& rect) override
     {
         Write ("CreateOffscreen " + Words (rect));
         return std::unique_ptr<ZCanvasImp> (new RecordingCanvasImp (log));
     }
-    double GetScale () const override { return 1.0; }
+    double GetScale () const override { return scale; }
     void Save () override { clips.push_back (clip); }
     void Restore () override
     {
