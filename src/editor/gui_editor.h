@@ -28,8 +28,8 @@ class ZEvent;
 
 /// The generic editor: owns the tree of panes from Open to Close, sends mouse, keys and focus into it, looks at the
 /// effect's parameters and meters on every idle tick and hands what changed to the controls, and writes what a control
-/// wants to the effect. It belongs to no window system: it is told to draw and gets raw calls. Points and rectangles are
-/// in pixels of the surface at scale 1.
+/// wants to the effect. It belongs to no window system: it is told to draw and gets raw calls. Points and rectangles
+/// are in pixels of the surface at scale 1.
 ///
 /// A value goes round: a control broadcasts what its user wants, SetParameter writes it and sets it on every control of
 /// that tag. What others change is found by the next idle tick, or comes as an event of the effect.
@@ -64,7 +64,7 @@ public:
 
     // The window's side. Every call of the mouse and the keys, and all timed behaviour, stands on these
     virtual void Idle (ZEvent& event, const ZMouseInput& mouse); ///< the editor's clock: a tick every 30 ms or so
-    /// Draws what changed on a canvas that keeps its pixels. @param update  of the surface, to be drawn anyway; zero: none
+    /// Draws what changed on a canvas that keeps its pixels. @param update  to be drawn anyway; zero: nothing
     virtual void Draw (ZCanvas& canvas, const ZRect& update, std::uint32_t time);
     void Redraw (const ZRect& rect); ///< the next pass draws the panel anew if the rectangle touches it
     void Invalidate (bool all);      ///< true: the next pass draws everything

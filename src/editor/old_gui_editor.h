@@ -8,7 +8,8 @@ namespace tessaly
 class ZBitmapPicture;
 
 /// An editor of two pages of the panel's size, front and back, each a view of its own over a background picture. It
-/// opens on its front page. Only what a page's first SetFrontBackground or SetBackBackground has made can be added to.
+/// opens on its front page. A page can be added to once its first SetFrontBackground or SetBackBackground
+/// has made it.
 class ZOldGuiEditor : public ZGuiEditor
 {
 public:
@@ -22,37 +23,9 @@ public:
     ZView* GetFrontView () const { return front.view; } ///< null before it is made
     ZView* GetBackView () const { return back.view; }
 
-    // To the page's layer that lies below, see ZGuiEditor
-    template <typename Control>
-    Control* AddFrontControl (std::unique_ptr<Control> control)
-    {
-        return AddControl (GetLayer (*front.view), std::move (control));
-    }
-    template <typename Pane>
-    Pane* AddFrontPane (std::unique_ptr<Pane> pane)
-    {
-        return AddPane (GetLayer (*front.view), std::move (pane));
-    }
-    template <typename Meter>
-    Meter* AddFrontMeter (std::unique_ptr<Meter> meter)
-    {
-        return AddMeter (GetLayer (*front.view), std::move (meter));
-    }
-    template <typename Control>
-    Control* AddBackControl (std::unique_ptr<Control> control)
-    {
-        return AddControl (GetLayer (*back.view), std::move (control));
-    }
-    template <typename Pane>
-    Pane* AddBackPane (std::unique_ptr<Pane> pane)
-    {
-        return AddPane (GetLayer (*back.view), std::move (pane));
-    }
-    template <typename Meter>
-    Meter* AddBackMeter (std::unique_ptr<Meter> meter)
-    {
-        return AddMeter (GetLayer (*back.view), std::move (meter));
-    }
+    // What is added to a page goes in here: AddControl (GetFrontLayer (), ...)
+    ZView& GetFrontLayer () { return GetLayer (*front.view); }
+    ZView& GetBackLayer () { return GetLayer (*back.view); }
 
     void SetSize (std::int32_t newWidth, std::int32_t newHeight) override; ///< of pages and pictures, too
     void Draw (ZCanvas& canvas, const ZRect& update, std::uint32_t time) override;

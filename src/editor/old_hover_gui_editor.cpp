@@ -13,7 +13,7 @@ ZMultiTextView& ZOldHoverGuiEditor::GetTexts ()
     if (texts == nullptr)
     {
         const auto page = GetFrontView ()->GetFrame ();
-        texts = AddFrontUpperPane (std::make_unique<ZMultiTextView> (this, page - page.TopLeft ()));
+        texts = AddPane (GetFrontUpperLayer (), std::make_unique<ZMultiTextView> (this, page - page.TopLeft ()));
     }
     return *texts;
 }

@@ -14,26 +14,8 @@ class ZOldHoverGuiEditor : public ZOldGuiEditor
 public:
     using ZOldGuiEditor::ZOldGuiEditor;
 
-    template <typename Control>
-    Control* AddFrontUpperControl (std::unique_ptr<Control> control)
-    {
-        return AddControl (GetUpper (GetFrontView ()), std::move (control));
-    }
-    template <typename Pane>
-    Pane* AddFrontUpperPane (std::unique_ptr<Pane> pane)
-    {
-        return AddPane (GetUpper (GetFrontView ()), std::move (pane));
-    }
-    template <typename Control>
-    Control* AddBackUpperControl (std::unique_ptr<Control> control)
-    {
-        return AddControl (GetUpper (GetBackView ()), std::move (control));
-    }
-    template <typename Pane>
-    Pane* AddBackUpperPane (std::unique_ptr<Pane> pane)
-    {
-        return AddPane (GetUpper (GetBackView ()), std::move (pane));
-    }
+    ZView& GetFrontUpperLayer () { return GetUpper (GetFrontView ()); }
+    ZView& GetBackUpperLayer () { return GetUpper (GetBackView ()); }
 
     /// A text for the control of its id on the front page: shown while that is dragged or under the pointer. The texts
     /// are in the upper layer, where one that goes leaves nothing behind.

@@ -7,7 +7,7 @@ namespace tessaly
 {
 
 /// A view that keeps its pixels: children draw into an offscreen canvas, dirty ones only, and every paint pass copies
-/// the whole of it, changed or not. The copy is the price of a pass; the window starts one only when something is dirty.
+/// the whole of it, changed or not. The copy is the price of a pass, which starts only when something is dirty.
 class ZOffscreenView : public ZView
 {
 public:

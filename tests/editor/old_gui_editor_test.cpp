@@ -35,11 +35,11 @@ protected:
     {
         this->SetFrontBackground ("front");
         this->SetBackBackground ("back");
-        frontControl = this->AddFrontControl (Probe (0, 0));
-        backControl = this->AddBackControl (Probe (20, 1));
+        frontControl = this->AddControl (this->GetFrontLayer (), Probe (0, 0));
+        backControl = this->AddControl (this->GetBackLayer (), Probe (20, 1));
         if constexpr (std::is_same_v<Base, ZOldHoverGuiEditor>)
         {
-            upperControl = this->AddFrontUpperControl (Probe (40, 2));
+            upperControl = this->AddControl (this->GetFrontUpperLayer (), Probe (40, 2));
             text = this->AddFrontText (Probe (60, 0));
         }
     }
