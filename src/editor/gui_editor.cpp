@@ -155,7 +155,10 @@ void ZGuiEditor::ForgetPane (const ZPane& pane)
 
 bool ZGuiEditor::Remove (ZPane* pane)
 {
-    return views.Remove (pane) != nullptr; // its end does the rest
+    if (views.Remove (pane) == nullptr) // its end does the rest
+        return false;
+    Invalidate (true); // what it covered has to appear, an open field or menu of it included
+    return true;
 }
 
 bool ZGuiEditor::Attach (ZControl& control)

@@ -95,7 +95,8 @@ public:
     void SetMeterFade (bool on);                                   ///< false: meters sink to zero
 
     // Panes of the owner
-    void SetModalPane (ZPane* pane) override; ///< the present one, if any, is closed first
+    void SetModalPane (ZPane& pane) override; ///< another that is modal is closed first
+    void ReleaseModalPane (const ZPane& pane) override;
     ZPane* GetModalPane () const { return modalPane; }
     ZPane* GetCapturePane () const override { return capturePane; }
     ZPane* GetHoverPane () const override { return hoverPane; }

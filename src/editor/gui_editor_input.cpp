@@ -2,6 +2,7 @@
 #include "event.h"
 #include "gui_editor.h"
 #include "slider.h"
+#include <utility>
 
 namespace tessaly
 {
@@ -39,22 +40,24 @@ bool Offer (ZPane* const& modal, ZPane* const& second, Call call)
 
 } // namespace
 
-void ZGuiEditor::SetModalPane (ZPane* pane)
+void ZGuiEditor::SetModalPane (ZPane& pane)
 {
-    if (pane == modalPane)
-        return;
-    if (pane != nullptr)
+    if (&pane != modalPane)
         EndModal ();
-    modalPane = pane;
+    modalPane = &pane;
+}
+
+void ZGuiEditor::ReleaseModalPane (const ZPane& pane)
+{
+    if (&pane == modalPane)
+        modalPane = nullptr;
 }
 
 void ZGuiEditor::EndModal ()
 {
-    auto* pane = modalPane;
-    if (pane == nullptr)
-        return;
-    SetModalPane (nullptr); // first: a field that loses its window's focus meanwhile would close a second time
-    pane->CloseModal (false);
+    // Cleared first: a field that loses its window's focus meanwhile would close a second time.
+    if (auto* pane = std::exchange (modalPane, nullptr))
+        pane->CloseModal (false);
 }
 
 void ZGuiEditor::FollowPointer (ZEvent& event, const ZMouseInput& mouse)
@@ -80,7 +83,8 @@ void ZGuiEditor::Idle (ZEvent& event, const ZMouseInput& mouse)
     CarryOutEvents ();
     PollMeters ();
     PollParameters ();
-    if (std::exchange (valuesChanged, false))
+    const auto hidden = modalPane != nullptr && !modalPane->IsVisible (); // its page may have gone
+    if (std::exchange (valuesChanged, false) || hidden)
         EndModal ();
     FollowPointer (event, mouse);
     OnIdle (event, mouse);

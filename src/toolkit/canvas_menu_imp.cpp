@@ -172,9 +172,9 @@ bool ZCanvasMenuImp::OnMouseMove (ZEvent& event, const ZMouseInput& mouse)
 
 bool ZCanvasMenuImp::OnMouseUp (ZEvent& /*event*/, const ZMouseInput& mouse)
 {
-    const bool asked =
-        std::exchange (armed, false) && control->IsMouseEnabled (); // a disabled drag ends like this, too
-    if (IsOpen () && asked)
+    // The drag of a control that is hidden or disabled meanwhile ends like this, too.
+    const bool usable = control->IsVisible () && control->IsMouseEnabled ();
+    if (std::exchange (armed, false) && usable && IsOpen ())
         Choose (EnabledAt (mouse.point));
     return false;
 }

@@ -159,7 +159,7 @@ bool ZPane::OpenModal (ZEvent& event, const ZMouseInput& mouse)
     if (!OnOpenModal (event, Local (mouse)))
         return false;
     if (owner != nullptr)
-        owner->SetModalPane (this);
+        owner->SetModalPane (*this);
     return true;
 }
 
@@ -167,7 +167,7 @@ bool ZPane::CloseModal (bool commit)
 {
     const auto result = OnCloseModal (commit);
     if (owner != nullptr)
-        owner->SetModalPane (nullptr);
+        owner->ReleaseModalPane (*this);
     return result;
 }
 

@@ -16,11 +16,12 @@ class ZPaneOwner
 public:
     virtual ~ZPaneOwner () = default;
 
-    virtual void SetModalPane (ZPane* pane) = 0;     ///< null: there is none any more
-    virtual ZPane* GetCapturePane () const = 0;      ///< that gets every move of the mouse; null without a drag
-    virtual ZPane* GetHoverPane () const = 0;        ///< under the pointer, or null
-    virtual ZView* GetRootView () const = 0;         ///< null while closed
-    virtual void ForgetPane (const ZPane& pane) = 0; ///< the pane ends: no pointer to it may be kept
+    virtual void SetModalPane (ZPane& pane) = 0;           ///< it has opened
+    virtual void ReleaseModalPane (const ZPane& pane) = 0; ///< it has closed; nothing if another is modal by now
+    virtual ZPane* GetCapturePane () const = 0;            ///< that gets every move of the mouse; null without a drag
+    virtual ZPane* GetHoverPane () const = 0;              ///< under the pointer, or null
+    virtual ZView* GetRootView () const = 0;               ///< null while closed
+    virtual void ForgetPane (const ZPane& pane) = 0;       ///< the pane ends: no pointer to it may be kept
     virtual std::unique_ptr<ZTextEditImp> CreateTextEditImp () = 0; ///< null: there are no text fields here
     virtual std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () = 0;   ///< null: there are no menus here
 

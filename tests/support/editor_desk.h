@@ -95,6 +95,11 @@ public:
         ZEvent event (window);
         return editor.MouseDown (event, Mouse ());
     }
+    void Click (ZGuiEditor& editor, ZPoint point)
+    {
+        Press (editor, point);
+        Release (editor, point);
+    }
     bool Drag (ZGuiEditor& editor, ZPoint point)
     {
         Point (point, kLeftButton);
@@ -112,10 +117,10 @@ public:
         ZEvent event (window);
         return editor.MouseWheel (event, { window.pointer, delta, window.time });
     }
-    bool Key (ZGuiEditor& editor, std::int32_t key)
+    bool Key (ZGuiEditor& editor, std::int32_t key, char character = 0)
     {
         ZEvent event (window);
-        return editor.KeyDown (event, { 0, 0, key, window.time });
+        return editor.KeyDown (event, { character, 0, key, window.time });
     }
     RecordingCanvasImp::Log Paint (ZGuiEditor& editor) ///< the calls of one pass on the window's surface
     {

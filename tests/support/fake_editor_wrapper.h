@@ -1,5 +1,8 @@
 #pragma once
 
+#include "canvas.h"
+#include "canvas_menu_imp.h"
+#include "canvas_text_edit_imp.h"
 #include "editor_wrapper.h"
 #include "effect_wrapper.h"
 #include "parameter_storage_base.h"
@@ -61,14 +64,20 @@ public:
             return nullptr;
         return std::make_unique<NamedBitmapImp> (std::string (name), 200, 100);
     }
-    std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () override { return nullptr; }
-    std::unique_ptr<ZTextEditImp> CreateTextEditImp () override { return nullptr; }
+    std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () override { return std::make_unique<ZCanvasMenuImp> (measure); }
+    std::unique_ptr<ZTextEditImp> CreateTextEditImp () override
+    {
+        return std::make_unique<ZCanvasTextEditImp> (measure, nullptr);
+    }
     std::unique_ptr<ZTooltipImp> CreateTooltipImp () override
     {
         return hasTooltips ? std::make_unique<Tooltip> (tooltipLog) : nullptr;
     }
 
 private:
+    RecordingCanvasImp ruler;
+    ZOnscreenCanvas measure{ ruler };
+
     struct Tooltip final : ZTooltipImp
     {
         explicit Tooltip (std::vector<std::string>& words)

@@ -85,7 +85,8 @@ public:
                 control->SetValueById (id, value);
     }
     void OnMessage (std::int32_t message, ZControl*) override { messages.push_back (message); }
-    void SetModalPane (ZPane* pane) override { modal = pane; }
+    void SetModalPane (ZPane& pane) override { modal = &pane; }
+    void ReleaseModalPane (const ZPane& pane) override { modal = modal == &pane ? nullptr : modal; }
     ZPane* GetCapturePane () const override { return capture; }
     ZPane* GetHoverPane () const override { return hover; }
     ZView* GetRootView () const override { return root; }
