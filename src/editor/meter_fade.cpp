@@ -9,8 +9,8 @@ namespace tessaly
 namespace
 {
 
-constexpr double kNudge =
-    1.2e-07; // the last bit of 1.0f: what a float loses in the sum would leave the fade unfinished
+/// About the last bit of 1.0f: without it, what a float loses in the sum would leave the fade unfinished.
+constexpr double kNudge = 1.2e-07;
 
 } // namespace
 

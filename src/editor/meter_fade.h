@@ -10,7 +10,6 @@ class MeterFade
 {
 public:
     bool SetWanted (bool on); ///< whether meters are to show. @return true if that is new
-    bool IsWanted () const { return wanted; }
     void StartOut ();
     void StartIn ();
     void Step ();                                          ///< one tick

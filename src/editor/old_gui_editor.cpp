@@ -8,6 +8,8 @@ namespace tessaly
 
 void ZOldGuiEditor::SetBackground (Page& page, std::string_view name)
 {
+    if (GetRootView () == nullptr)
+        return;
     auto* image = GetBitmap (name);
     if (page.view == nullptr)
     {
@@ -16,7 +18,7 @@ void ZOldGuiEditor::SetBackground (Page& page, std::string_view name)
         page.view = CreatePage (size);
         GetRootView ()->AddPane (page.view);
         page.picture = AddPane (GetLayer (*page.view), std::make_unique<ZBitmapPicture> (this, size, kNewPaneId));
-        if (&page == &back && front.view != nullptr)
+        if (front.view != nullptr && back.view != nullptr) // in whichever order they come
             back.view->Hide ();
     }
     page.picture->SetBitmapActive (image, {});

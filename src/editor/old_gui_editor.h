@@ -15,7 +15,7 @@ class ZOldGuiEditor : public ZGuiEditor
 public:
     using ZGuiEditor::ZGuiEditor;
 
-    /// Makes the page in the image's size, or gives the page that is there another image.
+    /// Makes the page in the image's size, or gives the page that is there another image. Nothing while closed.
     void SetFrontBackground (std::string_view name) { SetBackground (front, name); }
     void SetBackBackground (std::string_view name) { SetBackground (back, name); }
     void ShowFront () { ShowPage (front, back); }

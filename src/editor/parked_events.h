@@ -56,8 +56,8 @@ private:
     void ParkParameter (std::int32_t id);
 
     std::atomic<std::uint32_t> codes = 0;
-    std::atomic<ZPluginCore*> core = nullptr;              // not owned: the effect's, as the next three
-    std::atomic<ZParameterStorageBase*> storage = nullptr; //
+    std::atomic<ZPluginCore*> core = nullptr; // not owned: the effect's, as the next three
+    std::atomic<ZParameterStorageBase*> storage = nullptr;
     std::atomic<ZVuBuffer*> meters = nullptr;
     std::atomic<ZMidiEvent*> midi = nullptr;
     std::atomic<double> sampleRate = 0.0;
