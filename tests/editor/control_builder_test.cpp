@@ -17,7 +17,6 @@
 #include "knob_slider.h"
 #include "multi_button.h"
 #include <doctest/doctest.h>
-#include <span>
 #include <typeindex>
 #include <typeinfo>
 
@@ -129,18 +128,17 @@ TEST_CASE ("ZControlBuilder: radio buttons of one id make one group, in one plac
 TEST_CASE ("ZControlBuilder: applies what a record says")
 {
     EditorDesk desk;
-    SUBCASE ("a dial's sweep and direction, a hit rectangle")
+    auto record = Described (kKindDial);
+    record.beginDegree = 45;
+    record.endDegree = 300;
+    record.centerX = 7;
+    record.centerY = 8;
+    record.counterClockwise = 1;
+    record.hitX = 2;
+    record.hitY = 3;
+    record.hitWidth = 10;
+    record.hitHeight = 11;
     {
-        auto record = Described (kKindDial);
-        record.beginDegree = 45;
-        record.endDegree = 300;
-        record.centerX = 7;
-        record.centerY = 8;
-        record.counterClockwise = 1;
-        record.hitX = 2;
-        record.hitY = 3;
-        record.hitWidth = 10;
-        record.hitHeight = 11;
         DescribedEditor editor (desk.wrapper, { record });
         const auto& dial = editor.FirstAs<ZAnimDial> ();
         CHECK (dial.GetDirection () == 8);
@@ -153,65 +151,53 @@ TEST_CASE ("ZControlBuilder: applies what a record says")
         editor.SetDialMode (0);
         CHECK (dial.GetDragMode () == 0);
     }
-    SUBCASE ("a colour replaces a background image")
+    record.kind = kKindAnimPicture;
+    record.backName = "panel";
+    record.backColor = { { 1, 2, 3 }, 1 };
+    record.target = kTargetMeter;
+    DescribedEditor editor (desk.wrapper, { record });
+    const auto calls = desk.Paint (editor);
+    CHECK (calls[0] == "SetColor 1,2,3,255"); // instead of the image
+    CHECK (calls[2] == "DrawBitmap strip 10,20,70,40 from 5,0");
+    CHECK (editor.GetControls ().GetCount () == 0);
+    desk.wrapper.meters.SetDirect (1, 0.5f);
+    desk.Tick (editor);
+    CHECK (editor.FirstAs<ZAnimPicture> ().GetValue () == 0.5f);
+}
+
+TEST_CASE ("ZControlBuilder: translates sizes of a font, orientations and numbers of frames")
+{
+    EditorDesk desk;
+    for (const auto& [height, index] : { std::pair{ 9, 4 }, { 10, 3 }, { 12, 2 }, { 14, 1 }, { 17, 1 }, { 18, 0 } })
     {
-        auto record = Described (kKindAnimPicture);
-        record.backName = "panel";
-        record.backColor = { { 1, 2, 3 }, 1 };
-        DescribedEditor editor (desk.wrapper, { record });
-        const auto calls = desk.Paint (editor);
-        CHECK (calls[0] == "SetColor 1,2,3,255");
-        CHECK (calls[2] == "DrawBitmap strip 10,20,70,40 from 5,0");
+        auto record = Described (kKindText);
+        record.charHeight = height;
+        record.textColor = { { 9, 9, 9 }, 1 };
+        record.alignment = 1;
+        record.textX = 1;
+        record.textWidth = 30;
+        record.textHeight = 10;
+        record.editMode = 2;
+        const DescribedEditor editor (desk.wrapper, { record });
+        const auto& edit = editor.FirstAs<ZDrawTextEdit> ();
+        CHECK (edit.ZDrawText::GetRecordActive ().sizeIndex == index);
+        CHECK (edit.ZDrawText::GetRecordActive ().alignment == 18);
+        CHECK (edit.GetTextPlace () == ZRect{ 11, 20, 41, 30 });
+        CHECK (edit.GetFlags () == 1);
     }
-    SUBCASE ("sizes of a font, alignment and text rectangle, edit flags")
+    for (const auto& [orientation, style] : { std::pair{ 0, 5 }, { 1, 9 }, { 2, 6 }, { 3, 10 } })
     {
-        const std::pair<std::int32_t, std::int32_t> sizes[]{ { 9, 4 },  { 10, 3 }, { 12, 2 },
-                                                             { 14, 1 }, { 17, 1 }, { 18, 0 } };
-        for (const auto& [height, index] : sizes)
-        {
-            auto record = Described (kKindText);
-            record.charHeight = height;
-            record.textColor = { { 9, 9, 9 }, 1 };
-            record.alignment = 1;
-            record.textX = 1;
-            record.textWidth = 30;
-            record.textHeight = 10;
-            record.editMode = 2;
-            DescribedEditor editor (desk.wrapper, { record });
-            const auto& edit = editor.FirstAs<ZDrawTextEdit> ();
-            CHECK (edit.ZDrawText::GetRecordActive ().sizeIndex == index);
-            CHECK (edit.ZDrawText::GetRecordActive ().alignment == 18);
-            CHECK (edit.GetTextPlace () == ZRect{ 11, 20, 41, 30 });
-            CHECK (edit.GetFlags () == 1);
-        }
+        auto record = Described (kKindKnobSlider);
+        record.sliderOrientation = orientation;
+        CHECK (DescribedEditor (desk.wrapper, { record }).FirstAs<ZKnobSlider> ().GetStyle () == style);
+        record.kind = kKindToggleSwitch;
+        record.toggleOrientation = 3 - orientation;
+        CHECK (DescribedEditor (desk.wrapper, { record }).FirstAs<ZAnimToggleSwitch> ().GetStyle () == 15 - style);
     }
-    SUBCASE ("styles of sliders, and behaviours of on/off buttons by their frames")
+    for (const auto& [frames, behaviour] : { std::pair{ 1, 3 }, { 2, 3 }, { 3, 9 }, { 4, 9 }, { 0, 9 } })
     {
-        for (const auto& [orientation, style] : { std::pair{ 0, 5 }, { 1, 9 }, { 2, 6 }, { 3, 10 } })
-        {
-            auto slider = Described (kKindKnobSlider);
-            slider.sliderOrientation = orientation;
-            CHECK (DescribedEditor (desk.wrapper, { slider }).FirstAs<ZKnobSlider> ().GetStyle () == style);
-            auto toggle = Described (kKindToggleSwitch);
-            toggle.toggleOrientation = orientation;
-            CHECK (DescribedEditor (desk.wrapper, { toggle }).FirstAs<ZAnimToggleSwitch> ().GetStyle () == style);
-        }
-        for (const auto& [frames, behaviour] : { std::pair{ 1, 3 }, { 2, 3 }, { 3, 9 }, { 4, 9 }, { 0, 9 } })
-        {
-            auto button = Described (kKindOnOffButton);
-            button.frameCount = frames;
-            CHECK (DescribedEditor (desk.wrapper, { button }).FirstAs<ZAnimOnOffButton> ().GetBehaviour () ==
-                   behaviour);
-        }
-    }
-    SUBCASE ("a meter hears of meters, not of parameters")
-    {
-        auto record = Described (kKindAnimPicture);
-        record.target = kTargetMeter;
-        DescribedEditor editor (desk.wrapper, { record });
-        CHECK (editor.GetControls ().GetCount () == 0);
-        desk.wrapper.meters.SetDirect (1, 0.5f);
-        desk.Tick (editor);
-        CHECK (editor.FirstAs<ZAnimPicture> ().GetValue () == 0.5f);
+        auto record = Described (kKindOnOffButton);
+        record.frameCount = frames;
+        CHECK (DescribedEditor (desk.wrapper, { record }).FirstAs<ZAnimOnOffButton> ().GetBehaviour () == behaviour);
     }
 }

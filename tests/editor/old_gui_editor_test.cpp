@@ -24,6 +24,7 @@ public:
     ProbeControl* backControl = nullptr;
     ProbeControl* upperControl = nullptr;
     ProbeControl* text = nullptr;
+    bool backFirst = false; // of the pages that are made
 
     std::unique_ptr<ProbeControl> Probe (std::int32_t left, std::int32_t tag)
     {
@@ -33,8 +34,11 @@ public:
 protected:
     void CreateControls () override
     {
-        this->SetFrontBackground ("front");
+        if (!backFirst)
+            this->SetFrontBackground ("front");
         this->SetBackBackground ("back");
+        if (backFirst)
+            this->SetFrontBackground ("front");
         frontControl = this->AddControl (this->GetFrontLayer (), Probe (0, 0));
         backControl = this->AddControl (this->GetBackLayer (), Probe (20, 1));
         if constexpr (std::is_same_v<Base, ZOldHoverGuiEditor>)
@@ -84,8 +88,11 @@ TEST_CASE ("ZOldGuiEditor: shows one of two pages in the size of their images")
     CHECK (desk.Paint (editor)[1] == "> DrawBitmap other 0,0,300,150 from 0,0");
     editor.Close ();
     CHECK (editor.GetFrontView () == nullptr);
+    editor.SetFrontBackground ("front"); // closed: nothing
+    editor.backFirst = true;
     editor.Open ({});
-    CHECK (editor.GetFrontView () != nullptr);
+    CHECK (editor.GetFrontView ()->IsVisible ());
+    CHECK_FALSE (editor.GetBackView ()->IsVisible ());
 }
 
 TEST_CASE (

