@@ -155,21 +155,12 @@ std::size_t ZEditLine::Next (std::size_t position) const
     return position;
 }
 
-std::size_t ZEditLine::Previous (std::size_t position) const
-{
-    if (position > 0)
-        --position;
-    while (position > 0 && IsInsideCharacter (text[position]))
-        --position;
-    return position;
-}
-
 std::size_t ZEditLine::LeftOf (std::size_t position, Reach reach) const
 {
     if (reach == Reach::kLine)
         return 0;
     if (reach == Reach::kCharacter)
-        return Previous (position);
+        return position > 0 ? position - 1 : 0; // MoveTo goes on to where the character begins
     if (position > 0 && KindOf (text[position - 1]) == Kind::kBlank)
         position = RunStart (position);
     return RunStart (position);

@@ -46,7 +46,6 @@ public:
 private:
     std::size_t LeftOf (std::size_t position, Reach reach) const;
     std::size_t RightOf (std::size_t position, Reach reach) const;
-    std::size_t Previous (std::size_t position) const;
     std::size_t RunStart (std::size_t position) const; // of the signs of one kind that end at the position
     std::size_t RunEnd (std::size_t position) const;   // of those that begin there
     void DeleteSelection ();

@@ -120,8 +120,10 @@ TEST_CASE ("An open menu takes presses over what lies below it, a press elsewher
     CHECK (editor.log == Words_t{ "2 enter" }); // once the menu has gone
     CHECK (desk.wrapper.storage.GetNormalized (1) == 1.0f);
 
+    desk.Tick (editor); // for the changed value
     editor.OpenMenu ();
     desk.Tick (editor);
+    REQUIRE (editor.GetModalPane () == editor.menu);
     CHECK (desk.Press (editor, { 190, 190 }));
     CHECK (editor.GetModalPane () == nullptr);
     CHECK (editor.log == Words_t{ "2 enter", "2 exit", "2 down" });

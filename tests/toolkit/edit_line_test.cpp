@@ -52,6 +52,7 @@ TEST_CASE ("ZEditLine: moving, selecting and editing go by characters and words"
         { "abc", 0, left (Reach::kCharacter, false), "|abc" },
         { "abc", 1, right (Reach::kLine, true), "a[bc|]" },
         { "a\u00e4\u20acb", 1, right (Reach::kCharacter, true), "a[\u00e4|]\u20acb" },
+        { "a\u00e4\u20acb", 6, back (Reach::kCharacter), "a\u00e4|b" },
         { "a\u00e4\u20acb", 1, ahead (Reach::kCharacter), "a|\u20acb" },
         { "abc", 0, all (left (Reach::kCharacter, false)), "|abc" }, // a selection ends at the side moved to
         { "abc", 0, all (right (Reach::kCharacter, false)), "abc|" },
