@@ -177,7 +177,7 @@ void ZCanvas::StretchBitmap (const ZBitmap& bitmap, const ZRect& rect, const ZRe
 }
 
 ZOffscreenCanvas::ZOffscreenCanvas (const ZCanvas& parent, const ZRect& rect)
-    : imp (parent.CreateOffscreenImp ({ 0, 0, rect.Width (), rect.Height () }))
+    : imp (parent.CreateOffscreenImp (rect + parent.GetOrigin ()))
 {
     SetOrigin (ZPoint{} - rect.TopLeft ());
 }

@@ -25,7 +25,7 @@ public:
 
     virtual bool IsOffscreen () const = 0;
     virtual ZCanvasImp& GetImp () const = 0;
-    std::unique_ptr<ZCanvasImp> CreateOffscreenImp (const ZRect& rect) const
+    std::unique_ptr<ZCanvasImp> CreateOffscreenImp (const ZRect& rect) const ///< rect: in device coordinates
     {
         return GetImp ().CreateOffscreenImp (rect);
     }

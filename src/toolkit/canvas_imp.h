@@ -46,15 +46,16 @@ class ZCanvasImp
 public:
     virtual ~ZCanvasImp () = default;
 
-    /// A new imp of this size and density with transparent pixels of its own.
+    /// A new imp of the rectangle's size and of this one's density, with transparent pixels of its own and coordinates
+    /// from (0, 0). Where the density is no whole number its pixels are parted as those under the rectangle are, so
+    /// that a copy to there is one of pixels to pixels.
     virtual std::unique_ptr<ZCanvasImp> CreateOffscreenImp (const ZRect& rect) = 0;
     virtual double GetScale () const = 0; ///< pixels of the surface a device coordinate: 1, 1.25, 1.5 or 2
 
     virtual void Save () = 0; ///< the clip belongs to it; brackets nest
     virtual void Restore () = 0;
-    virtual void SetClipRect (const ZRect& rect) = 0; ///< replaces the clip
-    virtual void SetClipEllipse (
-        const ZRect& rect) = 0; ///< replaces it by an ellipse from one pixel left of and above it
+    virtual void SetClipRect (const ZRect& rect) = 0;    ///< replaces the clip
+    virtual void SetClipEllipse (const ZRect& rect) = 0; ///< likewise; it begins a pixel left of and above the rect
     virtual void ClearClip () = 0;
     virtual void Clear (const ZRect& rect) = 0; ///< to fully transparent, within the clip
 

@@ -6,12 +6,13 @@ namespace tessaly
 bool OffscreenLayer::Prepare (const ZCanvas& target, const ZRect& wanted)
 {
     const auto density = target.GetScale ();
-    if (wanted != rect || density != scale)
+    if (wanted != rect || target.GetOrigin () != origin || density != scale)
         Delete ();
     if (canvas != nullptr || wanted.IsEmpty ())
         return false;
     canvas = std::make_unique<ZOffscreenCanvas> (target, wanted);
     rect = wanted;
+    origin = target.GetOrigin ();
     scale = density;
     return true;
 }
@@ -20,6 +21,7 @@ void OffscreenLayer::Delete ()
 {
     canvas.reset ();
     rect = {};
+    origin = {};
     scale = 0.0;
 }
 

@@ -8,7 +8,7 @@ namespace tessaly
 {
 
 /// Pixels that a view keeps of what it drew: an offscreen canvas for a rectangle, made when it is first needed and anew
-/// when the rectangle or the density of the surface changes.
+/// when the rectangle, its place on the surface or the density of the surface changes.
 class OffscreenLayer
 {
 public:
@@ -23,7 +23,8 @@ public:
 private:
     std::unique_ptr<ZOffscreenCanvas> canvas;
     ZRect rect;
-    double scale = 0.0; // of the target that the canvas was made for
+    ZPoint origin;      // of the target that the canvas was made for
+    double scale = 0.0; // likewise
 };
 
 } // namespace tessaly

@@ -376,7 +376,7 @@ TEST_CASE ("ZGuiEditor: a pass draws what changed, and the modal pane over it")
     editor.Draw (target, {}, 0);
     const auto calls = desk.surface.Take ();
     REQUIRE (calls.size () == 8);
-    CHECK (calls[0] == "> CreateOffscreen 0,0,120,60");
+    CHECK (calls[0] == "> CreateOffscreen 10,10,130,70");
     CHECK (calls[4] == "> FillRect 40,20,80,70");
     CHECK (calls[5] == "> CopyCanvas 10,10,130,20 from 0,0");   // above
     CHECK (calls[6] == "> CopyCanvas 10,20,40,70 from 0,10");   // left

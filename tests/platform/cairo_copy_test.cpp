@@ -1,6 +1,7 @@
 #include "cairo_bitmap_imp.h"
 #include "cairo_canvas_imp.h"
 
+#include "bitmap.h"
 #include "canvas.h"
 #include "memory_stream.h"
 #include "picture.h"
@@ -195,26 +196,46 @@ TEST_CASE ("copies: a smaller picture is the mean of what falls on a pixel")
         CHECK (std::abs (static_cast<int> (Picture (canvas).At (1, y) & 255) - 128) <= 16);
 }
 
-TEST_CASE ("copies: an offscreen canvas takes the coordinates of its parent and gives the same pixels back")
+TEST_CASE ("copies: what was drawn offscreen comes back as it would look on the surface, wherever it lies")
 {
-    for (const double scale : kScales)
+    // Whatever may be rounded: edges, smoothed and sharp lines, a round clip, text, a stretched image
+    const auto paint = [] (ZCanvas& canvas, ZPoint at, const ZBitmap& bitmap)
     {
-        CAPTURE (scale);
-        ZCairoCanvasImp surface (24, 12, scale);
-        ZOnscreenCanvas canvas (surface);
-        canvas.SetOrigin ({ 4, 0 });
-        ZOffscreenCanvas offscreen (canvas, { 4, 4, 12, 12 });
-        CHECK (offscreen.GetScale () == scale);
-        offscreen.SetColor (kRed, 255);
-        offscreen.FillRect ({ 4, 4, 12, 12 });
-        offscreen.Clear ({ 1, 1, 2, 2 });
-        canvas.CopyCanvas (offscreen, { 4, 4, 12, 12 }, { 4, 4 });
+        canvas.SetColor (kRed, 255);
+        for (const std::int32_t x : { 0, 3, 7, 12 })
+            canvas.FillRect (ZRect{ x, x, x + 2, x + 1 } + at);
+        canvas.MoveTo (at + ZPoint{ 1, 14 });
+        canvas.LineTo (at + ZPoint{ 13, 5 });
+        canvas.LineTo (at + ZPoint{ 13, 13 });
+        canvas.StretchBitmap (bitmap, ZRect{ 14, 1, 19, 6 } + at, { 0, 1, 4, 9 });
+        canvas.SetFontSize (4, 0);
+        canvas.DrawText ("Rk", ZRect{ 14, 7, 30, 18 } + at, 0);
+        const ZCanvasStateSt state (canvas);
+        canvas.SetClipEllipse (ZRect{ 1, 15, 12, 21 } + at);
+        canvas.FillRect (ZRect{ 0, 14, 30, 22 } + at);
+    };
+    const ZBitmap bitmap (std::make_unique<ZCairoBitmapImp> ("STRIP.PNG", PngOf (*Strip (1))));
+    for (const double scale : kScales)
+        for (const ZPoint origin : { ZPoint{ 4, 0 }, { 1, 2 }, { 3, 5 } })
+        {
+            CAPTURE (scale);
+            CAPTURE (origin.x);
+            ZCairoCanvasImp surface (50, 40, scale);
+            ZOnscreenCanvas canvas (surface);
+            canvas.SetOrigin (origin);
+            ZOffscreenCanvas behind (canvas, { 1, 3, 38, 30 });
+            ZOffscreenCanvas offscreen (behind, { 4, 6, 34, 28 }); // one in another
+            CHECK (offscreen.GetScale () == scale);
+            paint (offscreen, { 4, 6 }, bitmap);
+            behind.CopyCanvas (offscreen, { 4, 6, 34, 28 }, { 4, 6 });
+            for (const ZRect& part : { ZRect{ 1, 3, 12, 30 }, ZRect{ 12, 3, 38, 13 }, ZRect{ 12, 13, 38, 30 } })
+                canvas.CopyCanvas (behind, part, part.TopLeft ());
 
-        ZCairoCanvasImp expected (24, 12, scale);
-        Fill (expected, { 8, 4, 16, 12 }, kRed);
-        expected.Clear ({ 9, 5, 10, 6 });
-        CHECK (Picture (surface).AsText () == Picture (expected).AsText ());
-    }
+            ZCairoCanvasImp expected (50, 40, scale);
+            ZOnscreenCanvas straight (expected);
+            paint (straight, origin + ZPoint{ 4, 6 }, bitmap);
+            CHECK (Picture (surface).IsLike (Picture (expected), 0));
+        }
 }
 
 TEST_CASE ("images: one that is missing or broken has no size and draws nothing")

@@ -50,7 +50,7 @@ TEST_CASE ("ZOffscreenView: paints what is dirty into its pixels and copies them
     Patch two (&surface.desk, { 30, 0, 40, 10 });
     surface.view.AddPane (&one);
     surface.view.AddPane (&two);
-    const Calls everything{ "CreateOffscreen 0,0,100,50", "> FillRect 0,0,10,10", "> FillRect 30,0,40,10",
+    const Calls everything{ "CreateOffscreen 10,20,110,70", "> FillRect 0,0,10,10", "> FillRect 30,0,40,10",
                             "CopyCanvas 10,20,110,70 from 0,0" };
     CHECK (surface.Paint () == everything);
     CHECK (surface.Paint () == Calls{ "CopyCanvas 10,20,110,70 from 0,0" });
@@ -92,9 +92,9 @@ TEST_CASE ("ZHoverView: repaints the lower layer where dirty and the upper one a
     Patch above (&surface.desk, { 5, 5, 15, 15 }, 2);
     surface.view.GetLowerView ().AddPane (&below);
     surface.view.GetUpperView ().AddPane (&above);
-    const Calls all{ "CreateOffscreen 0,0,100,50", "CreateOffscreen 0,0,100,50",
-                     "> FillRect 0,0,10,10",       "> CopyCanvas 0,0,100,50 from 0,0",
-                     "> FillRect 5,5,15,15",       "CopyCanvas 10,20,110,70 from 0,0" };
+    const Calls all{ "CreateOffscreen 10,20,110,70", "CreateOffscreen 10,20,110,70",
+                     "> FillRect 0,0,10,10",         "> CopyCanvas 0,0,100,50 from 0,0",
+                     "> FillRect 5,5,15,15",         "CopyCanvas 10,20,110,70 from 0,0" };
     const Calls moving (all.begin () + 3, all.end ());
     CHECK (surface.Paint () == all);
     above.SetDirty (true);

@@ -31,11 +31,13 @@ TEST_CASE ("ZCanvas: a copy follows the source's colour key and origin, an empty
     RecordingCanvasImp back;
     ZOnscreenCanvas canvas (back);
     auto bitmap = NamedBitmap ("knob");
+    canvas.SetOrigin ({ 3, 4 });
     ZOffscreenCanvas offscreen (canvas, { 10, 20, 30, 40 });
     offscreen.FillRect ({ 10, 20, 30, 40 });
     canvas.CopyCanvas (offscreen, { 10, 20, 30, 40 }, { 10, 20 });
     CHECK (back.Take () ==
-           Calls{ "CreateOffscreen 0,0,20,20", "> FillRect 0,0,20,20", "CopyCanvas 10,20,30,40 from 0,0" });
+           Calls{ "CreateOffscreen 13,24,33,44", "> FillRect 0,0,20,20", "CopyCanvas 13,24,33,44 from 0,0" });
+    canvas.SetOrigin ({});
 
     CHECK (canvas.IsModified ());
     canvas.SetModified (false);

@@ -42,7 +42,7 @@ ZRect AreaAt (ZPoint from, const ZRect& rect)
 } // namespace
 
 ZCairoCanvasImp::ZCairoCanvasImp (std::int32_t w, std::int32_t h, double scale)
-    : ZCairoCanvasImp (w, h, PixelGrid (scale), std::make_shared<PangoText> (PixelGrid (scale)))
+    : ZCairoCanvasImp (w, h, PixelGrid (scale), std::make_shared<PangoText> (PixelGrid (scale).Scale ()))
 {
 }
 
@@ -51,7 +51,7 @@ ZCairoCanvasImp::ZCairoCanvasImp (std::int32_t w, std::int32_t h, const PixelGri
     : width (std::max (w, 0))
     , height (std::max (h, 0))
     , grid (pixelGrid)
-    , surface (cairo_image_surface_create (CAIRO_FORMAT_ARGB32, grid.Edge (width), grid.Edge (height)))
+    , surface (cairo_image_surface_create (CAIRO_FORMAT_ARGB32, PixelSize ().right, PixelSize ().bottom))
     , context (cairo_create (surface.get ()))
     , text (std::move (sharedText))
 {
@@ -63,7 +63,8 @@ ZCairoCanvasImp::~ZCairoCanvasImp () = default;
 
 std::unique_ptr<ZCanvasImp> ZCairoCanvasImp::CreateOffscreenImp (const ZRect& rect)
 {
-    return std::unique_ptr<ZCanvasImp> (new ZCairoCanvasImp (rect.Width (), rect.Height (), grid, text));
+    return std::unique_ptr<ZCanvasImp> (
+        new ZCairoCanvasImp (rect.Width (), rect.Height (), grid.PartAt (rect.TopLeft ()), text));
 }
 
 cairo_surface_t* ZCairoCanvasImp::Surface () const
@@ -110,8 +111,8 @@ void ZCairoCanvasImp::ClipToEllipse (const ZRect& rect)
     if (radiusX > 0.0 && radiusY > 0.0)
     {
         cairo_save (context.get ());
+        cairo_translate (context.get (), grid.X ().Exact (topLeft.x + radiusX), grid.Y ().Exact (topLeft.y + radiusY));
         cairo_scale (context.get (), grid.Scale (), grid.Scale ());
-        cairo_translate (context.get (), topLeft.x + radiusX, topLeft.y + radiusY);
         cairo_scale (context.get (), radiusX, radiusY);
         cairo_arc (context.get (), 0.0, 0.0, 1.0, 0.0, kWholeTurn);
         cairo_restore (context.get ());
@@ -243,7 +244,7 @@ void ZCairoCanvasImp::AddPolygon (std::span<const ZPoint> points, double shift)
     for (const auto& far : points)
     {
         const ZPoint point = Near (far);
-        cairo_line_to (context.get (), (point.x + shift) * grid.Scale (), (point.y + shift) * grid.Scale ());
+        cairo_line_to (context.get (), grid.X ().Exact (point.x + shift), grid.Y ().Exact (point.y + shift));
     }
 }
 
@@ -286,7 +287,7 @@ void ZCairoCanvasImp::DrawText (std::string_view words, const ZRect& rect, std::
     AddRect (rect);
     cairo_clip (context.get ());
     UseColor ();
-    text->Draw (context.get (), words, font, rect, alignment);
+    text->Draw (context.get (), grid, words, font, rect, alignment);
     cairo_restore (context.get ());
 }
 

@@ -33,7 +33,7 @@ struct Span
     double Length () const { return end - first; }
 };
 
-Axis AlongAxis (const PixelGrid& grid, Span to, const PixelGrid& sourceGrid, Span from, std::int32_t sourceSize,
+Axis AlongAxis (const PixelAxis& target, Span to, const PixelAxis& source, Span from, std::int32_t sourceSize,
                 std::int32_t sourcePixels)
 {
     const Span seen{ std::max (from.first, 0.0), std::min<double> (from.end, sourceSize) };
@@ -41,14 +41,14 @@ Axis AlongAxis (const PixelGrid& grid, Span to, const PixelGrid& sourceGrid, Spa
         return {};
     const double ratio = from.Length () / to.Length ();
     Axis axis;
-    axis.targetFirst = grid.Edge (to.first + (seen.first - from.first) / ratio);
-    axis.targetEnd = grid.Edge (to.first + (seen.end - from.first) / ratio);
-    axis.sourceFirst = sourceGrid.Edge (seen.first);
-    axis.sourceEnd = std::min (sourceGrid.Edge (seen.end), sourcePixels);
-    axis.step = ratio * sourceGrid.Scale () / grid.Scale ();
+    axis.targetFirst = target.Edge (to.first + (seen.first - from.first) / ratio);
+    axis.targetEnd = target.Edge (to.first + (seen.end - from.first) / ratio);
+    axis.sourceFirst = source.Edge (seen.first);
+    axis.sourceEnd = std::min (source.Edge (seen.end), sourcePixels);
+    axis.step = ratio * source.Scale () / target.Scale ();
     // Pixel to pixel the two edges have been rounded, and the copy follows them.
-    axis.origin =
-        axis.step == 1.0 ? axis.sourceFirst - axis.targetFirst : (from.first - to.first * ratio) * sourceGrid.Scale ();
+    axis.origin = axis.step == 1.0 ? axis.sourceFirst - axis.targetFirst
+                                   : source.Exact (from.first + (target.Coordinate (0.0) - to.first) * ratio);
     return axis;
 }
 
@@ -142,10 +142,10 @@ void CopyArea (cairo_t* target, const PixelGrid& grid, const ZRect& rect, const 
 {
     if (source.surface == nullptr || cairo_image_surface_get_data (source.surface) == nullptr)
         return;
-    const Axis x = AlongAxis (grid, { double (rect.left), double (rect.right) }, source.grid,
+    const Axis x = AlongAxis (grid.X (), { double (rect.left), double (rect.right) }, source.grid.X (),
                               { double (from.left), double (from.right) }, source.width,
                               cairo_image_surface_get_width (source.surface));
-    const Axis y = AlongAxis (grid, { double (rect.top), double (rect.bottom) }, source.grid,
+    const Axis y = AlongAxis (grid.Y (), { double (rect.top), double (rect.bottom) }, source.grid.Y (),
                               { double (from.top), double (from.bottom) }, source.height,
                               cairo_image_surface_get_height (source.surface));
     if (x.IsEmpty () || y.IsEmpty ())

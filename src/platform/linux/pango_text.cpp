@@ -96,15 +96,14 @@ void PangoRelease::operator() (PangoFontDescription* font) const
     pango_font_description_free (font);
 }
 
-PangoText::PangoText (const PixelGrid& pixelGrid)
-    : grid (pixelGrid)
-    , map (pango_cairo_font_map_new ())
+PangoText::PangoText (double scale)
+    : map (pango_cairo_font_map_new ())
     , context (pango_font_map_create_context (map.get ()))
     , layout (pango_layout_new (context.get ()))
 {
     FixAppearance (context.get ());
     PangoMatrix matrix = PANGO_MATRIX_INIT;
-    pango_matrix_scale (&matrix, grid.Scale (), grid.Scale ());
+    pango_matrix_scale (&matrix, scale, scale);
     pango_context_set_matrix (context.get (), &matrix);
     pango_layout_context_changed (layout.get ());
 }
@@ -180,8 +179,8 @@ std::int32_t PangoText::Width (std::string_view text, const FontRequest& request
     return LayOut (text, request) ? LayoutWidth () : 0;
 }
 
-void PangoText::Draw (cairo_t* target, std::string_view text, const FontRequest& request, const ZRect& rect,
-                      std::int32_t alignment)
+void PangoText::Draw (cairo_t* target, const PixelGrid& grid, std::string_view text, const FontRequest& request,
+                      const ZRect& rect, std::int32_t alignment)
 {
     const Font* font = LayOut (text, request);
     if (font == nullptr)
@@ -198,7 +197,7 @@ void PangoText::Draw (cairo_t* target, std::string_view text, const FontRequest&
 
     const double layoutBaseline = FromPango (pango_layout_get_baseline (layout.get ()));
     cairo_save (target);
-    cairo_translate (target, grid.Edge (x), grid.Edge (y + font->ascent));
+    cairo_translate (target, grid.X ().Edge (x), grid.Y ().Edge (y + font->ascent));
     cairo_scale (target, grid.Scale (), grid.Scale ());
     cairo_move_to (target, 0.0, -layoutBaseline);
     pango_cairo_show_layout (target, layout.get ());

@@ -48,7 +48,7 @@ public:
     static constexpr std::size_t kLongestText = 4096;
     static constexpr std::int32_t kMostPixels = 500;
 
-    explicit PangoText (const PixelGrid& grid);
+    explicit PangoText (double scale); ///< pixels a coordinate: PixelGrid::Scale
     ~PangoText ();
     PangoText (const PangoText&) = delete;
     PangoText& operator= (const PangoText&) = delete;
@@ -63,8 +63,9 @@ public:
     ///     left:    rect.left
     ///     right:   rect.right - width
     /// or in the middle. Baseline and left end then go to the nearest pixel, which keeps letters sharp and alike.
-    void Draw (cairo_t* target, std::string_view text, const FontRequest& font, const ZRect& rect,
-               std::int32_t alignment);
+    /// @param grid  of the target, of the same scale
+    void Draw (cairo_t* target, const PixelGrid& grid, std::string_view text, const FontRequest& font,
+               const ZRect& rect, std::int32_t alignment);
 
 private:
     struct Font
@@ -82,7 +83,6 @@ private:
     void SetText (std::string_view text, const Font& font);
     std::int32_t LayoutWidth () const;
 
-    PixelGrid grid;
     std::unique_ptr<PangoFontMap, PangoRelease> map;
     std::unique_ptr<PangoContext, PangoRelease> context;
     std::unique_ptr<PangoLayout, PangoRelease> layout;
