@@ -34,18 +34,25 @@ bool ZBroadcaster::HasListener (const ZListener* listener) const
     return std::find (listeners.begin (), listeners.end (), listener) != listeners.end ();
 }
 
+template <typename Tell>
+void ZBroadcaster::TellListeners (const Tell& tell) const
+{
+    if (!enabled)
+        return;
+    const auto attached = listeners; // a copy: the list may change under way
+    for (auto* listener : attached)
+        if (HasListener (listener) && listener->IsListenEnabled ())
+            tell (*listener);
+}
+
 void ZBroadcaster::BroadcastValue (std::int32_t id, float value)
 {
-    for (std::size_t i = 0; enabled && i < listeners.size (); ++i) // by index: a listener may leave while it is told
-        if (listeners[i]->IsListenEnabled ())
-            listeners[i]->OnValue (id, value);
+    TellListeners ([=] (ZListener& listener) { listener.OnValue (id, value); });
 }
 
 void ZBroadcaster::BroadcastMessage (std::int32_t message, ZControl* sender)
 {
-    for (std::size_t i = 0; enabled && i < listeners.size (); ++i)
-        if (listeners[i]->IsListenEnabled ())
-            listeners[i]->OnMessage (message, sender);
+    TellListeners ([=] (ZListener& listener) { listener.OnMessage (message, sender); });
 }
 
 } // namespace tessaly

@@ -25,12 +25,15 @@ public:
     void SetBroadcastEnabled (bool on) { enabled = on; }
     bool IsBroadcastEnabled () const { return enabled; }
 
-    /// To each enabled listener in the order of attachment. The value is the wanted one, normalized.
-    void BroadcastValue (std::int32_t id, float value);
-    /// A gesture without a value. @param sender  never null
-    void BroadcastMessage (std::int32_t message, ZControl* sender);
+    // To each enabled listener in the order of attachment. One that is told may attach and detach any listener, but must
+    // not end the broadcaster. Who joins meanwhile is told the next time.
+    void BroadcastValue (std::int32_t id, float value);             ///< the wanted one, normalized
+    void BroadcastMessage (std::int32_t message, ZControl* sender); ///< a gesture without a value; sender: never null
 
 private:
+    template <typename Tell>
+    void TellListeners (const Tell& tell) const;
+
     std::vector<ZListener*> listeners; // not owned: each takes itself out when it ends
     bool enabled = true;
 };

@@ -4,7 +4,7 @@
 #include "parameter_storage_base.h"
 #include "value_index.h"
 #include <algorithm>
-#include <array>
+#include <cmath>
 
 namespace tessaly
 {
@@ -73,8 +73,7 @@ bool ZControl::ResetClick (ZEvent& event, const ZMouseInput& mouse)
 {
     if (!IsVisible () || !IsMouseEnabled ())
         return false;
-    const ZEventStateSt state (event);
-    event.SetOrigin (GetOrigin ());
+    const ZEventStateSt state (event, GetOrigin ());
     return OnResetClick (event, Local (mouse));
 }
 
@@ -121,19 +120,23 @@ float ZControl::StepValue (float normalized, std::int32_t delta, float factor) c
     return std::clamp (normalized + static_cast<float> (delta) * factor * GetStep (), 0.0f, 1.0f);
 }
 
-void ZControl::BroadcastChange (float wanted)
+bool ZControl::BroadcastChange (float wanted)
 {
-    if (wanted != value)
-        BroadcastValue (GetId (), wanted);
+    if (wanted == value || std::isnan (wanted))
+        return false;
+    BroadcastValue (GetId (), wanted);
+    return true;
 }
 
 bool ZControl::StepBy (std::int32_t delta)
 {
-    const auto before = value;
-    const auto wanted = std::clamp (StepValue (before, delta, 1.0f), 0.0f, 1.0f);
-    if (wanted == before)
-        return false;
-    BroadcastValue (GetId (), wanted);
+    return BroadcastChange (std::clamp (StepValue (value, delta, 1.0f), 0.0f, 1.0f));
+}
+
+bool ZControl::StepByKey (std::int32_t delta)
+{
+    if (delta != 0) // no step moves nothing; a value between the steps of a list would go to one of them
+        StepBy (delta);
     return true;
 }
 
@@ -147,17 +150,13 @@ bool ZControl::OnKeyDown (ZEvent& /*event*/, const ZKeyInput& key)
     switch (key.key)
     {
     case kKeyUp:
-        StepBy (smallKeyStep);
-        return true;
+        return StepByKey (smallKeyStep);
     case kKeyDown:
-        StepBy (-smallKeyStep);
-        return true;
+        return StepByKey (-smallKeyStep);
     case kKeyPageUp:
-        StepBy (largeKeyStep);
-        return true;
+        return StepByKey (largeKeyStep);
     case kKeyPageDown:
-        StepBy (-largeKeyStep);
-        return true;
+        return StepByKey (-largeKeyStep);
     default:
         return false;
     }

@@ -69,7 +69,7 @@ public:
     std::int32_t GetSmallKeyStep () const { return smallKeyStep; }
     std::int32_t GetLargeKeyStep () const { return largeKeyStep; }
 
-    /// A value some steps away. @param factor  of fine or coarse steps
+    /// A value some steps away, 0 to 1. @param factor  scales the steps, as a fine drag does
     virtual float StepValue (float normalized, std::int32_t delta, float factor) const;
 
     bool OnMouseWheel (ZEvent& event, const ZWheelInput& wheel) override;
@@ -83,10 +83,11 @@ protected:
     {
         return converters.toText != nullptr || HasParameter ();
     }
-    void BroadcastChange (float wanted); ///< broadcasts what differs from the present value
+    bool BroadcastChange (float wanted); ///< @return false without a broadcast: for the present value and for no number
 
 private:
-    bool StepBy (std::int32_t delta); // true if that changes anything
+    bool StepBy (std::int32_t delta); // true if that asks for another value
+    bool StepByKey (std::int32_t delta);
 
     const ZParameterStorageBase* storage = nullptr; // not owned: the effect's
     float value = 0.0f;

@@ -58,14 +58,16 @@ private:
     std::uint32_t doubleClickTime = 0; // milliseconds; 0: the window's
 };
 
-/// Brings an event's origin back when it leaves, so that what a handler sees never reaches its caller.
+/// Gives an event another origin and brings the first one back when it leaves, so that what a handler sees never
+/// reaches its caller.
 class ZEventStateSt
 {
 public:
-    explicit ZEventStateSt (ZEvent& guarded)
+    ZEventStateSt (ZEvent& guarded, ZPoint meanwhile)
         : event (guarded)
         , origin (guarded.GetOrigin ())
     {
+        event.SetOrigin (meanwhile);
     }
     ~ZEventStateSt () { event.SetOrigin (origin); }
     ZEventStateSt (const ZEventStateSt&) = delete;

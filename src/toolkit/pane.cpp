@@ -95,8 +95,7 @@ bool ZPane::MouseDown (ZEvent& event, const ZMouseInput& mouse)
     const auto pressed = Pressed (event, mouse);
     if (OpenModal (event, pressed))
         return true;
-    const ZEventStateSt state (event);
-    event.SetOrigin (GetOrigin ());
+    const ZEventStateSt state (event, GetOrigin ());
     return OnMouseDown (event, Local (pressed));
 }
 
@@ -104,15 +103,13 @@ bool ZPane::MouseMove (ZEvent& event, const ZMouseInput& mouse)
 {
     if (!IsVisible () || !IsMouseEnabled ())
         return MouseUp (event, mouse); // what is disabled in the middle of a drag ends it
-    const ZEventStateSt state (event);
-    event.SetOrigin (GetOrigin ());
+    const ZEventStateSt state (event, GetOrigin ());
     return OnMouseMove (event, Local (WithDoubleClick (mouse)));
 }
 
 bool ZPane::MouseUp (ZEvent& event, const ZMouseInput& mouse)
 {
-    const ZEventStateSt state (event);
-    event.SetOrigin (GetOrigin ());
+    const ZEventStateSt state (event, GetOrigin ());
     return OnMouseUp (event, Local (WithDoubleClick (mouse)));
 }
 
@@ -120,8 +117,7 @@ bool ZPane::MouseWheel (ZEvent& event, const ZWheelInput& wheel)
 {
     if (!IsVisible () || !IsWheelEnabled ())
         return false;
-    const ZEventStateSt state (event);
-    event.SetOrigin (GetOrigin ());
+    const ZEventStateSt state (event, GetOrigin ());
     return OnMouseWheel (event, Local (wheel));
 }
 
@@ -129,8 +125,7 @@ bool ZPane::KeyDown (ZEvent& event, const ZKeyInput& key)
 {
     if (!IsVisible () || !IsKeyEnabled ())
         return false;
-    const ZEventStateSt state (event);
-    event.SetOrigin (GetOrigin ());
+    const ZEventStateSt state (event, GetOrigin ());
     return OnKeyDown (event, key);
 }
 
@@ -138,15 +133,13 @@ bool ZPane::KeyRepeat (ZEvent& event, const ZKeyInput& key)
 {
     if (!IsVisible () || !IsKeyEnabled ())
         return false;
-    const ZEventStateSt state (event);
-    event.SetOrigin (GetOrigin ());
+    const ZEventStateSt state (event, GetOrigin ());
     return OnKeyRepeat (event, key);
 }
 
 bool ZPane::KeyUp (ZEvent& event, const ZKeyInput& key)
 {
-    const ZEventStateSt state (event);
-    event.SetOrigin (GetOrigin ());
+    const ZEventStateSt state (event, GetOrigin ());
     return OnKeyUp (event, key);
 }
 
@@ -154,8 +147,7 @@ bool ZPane::OpenModal (ZEvent& event, const ZMouseInput& mouse)
 {
     if (!IsVisible () || !IsMouseEnabled ())
         return false;
-    const ZEventStateSt state (event);
-    event.SetOrigin (GetOrigin ());
+    const ZEventStateSt state (event, GetOrigin ());
     if (!OnOpenModal (event, Local (mouse)))
         return false;
     if (owner != nullptr)
@@ -165,9 +157,10 @@ bool ZPane::OpenModal (ZEvent& event, const ZMouseInput& mouse)
 
 bool ZPane::CloseModal (bool commit)
 {
+    auto* const holder = owner; // the pane may end in its handler
     const auto result = OnCloseModal (commit);
-    if (owner != nullptr)
-        owner->ReleaseModalPane (*this);
+    if (holder != nullptr)
+        holder->ReleaseModalPane (*this); // which looks at nothing but its address
     return result;
 }
 
@@ -177,8 +170,7 @@ void ZPane::MouseEnter (ZEvent& event, const ZMouseInput& mouse)
         return;
     if (owner != nullptr)
         owner->ShowTooltip (*this);
-    const ZEventStateSt state (event);
-    event.SetOrigin (GetOrigin ());
+    const ZEventStateSt state (event, GetOrigin ());
     OnMouseEnter (event, Local (mouse));
 }
 
@@ -186,15 +178,13 @@ void ZPane::MouseExit (ZEvent& event, const ZMouseInput& mouse)
 {
     if (owner != nullptr)
         owner->HideTooltip ();
-    const ZEventStateSt state (event);
-    event.SetOrigin (GetOrigin ());
+    const ZEventStateSt state (event, GetOrigin ());
     OnMouseExit (event, Local (mouse));
 }
 
 void ZPane::Idle (ZEvent& event, const ZMouseInput& mouse)
 {
-    const ZEventStateSt state (event);
-    event.SetOrigin (GetOrigin ());
+    const ZEventStateSt state (event, GetOrigin ());
     OnIdle (event, Local (mouse));
 }
 
@@ -202,8 +192,7 @@ ZPane* ZPane::FindPane (ZEvent& event, const ZMouseInput& mouse)
 {
     if (!IsVisible () || !IsMouseEnabled ())
         return nullptr;
-    const ZEventStateSt state (event);
-    event.SetOrigin (GetOrigin ());
+    const ZEventStateSt state (event, GetOrigin ());
     return HitTest (event, Local (mouse)) != 0 ? this : nullptr;
 }
 

@@ -2,6 +2,7 @@
 #include "pane_desk.h"
 #include "parameter_storage_base.h"
 #include <doctest/doctest.h>
+#include <limits>
 #include <string>
 
 using namespace tessaly;
@@ -46,6 +47,9 @@ TEST_CASE ("ZControl: a wish goes out as a broadcast, and the value comes back f
     CHECK (desk.TakeValues ().size () == 1);
     CHECK_FALSE (desk.Key (control, kKeyLeft));
     CHECK_FALSE (desk.Wheel (control, -1));
+    control.SetValue (std::numeric_limits<float>::quiet_NaN ());
+    CHECK_FALSE (desk.Wheel (control, 1)); // no number to go on from
+    CHECK (desk.TakeValues ().empty ());
 
     control.SetWheelEnabled (false);
     control.SetKeyEnabled (false);
@@ -89,6 +93,11 @@ TEST_CASE ("ZControl: a storage gives range, steps and texts, the control's own 
     CHECK (dial.GetDefault () == 0.5f);
     CHECK (desk.Wheel (dial, 1));
     CHECK (dial.GetValue () * 24 == doctest::Approx (7.0f));
+    desk.TakeValues ();
+    mode.SetValue (0.4f); // between two positions
+    mode.SetKeySteps (0, 10);
+    CHECK (desk.Key (mode, kKeyUp));
+    CHECK (desk.TakeValues ().empty ());
     mode.SetIndex (2);
     CHECK (mode.GetValueText (mode.GetValue ()) == "Hard");
     CHECK (other.GetPlainValueText (1.0f).empty ());
@@ -134,4 +143,36 @@ TEST_CASE ("ZBroadcaster and ZListener: attached from either side, detached by e
     }
     CHECK (desk.TakeValues ().size () == 1);
     CHECK (desk.messages == std::vector<std::int32_t>{ 4 });
+}
+
+TEST_CASE ("ZBroadcaster: a listener that changes the list or turns the broadcast off costs nobody else his call")
+{
+    struct Changer final : ZListener
+    {
+        ZBroadcaster* source = nullptr;
+        ZListener* leaver = nullptr;
+        ZListener* joiner = nullptr;
+
+        void OnValue (std::int32_t, float) override
+        {
+            source->RemoveListener (this);
+            source->RemoveListener (leaver);
+            source->AddListener (joiner);
+            source->SetBroadcastEnabled (false);
+        }
+    };
+    PaneDesk second, last, joiner;
+    ZBroadcaster source;
+    Changer first;
+    first.source = &source;
+    first.leaver = &last;
+    first.joiner = &joiner;
+    for (ZListener* listener :
+         { static_cast<ZListener*> (&first), static_cast<ZListener*> (&second), static_cast<ZListener*> (&last) })
+        source.AddListener (listener);
+    source.BroadcastValue (1, 0.5f);
+    CHECK (second.wanted.size () == 1);
+    CHECK (last.wanted.empty ());
+    CHECK (joiner.wanted.empty ());
+    CHECK (source.HasListener (&joiner));
 }
