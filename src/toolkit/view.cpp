@@ -20,8 +20,10 @@ ZView::~ZView ()
 
 bool ZView::AddPane (ZPane* pane)
 {
-    if (!children.Add (pane))
+    if (pane == this || !children.Add (pane))
         return false;
+    if (auto* before = pane->GetParent ())
+        before->RemovePane (pane);
     pane->SetParent (this);
     return true;
 }

@@ -13,8 +13,9 @@ public:
     ZView (ZPaneOwner* paneOwner, const ZRect& rect);
     ~ZView () override; ///< lets the children go
 
-    virtual bool AddPane (ZPane* pane); ///< borrowed. @return false for null and for a child
-    bool RemovePane (ZPane* pane);      ///< @return false for what is no child
+    virtual bool AddPane (
+        ZPane* pane);              ///< borrowed; leaves the view it was in. @return false for null, this and a child
+    bool RemovePane (ZPane* pane); ///< @return false for what is no child
     void RemoveAllPanes ();
     bool ContainsPane (const ZPane* pane) const { return children.Contains (pane); }
     std::int32_t GetPaneCount () const { return children.GetCount (); }

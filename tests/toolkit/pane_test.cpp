@@ -14,7 +14,6 @@ struct ProbePane : ZPane
     using ZPane::ZPane;
     std::vector<std::int32_t> pressButtons;
     ZPoint lastPoint;
-    ZPoint originInside;
     int draws = 0;
     int inactiveDraws = 0;
     int ups = 0;
@@ -23,7 +22,7 @@ struct ProbePane : ZPane
     {
         pressButtons.push_back (mouse.buttons);
         lastPoint = mouse.point;
-        originInside = event.GetOrigin ();
+        event.SetMousePos (mouse.point);
         return true;
     }
     bool OnMouseMove (ZEvent&, const ZMouseInput&) override { return true; }
@@ -90,8 +89,35 @@ TEST_CASE ("ZPane: a handler sees its parent's coordinates, its caller's event c
     event.SetOrigin ({ 3, 4 });
     tree.pane.MouseDown (event, tree.desk.At ({ 115, 75 }));
     CHECK (tree.pane.lastPoint == ZPoint{ 15, 25 });
-    CHECK (tree.pane.originInside == ZPoint{ 100, 50 });
+    CHECK (tree.desk.window.pointer == ZPoint{ 115, 75 });
     CHECK (event.GetOrigin () == ZPoint{ 3, 4 });
+}
+
+TEST_CASE ("ZPane: one that ends in its own handler leaves nothing behind")
+{
+    struct Brief final : ZPane
+    {
+        using ZPane::ZPane;
+        bool OnMouseDown (ZEvent&, const ZMouseInput&) override { return End (); }
+        bool OnOpenModal (ZEvent&, const ZMouseInput& mouse) override { return mouse.modifiers != 0; }
+        bool OnCloseModal (bool) override { return End (); }
+        bool End ()
+        {
+            delete this;
+            return true;
+        }
+    };
+    Tree tree;
+    for (const std::int32_t modifiers : { 0, 1 })
+    {
+        auto* pane = new Brief (&tree.desk);
+        tree.view.AddPane (pane);
+        CHECK (tree.desk.Press (*pane, { 115, 75 }, modifiers));
+        if (modifiers != 0)
+            CHECK (pane->CloseModal (true));
+        CHECK (tree.view.GetPaneCount () == 1);
+        CHECK (tree.desk.modal == nullptr);
+    }
 }
 
 TEST_CASE ("ZPane: what is hidden or disabled in mid-drag gets its release, and no press")
@@ -152,6 +178,10 @@ TEST_CASE (
         CHECK (tree.view.AddPane (&top));
         CHECK_FALSE (tree.view.AddPane (&top));
         CHECK_FALSE (tree.view.AddPane (nullptr));
+        CHECK_FALSE (tree.view.AddPane (&tree.view));
+        CHECK (tree.root.AddPane (&top)); // leaves the first
+        CHECK (tree.view.GetPaneCount () == 1);
+        CHECK (tree.view.AddPane (&top));
         CHECK (found ({ 125, 75 }) == &top);
         CHECK (found ({ 115, 75 }) == &tree.pane);
         CHECK (found ({ 149, 109 }) == &top);
