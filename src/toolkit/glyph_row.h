@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canvas.h"
+#include "draw_font.h"
 #include "geometry.h"
 #include <cstdint>
 #include <string_view>
@@ -35,7 +36,7 @@ ZPoint StartOfGlyphs (const Record& record, const ZRect& rect, std::int32_t coun
 template <typename Record, typename PlaceOf>
 void DrawGlyphs (const Record& record, ZCanvas& canvas, const ZRect& rect, std::string_view text, PlaceOf placeOf)
 {
-    if (record.kind == 0 || record.bitmap == nullptr)
+    if (record.kind != kFontGlyphs || record.bitmap == nullptr)
         return;
     const ZRect cell{ 0, 0, record.charWidth, record.charHeight };
     auto at = StartOfGlyphs (record, rect, static_cast<std::int32_t> (text.size ()));

@@ -23,7 +23,7 @@ public:
     void SetBehaviour (std::int32_t bits) { behaviour = bits; } ///< of OnOffBehaviour
     std::int32_t GetBehaviour () const { return behaviour; }
 
-    virtual bool WantedState (ZEvent& event, const ZMouseInput& mouse); ///< of the present press, by where it is
+    bool WantedState (ZEvent& event, const ZMouseInput& mouse); ///< of the present press, by where it is
 
     bool OnMouseDown (ZEvent& event, const ZMouseInput& mouse) override;
     bool OnMouseMove (ZEvent& event, const ZMouseInput& mouse) override;

@@ -18,7 +18,7 @@ public:
     std::int32_t GetStyle () const { return axis.GetStyle (); }
     void SetZones (std::int32_t start, std::int32_t end); ///< of the middle one, in pixels from the frame's left or top
 
-    virtual std::int32_t WantedIndex (const ZMouseInput& mouse) const;
+    std::int32_t WantedIndex (const ZMouseInput& mouse) const; ///< that a drag to there asks for: 0 or 1
 
     bool OnMouseDown (ZEvent& event, const ZMouseInput& mouse) override;
     bool OnMouseMove (ZEvent& event, const ZMouseInput& mouse) override;

@@ -1,5 +1,4 @@
 #include "anim_slide_switch.h"
-#include "anim_slider.h"
 #include "control_board.h"
 #include "knob_slider.h"
 #include <array>
@@ -140,18 +139,6 @@ TEST_CASE ("ZSlider: an endless drag holds the hidden cursor where it was presse
     CHECK (board.window.cursorShown == 1);
 }
 
-TEST_CASE ("ZSlider: in a nested view the cursor is held at the same place of the window")
-{
-    Board board (kSliderEndless);
-    ZView view (&board, { 1000, 500, 1200, 600 });
-    view.AddPane (&board.slider);
-    board.Press (board.slider, { 1070, 555 });
-    board.Drag (board.slider, { 1079, 555 });
-    CHECK (board.slider.GetValue () == Approx (0.1));
-    CHECK (board.window.pointer == ZPoint{ 1070, 555 });
-    board.Release (board.slider, { 1070, 555 });
-}
-
 TEST_CASE ("ZSlider: without travel nothing moves")
 {
     for (const auto mode : { kSliderEndless, kSliderJump, kSliderKnob, kSliderPage })
@@ -165,7 +152,7 @@ TEST_CASE ("ZSlider: without travel nothing moves")
         }
 }
 
-TEST_CASE ("ZKnobSlider and ZAnimSlider: draw the background, and over it the knob in its place or the frame")
+TEST_CASE ("ZKnobSlider: draws the background, and over it the knob in its place")
 {
     Board board (kSliderJump, 0.5f);
     board.slider.ZDrawBack::SetBitmapActive (&board.strip, { 7, 8 });
@@ -175,14 +162,6 @@ TEST_CASE ("ZKnobSlider and ZAnimSlider: draw the background, and over it the kn
                                                                    "DrawBitmap strip 95,50,105,60 from 1,2" });
     board.slider.SetActive (false);
     CHECK (board.Drawn (board.slider) == std::vector<std::string>{ "DrawBitmap strip 95,50,105,60 from 3,4" });
-
-    ZAnimSlider frames (&board, { 0, 0, 10, 10 }, 1);
-    frames.SetAnimActive (&board.strip, 4, 1, {});
-    for (const auto& [value, frame] : { std::pair{ 0.24f, 0 }, { 0.25f, 1 }, { 0.99f, 3 }, { 1.0f, 3 } })
-    {
-        frames.SetValue (value);
-        CHECK (board.FrameShown (frames) == frame);
-    }
 }
 
 TEST_CASE ("ZSlideSwitch: rests on positions, each with an equal part of the whole track, and takes presses on labels")
