@@ -3,29 +3,21 @@
 namespace tessaly
 {
 
-void ZAnimClickButton::SetPressed (bool down)
-{
-    if (down == pressed)
-        return;
-    pressed = down;
-    SetDirty (true);
-}
-
 bool ZAnimClickButton::OnMouseDown (ZEvent& event, const ZMouseInput& mouse)
 {
-    SetPressed (HitTest (event, mouse) != 0);
+    Follow (pressed, HitTest (event, mouse) != 0);
     return ZStateControl::OnMouseDown (event, mouse);
 }
 
 bool ZAnimClickButton::OnMouseMove (ZEvent& event, const ZMouseInput& mouse)
 {
-    SetPressed (HitTest (event, mouse) != 0);
+    Follow (pressed, HitTest (event, mouse) != 0);
     return ZStateControl::OnMouseMove (event, mouse);
 }
 
 bool ZAnimClickButton::OnMouseUp (ZEvent& event, const ZMouseInput& mouse)
 {
-    SetPressed (false);
+    Follow (pressed, false);
     return ZStateControl::OnMouseUp (event, mouse);
 }
 

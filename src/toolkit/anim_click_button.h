@@ -24,8 +24,6 @@ protected:
     std::size_t StateOf (const Frames& /*frames*/) const override { return pressed ? 1 : 0; }
 
 private:
-    void SetPressed (bool down);
-
     bool pressed = false; // and the pointer inside
 };
 

@@ -3,18 +3,10 @@
 namespace tessaly
 {
 
-void ZAnimOnOffButton::ShowState (std::int32_t state)
-{
-    if (state == shownState)
-        return;
-    shownState = state;
-    SetDirty (true);
-}
-
 void ZAnimOnOffButton::SetShownState (std::int32_t state)
 {
     if (stateInside == kStateByValue && stateOutside == kStateByValue)
-        ShowState (state);
+        Follow (shownState, state);
 }
 
 bool ZAnimOnOffButton::OnMouseDown (ZEvent& event, const ZMouseInput& mouse)
@@ -29,7 +21,7 @@ bool ZAnimOnOffButton::OnMouseDown (ZEvent& event, const ZMouseInput& mouse)
 
 bool ZAnimOnOffButton::OnMouseMove (ZEvent& event, const ZMouseInput& mouse)
 {
-    ShowState (HitTest (event, mouse) != 0 ? stateInside : stateOutside);
+    Follow (shownState, HitTest (event, mouse) != 0 ? stateInside : stateOutside);
     return ZStateControl::OnMouseMove (event, mouse);
 }
 
@@ -37,7 +29,7 @@ bool ZAnimOnOffButton::OnMouseUp (ZEvent& event, const ZMouseInput& mouse)
 {
     stateInside = kStateByValue;
     stateOutside = kStateByValue;
-    ShowState (kStateByValue);
+    Follow (shownState, kStateByValue);
     return ZStateControl::OnMouseUp (event, mouse);
 }
 

@@ -38,8 +38,6 @@ protected:
     std::size_t StateOf (const Frames& frames) const override;
 
 private:
-    void ShowState (std::int32_t state);
-
     std::int32_t shownState = kStateByValue;
     std::int32_t stateInside = kStateByValue; // what a press shows while the pointer is inside
     std::int32_t stateOutside = kStateByValue;

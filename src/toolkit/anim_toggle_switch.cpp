@@ -3,14 +3,6 @@
 namespace tessaly
 {
 
-void ZAnimToggleSwitch::ShowMiddle (bool on)
-{
-    if (on == middleShown)
-        return;
-    middleShown = on;
-    SetDirty (true);
-}
-
 bool ZAnimToggleSwitch::OnMouseDown (ZEvent& event, const ZMouseInput& mouse)
 {
     middleShown = false;
@@ -19,13 +11,13 @@ bool ZAnimToggleSwitch::OnMouseDown (ZEvent& event, const ZMouseInput& mouse)
 
 bool ZAnimToggleSwitch::OnMouseMove (ZEvent& event, const ZMouseInput& mouse)
 {
-    ShowMiddle (IsInMiddle (mouse.point));
+    Follow (middleShown, IsInMiddle (mouse.point));
     return ZStateControl::OnMouseMove (event, mouse);
 }
 
 bool ZAnimToggleSwitch::OnMouseUp (ZEvent& event, const ZMouseInput& mouse)
 {
-    ShowMiddle (false);
+    Follow (middleShown, false);
     return ZStateControl::OnMouseUp (event, mouse);
 }
 

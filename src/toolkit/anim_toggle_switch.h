@@ -33,7 +33,6 @@ private:
         kMiddle,
         kHigh
     };
-    void ShowMiddle (bool on);
 
     bool middleShown = false; // a press is in the middle zone
 };

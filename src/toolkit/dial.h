@@ -76,9 +76,8 @@ protected:
     static Aim AimOf (const ZVectorToDegree& sweep, ZPoint point);
     Aim AimAt (ZPoint point, bool opposite) const; ///< with the sweep as it is now
 
-    void ConfigureDrag () { ConfigureVector (oppositeGrip, vector); } ///< when the frame changes during a drag
-
 private:
+    void ConfigureDrag () { ConfigureVector (oppositeGrip, vector); }
     void AnchorTurn (float from);
     void JumpTo (const ZMouseInput& mouse); // anchors the turn where the pointer is
     bool IsOnOppositeGrip (ZPoint point) const;
@@ -90,7 +89,7 @@ private:
     ZPoint center;
     bool oppositeGripEnabled = false;
     std::int32_t gripTolerance = 30; // degrees
-    float linearScale = 1.0f;
+    float linearScale = 1.0f;        // steps a pixel
 
     // Of the present drag
     ZVectorToDegree vector;

@@ -34,6 +34,16 @@ public:
 protected:
     virtual std::size_t StateOf (const Frames& frames) const = 0; ///< @return below kStates
 
+    /// Stores what the state follows from; a change has it drawn.
+    template <typename T>
+    void Follow (T& field, std::type_identity_t<T> now)
+    {
+        if (field == now)
+            return;
+        field = now;
+        this->SetDirty (true);
+    }
+
     std::int32_t FrameOf (const ZAnimRecord& /*record*/, bool activeLook) const override
     {
         const auto& frames = activeLook ? activeFrames : inactiveFrames;
