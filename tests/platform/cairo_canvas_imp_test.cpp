@@ -180,21 +180,23 @@ TEST_CASE ("canvas: neighbours meet without gap or overlap at every scale")
     }
 }
 
-TEST_CASE ("canvas: at scale 2 the same coordinates draw the same picture with pixels twice as fine")
+TEST_CASE ("canvas: at scale 2 lines are twice as wide")
 {
-    ZCairoCanvasImp canvas (5, 4, 2.0);
-    canvas.FrameRect ({ 1, 1, 4, 3 });
-    canvas.MoveTo ({ 0, 0 });
-    canvas.LineTo ({ 1, 0 });
+    ZCairoCanvasImp canvas (5, 5, 2.0);
+    canvas.SetLineWidth (2);
+    const ZPoint square[]{ { 1, 1 }, { 4, 1 }, { 4, 4 }, { 1, 4 } };
+    canvas.FramePolygon (square);
     CHECK (Compare (Picture (canvas), R"(
-        ####......
-        ####......
-        ..######..
-        ..######..
-        ..######..
-        ..######..
-        ..........
-        ..........)",
+        ##########
+        ##########
+        ##########
+        ##########
+        ####..####
+        ####..####
+        ##########
+        ##########
+        ##########
+        ##########)",
                     kExact) == "");
 }
 

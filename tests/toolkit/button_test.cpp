@@ -1,6 +1,5 @@
 #include "anim_click_button.h"
 #include "anim_on_off_button.h"
-#include "bitmap_click_button.h"
 #include "control_board.h"
 #include "multi_button.h"
 #include "value_index.h"
@@ -162,10 +161,6 @@ TEST_CASE ("ZAnimClickButton: is down while pressed inside, with the frames of e
     CHECK (board.FrameShown (board.button) == 5);
     board.AfterRelease (kInside);
     CHECK (board.FrameShown (board.button) == 4);
-
-    Board<ZBitmapClickButton> still;
-    still.button.SetBitmapActive (&still.strip, { 1, 2 });
-    CHECK (still.Drawn (still.button) == std::vector<std::string>{ "DrawBitmap strip 10,10,30,20 from 1,2" });
 }
 
 TEST_CASE ("ZAnimOnOffButton: shows where a press would lead, and by its value without one")

@@ -1,4 +1,3 @@
-#include "anim_picture.h"
 #include "anim_vu_meter.h"
 #include "bitmap_picture.h"
 #include "control_board.h"
@@ -38,14 +37,4 @@ TEST_CASE ("ZAnimVuMeter: each frame has an equal part of the range, and a meter
     CHECK_FALSE (meter->IsDirty ());
     meter->SetActive (false);
     CHECK (board.FrameShown (*meter) == 9);
-}
-
-TEST_CASE ("ZAnimPicture: the position of the value is the frame, whatever the length of the strip")
-{
-    ControlBoard board;
-    const auto picture = CreateAnim<ZAnimPicture> (&board, { 0, 0, 10, 10 }, 2, &board.strip, 30, 1, {});
-    picture->SetStep (0.5f);
-    CHECK (board.FrameShown (*picture) == 0);
-    picture->SetValue (1.0f);
-    CHECK (board.FrameShown (*picture) == 1);
 }
