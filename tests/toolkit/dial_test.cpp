@@ -83,7 +83,9 @@ TEST_CASE ("ZDial: a jump goes to the pointer, with the fine modifier it does no
     CHECK (board.TakeValues ().empty ());
     CHECK (board.After (kAbove, kShift) == Approx (0.5 - 0.3 / 4));
     CHECK (board.After (kAbove, 0) == Approx (0.5 - 0.3 / 4)); // the pointer rests, so the value does
-    CHECK (board.After (kRight, 0) == Approx (0.8));           // and then it is where the pointer is
+    CHECK (board.After (kLeft, kShift) == Approx (0.5 - 0.3 / 2));
+    CHECK (board.After (kLeft, 0) == Approx (0.5 - 0.3 / 2));
+    CHECK (board.After (kAbove, 0) == Approx (0.5)); // and then it is where the pointer is
 }
 
 TEST_CASE ("ZDial: a jump into the gap stays at its end, and turning across the gap does not wrap")

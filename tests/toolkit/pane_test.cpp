@@ -146,7 +146,7 @@ TEST_CASE ("ZView: a pass draws what is dirty and nothing else, in the coordinat
     tree.Pass ();
     CHECK (tree.pane.draws == 2);
 
-    tree.pane.SetActive (false);
+    tree.view.SetActive (false);
     tree.Pass ();
     CHECK (tree.pane.inactiveDraws == 1);
 

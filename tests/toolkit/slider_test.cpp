@@ -137,6 +137,13 @@ TEST_CASE ("ZSlider: an endless drag holds the hidden cursor where it was presse
     board.slider.SetMouseEnabled (false);
     CHECK_FALSE (board.Drag (board.slider, { 80, 55 }));
     CHECK (board.window.cursorShown == 1);
+
+    board.slider.SetMouseEnabled (true);
+    board.slider.SetStyle (kHorizontal | kReversed); // does not turn at the stop
+    board.slider.SetValue (0.5f);
+    board.Press (board.slider, { 70, 55 });
+    CHECK (board.After (160) == 0.0f);
+    CHECK (board.After (61) == 0.0f);
 }
 
 TEST_CASE ("ZSlider: without travel nothing moves")
