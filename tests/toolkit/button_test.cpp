@@ -205,14 +205,15 @@ TEST_CASE ("ZMultiButton: one of the group is on, and a press selects another or
 {
     Radio radio;
     CHECK (radio.Lit () == "100");
+    radio.group.SetIndex (1);
     CHECK (radio.Press (radio.group, { 25, 5 }));
     CHECK (radio.Lit () == "001");
     CHECK (radio.Drag (radio.group, { 25, 50 })); // off it: taken back
-    CHECK (radio.Lit () == "100");
+    CHECK (radio.Lit () == "010");
     CHECK (radio.Drag (radio.group, { 25, 5 }));
     CHECK_FALSE (radio.Release (radio.group, { 25, 5 }));
     CHECK (radio.Lit () == "001");
-    CHECK (radio.TakeValues () == Values{ 1.0f, 0.0f, 1.0f });
+    CHECK (radio.TakeValues () == Values{ 1.0f, 0.5f, 1.0f });
 
     radio.Press (radio.group, { 25, 5 });
     CHECK (radio.Lit () == "001");
@@ -251,7 +252,9 @@ TEST_CASE ("ZMultiButton: is hit and drawn through its buttons, and is dirty wit
     root.Paint (radio.canvas, 0, {});
     CHECK (radio.surface.Take ().size () == 3);
 
+    radio.buttons[2]->SetFrame ({ 10, 0, 30, 10 }); // now above the second
     radio.Press (radio.group, { 15, 5 });
+    CHECK (radio.Lit () == "001");
     radio.group.DeleteAllButtons (); // in mid-press
     CHECK_FALSE (radio.Drag (radio.group, { 15, 5 }));
     CHECK (radio.group.AddButton (0, nullptr) == nullptr);

@@ -46,7 +46,10 @@ TEST_CASE (
     Board board (kDialJump, 0.1f);
     board.rotary.SetDegreeRange (90, 270); // widened to 81 to 279
     CHECK_FALSE (board.Press (board.rotary, { 130, 150 }));
+    CHECK_FALSE (board.Press (board.rotary, { 110, 139 })); // 65, beyond the half position that is left to the sweep
     CHECK (board.TakeValues ().empty ());
+    CHECK (board.Press (board.rotary, { 110, 135 })); // 75
+    CHECK (board.TakeValues () == std::vector<float>{ 0.0f });
     CHECK (board.Press (board.rotary, { 130, 110 })); // the middle, where the sixth position begins
     CHECK (board.rotary.GetIndex () == 5);
     CHECK (board.rotary.GetValue () == Approx (5.0 / 9));
