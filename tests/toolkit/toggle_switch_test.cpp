@@ -44,6 +44,9 @@ TEST_CASE ("ZToggleSwitch: an end zone sets its position at once, the middle fli
     CHECK (board.AfterPress (29).empty ()); // it is there
     CHECK (board.AfterRelease (29).empty ());
     CHECK (board.AfterPress (61) == Values{ 1.0f });
+    board.toggle.SetValue (0.0f); // by another hand, while the pointer rests
+    CHECK (board.AfterDrag (61).empty ());
+    board.toggle.SetValue (1.0f);
     CHECK (board.AfterRelease (61).empty ());
     CHECK (board.AfterPress (45).empty ());
     CHECK (board.AfterRelease (45) == Values{ 0.0f });
