@@ -62,6 +62,10 @@ TEST_CASE ("ZOffscreenView: paints what is dirty into its pixels and copies them
     {
         surface.view.MoveTo ({ 0, 0 });
         CHECK (surface.Paint ().size () == everything.size ());
+        ZOnscreenCanvas canvas (surface.back);
+        canvas.SetOrigin ({ 1, 2 }); // what it lies in has moved
+        surface.view.Paint (canvas, 0, {});
+        CHECK (surface.back.Take ().front () == "CreateOffscreen 1,2,101,52");
         surface.back.scale = 1.5;
         CHECK (surface.Paint ().size () == everything.size ());
         CHECK (surface.Paint ().size () == 1);
