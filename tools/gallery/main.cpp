@@ -1,0 +1,94 @@
+#include "gallery_window.h"
+#include "options.h"
+#include "parameters.h"
+#include "pending_file.h"
+#include "script.h"
+#include "script_error.h"
+
+#include <cstdlib>
+#include <exception>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tessaly::gallery
+{
+
+namespace
+{
+
+std::string ReadScript (const Options& options)
+{
+    if (!options.script)
+        return std::string (kBuiltInScript);
+    std::ifstream file (*options.script, std::ios::binary);
+    std::string script{ std::istreambuf_iterator<char> (file), {} };
+    if (!file)
+        throw ScriptError ("\"" + options.script->string () + "\" can't be read");
+    return script;
+}
+
+using Pictures = std::map<std::string, Png>; // by name
+
+/// All of them or, when something goes wrong before the last is written, none.
+void Write (const Pictures& pictures, const std::filesystem::path& folder)
+{
+    std::vector<std::unique_ptr<host::PendingFile>> files;
+    for (const auto& [name, png] : pictures)
+    {
+        auto& pending = *files.emplace_back (std::make_unique<host::PendingFile> (folder / (name + ".png")));
+        std::ofstream file (pending.WorkingPath (), std::ios::binary);
+        file.write (reinterpret_cast<const char*> (png.data ()), static_cast<std::streamsize> (png.size ()));
+        if (!file.flush ())
+            throw ScriptError ("\"" + pending.Target ().string () + "\" can't be written");
+    }
+    for (const auto& file : files)
+        file->Commit ();
+}
+
+void Run (const Options& options)
+{
+    GalleryWindow window (options.scale);
+    Pictures pictures;
+    const auto snap = [&] (const std::string& name)
+    {
+        if (!pictures.emplace (name, window.Picture ()).second)
+            throw ScriptError ("there is a picture \"" + name + "\" already");
+    };
+    Play (ReadScript (options), window, snap);
+    Write (pictures, options.output);
+
+    for (const auto& [name, png] : pictures)
+        std::cout << (options.output / (name + ".png")).string () << '\n';
+    auto& storage = window.Around ().Storage ();
+    for (std::int32_t index = 0; index < kParameterCount; ++index)
+        std::cout << NameOf (storage, index) << " = " << ValueTextOf (storage, index) << '\n';
+}
+
+} // namespace
+
+} // namespace tessaly::gallery
+
+int main (int argc, char** argv)
+{
+    using namespace tessaly::gallery;
+    try
+    {
+        const auto parsed = ParseOptions (argc, argv);
+        if (!parsed.options)
+            return parsed.exitStatus;
+        Run (*parsed.options);
+        if (std::cout.flush ())
+            return EXIT_SUCCESS;
+        std::cerr << "gallery: what was to be printed could not be written\n";
+    }
+    catch (const std::exception& error)
+    {
+        std::cerr << "gallery: " << error.what () << '\n';
+    }
+    return EXIT_FAILURE;
+}
