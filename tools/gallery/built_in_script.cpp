@@ -82,12 +82,8 @@ key escape
 # ... and carried to another field
 double pitch
 key v control
-key back
-key back
-key back
-key back
-key back
-type -7.5
+key home
+key delete
 key return
 point ratio
 press
@@ -96,9 +92,9 @@ release
 
 # A menu in columns, and one of pictures
 click note
-point note 24 50
+point note 125 37
 snap 08-menu
-click note 24 50
+click note 125 37
 click wave
 key up
 key return

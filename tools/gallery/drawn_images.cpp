@@ -122,8 +122,10 @@ void DrawTap (Sketch& sketch, const Frame& frame)
     DrawButton (sketch, frame.Rect (), frame.index == 0 ? "Tap" : "Down", frame.index == 1, nullptr);
 }
 
+/// The whole look of its control, which has no background besides: opaque in the corners, too.
 void DrawStamp (Sketch& sketch, const Frame& frame)
 {
+    sketch.RoundRect (0, 0, frame.width, frame.height, 0, kCellColor);
     DrawButton (sketch, frame.Rect (), "One look", false, nullptr);
 }
 

@@ -106,14 +106,14 @@ ZControlDescription Filled (ZControlDescription record, ZColor color)
 
 ZControlDescription TypedText ()
 {
-    auto record = WithText (Filled (Record (1, 2, kKindText, kTime, { 19, 50, 119, 72 }), kGroove), kInk, 12);
+    auto record = WithText (Filled (Record (1, 2, kKindText, kTime, { 19, 51, 119, 69 }), kGroove), kInk, 12);
     record.editMode = 3;
     return record;
 }
 
 ZControlDescription CodeFontText ()
 {
-    auto record = Filled (Record (2, 2, kKindFontText, kPitch, { 19, 50, 119, 72 }), kGroove);
+    auto record = Filled (Record (2, 2, kKindFontText, kPitch, { 19, 51, 119, 69 }), kGroove);
     record.imageName = "CODES.PNG";
     record.charWidth = 9;
     record.charHeight = 16;
@@ -180,7 +180,7 @@ std::vector<Exhibit> SecondRow ()
 
 std::vector<Exhibit> LowerRows ()
 {
-    const auto note = Filled (Record (4, 2, kKindTextMenu, kNote, { 19, 50, 119, 72 }), kFaceDark);
+    const auto note = Filled (Record (4, 2, kKindTextMenu, kNote, { 19, 51, 119, 69 }), kFaceDark);
     return { { "band-low", Radio (0) },
              { "band-mid", Radio (1) },
              { "band-high", Radio (2) },

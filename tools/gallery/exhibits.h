@@ -19,6 +19,7 @@ struct Cell
     std::int32_t column;
     std::int32_t row;
     const char* title;
+    const char* hint = "";    // below, how it is used
     std::int32_t columns = 1; // how many it is wide
 
     constexpr ZRect Rect () const
@@ -34,11 +35,11 @@ struct Cell
 
 inline constexpr std::array kCells{
     Cell{ 0, 0, "Dial" },
-    Cell{ 1, 0, "Dial, by angle" },
+    Cell{ 1, 0, "Dial, anticlockwise" },
     Cell{ 2, 0, "Rotary switch" },
     Cell{ 3, 0, "Toggle switch" },
     Cell{ 4, 0, "Picture of a value" },
-    Cell{ 5, 0, "Pictures" },
+    Cell{ 5, 0, "Pictures", "three out of one image" },
     Cell{ 0, 1, "Slider with a knob" },
     Cell{ 1, 1, "Slider that pages" },
     Cell{ 2, 1, "Slider of frames" },
@@ -46,15 +47,15 @@ inline constexpr std::array kCells{
     Cell{ 4, 1, "Click buttons" },
     Cell{ 5, 1, "On/off buttons" },
     Cell{ 0, 2, "Radio group" },
-    Cell{ 1, 2, "Text" },
-    Cell{ 2, 2, "Text, font by code" },
-    Cell{ 3, 2, "Text, font by list" },
-    Cell{ 4, 2, "Menu as text" },
-    Cell{ 5, 2, "Menu as pictures" },
+    Cell{ 1, 2, "Text", "drag or double click" },
+    Cell{ 2, 2, "Text, font by code", "drag or double click" },
+    Cell{ 3, 2, "Text, font by list", "drag" },
+    Cell{ 4, 2, "Menu as text", "press" },
+    Cell{ 5, 2, "Menu as pictures", "press" },
     Cell{ 0, 3, "Meters" },
     Cell{ 1, 3, "Offscreen view" },
-    Cell{ 2, 3, "Hover view with texts", 2 },
-    Cell{ 4, 3, "Section that can be off", 2 },
+    Cell{ 2, 3, "Hover view with texts", "", 2 },
+    Cell{ 4, 3, "Section that can be off", "", 2 },
 };
 
 /// A control that a description makes, and what scripts call it.
@@ -73,8 +74,8 @@ struct Place
 };
 
 // What descriptions don't make
-inline constexpr Place kStampPlace{ "stamp", { 611, 226, 711, 246 } };
-inline constexpr Place kRatioPlace{ "ratio", { 467, 342, 567, 368 } };
+inline constexpr Place kStampPlace{ "stamp", { 611, 230, 711, 250 } };
+inline constexpr Place kRatioPlace{ "ratio", { 467, 343, 567, 369 } };
 inline constexpr Place kMeterPlace{ "meter", { 100, 452, 116, 520 } };
 inline constexpr Place kOffscreenPlace{ "offscreen", { 176, 446, 282, 526 } };
 inline constexpr Place kHoverPlace{ "hover", { 320, 446, 570, 526 } };

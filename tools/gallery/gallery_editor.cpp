@@ -86,6 +86,7 @@ void GalleryEditor::FinishDescribed ()
     Find<ZDial> (kPan)->SetDragMode (kDialJump);
     Find<ZRotarySwitch> (kShape)->SetDragMode (kDialJump);
     Find<ZKnobSlider> (kDepth)->SetDragMode (kSliderPage);
+    Find<ZDrawTextEdit> (kTime)->SetValueToText (TextWithoutUnit);
     auto* notes = Find<ZDrawMatrixMenu> (kNote);
     notes->SetRows (4);
     for (const std::int32_t black : { 1, 3, 6, 8, 10 })
@@ -104,9 +105,16 @@ void GalleryEditor::CreateTexts ()
                           kAlignCenter | kAlignMiddle, {});
     AddControl (*GetRootView (), std::move (ratio));
 
-    auto meter = CreateAnim<ZAnimVuMeter> (this, kMeterPlace.rect, 1, GetBitmap ("METER.PNG"), kMeterFrames,
-                                           kMeterPlace.rect.Height (), {});
-    AddMeter (*GetRootView (), std::move (meter));
+    AddVuMeter (*GetRootView (), kMeterPlace.rect, 1, kPanelImage);
+}
+
+/// @param ground  the image behind the whole view
+void GalleryEditor::AddVuMeter (ZView& view, const ZRect& rect, std::int32_t index, const char* ground)
+{
+    auto meter =
+        CreateAnim<ZAnimVuMeter> (this, rect, index, GetBitmap ("METER.PNG"), kMeterFrames, rect.Height (), {});
+    meter->SetBitmapActive (GetBitmap (ground), rect.TopLeft ());
+    AddMeter (view, std::move (meter));
 }
 
 void GalleryEditor::CreateOffscreen ()
@@ -119,8 +127,7 @@ void GalleryEditor::CreateOffscreen ()
     for (const std::int32_t index : { 0, 1 })
     {
         const ZRect place{ 20 + index * 50, 6, 36 + index * 50, 74 };
-        AddMeter (view, CreateAnim<ZAnimVuMeter> (this, place, index, GetBitmap ("METER.PNG"), kMeterFrames,
-                                                  place.Height (), {}));
+        AddVuMeter (view, place, index, "GROUND.PNG");
     }
 }
 
@@ -168,7 +175,7 @@ void GalleryEditor::CreateSection ()
     time->SetColorActive (kGroove);
     time->SetColorInactive (kFaceDark);
     time->SetFontActive (kInk, kAlignCenter | kAlignMiddle, 2, 0);
-    time->SetFontInactive (kFace, kAlignCenter | kAlignMiddle, 2, 0);
+    time->SetFontInactive (kFaceLight, kAlignCenter | kAlignMiddle, 2, 0);
     AddControl (*section, std::move (time));
 }
 

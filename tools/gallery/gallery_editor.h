@@ -37,6 +37,7 @@ private:
 
     void FinishDescribed ();
     void CreateTexts ();
+    void AddVuMeter (ZView& view, const ZRect& rect, std::int32_t index, const char* ground);
     void CreateOffscreen ();
     void CreateHover ();
     void AddHint (ZMultiTextView& texts, std::int32_t id, const char* text);

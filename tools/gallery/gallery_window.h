@@ -25,7 +25,7 @@ public:
     void Wait (std::uint32_t milliseconds);
     void Settle (); ///< a tick and, if something has changed, a pass
 
-    bool Paint ();  ///< what changed. @return whether there was anything
+    bool Paint ();  ///< what changed. @return whether anything was drawn
     Png Picture (); ///< of the surface, the tooltip and the pointer
     ZPoint Pointer () const { return pointer; }
     GalleryEditor& Editor () { return editor; }

@@ -30,7 +30,7 @@ void DrawTicks (Sketch& sketch, const ZControlDescription& rotary)
 {
     const ZPoint center{ rotary.x + rotary.centerX, rotary.y + rotary.centerY };
     for (std::int32_t i = 0; i < 5; ++i)
-        sketch.Ray (center, 29, 33, rotary.beginDegree + i * (rotary.endDegree - rotary.beginDegree) / 4.0, 1.5,
+        sketch.Ray (center, 24, 28, rotary.beginDegree + i * (rotary.endDegree - rotary.beginDegree) / 4.0, 1.5,
                     kQuietInk);
 }
 
@@ -55,8 +55,9 @@ void DrawPanel (Sketch& sketch)
         const auto rect = cell.Rect ();
         sketch.RoundRect (rect.left, rect.top, rect.Width (), rect.Height (), 5, kCellColor);
         sketch.RoundFrame (rect.left, rect.top, rect.Width (), rect.Height (), 5, kCellEdge);
-        sketch.Text (cell.title, { rect.left, rect.top + 5, rect.right, rect.top + 21 }, 11, 0, kQuietInk,
-                     kAlignCenter | kAlignMiddle);
+        const ZRect line{ rect.left, rect.top + 5, rect.right, rect.top + 21 };
+        sketch.Text (cell.title, line, 11, 0, kQuietInk, kAlignCenter | kAlignMiddle);
+        sketch.Text (cell.hint, line + ZPoint{ 0, 90 }, 10, 0, kQuietInk, kAlignCenter | kAlignMiddle);
     }
     for (const auto& exhibit : Exhibits ())
         DrawAround (sketch, exhibit.record);

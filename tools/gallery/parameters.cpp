@@ -13,11 +13,6 @@ namespace
 
 // Conversions of the continuous parameters
 
-void PlainText (float plain, char* buffer)
-{
-    PutText (buffer, FixedText (plain, 0, 1));
-}
-
 void PercentText (float plain, char* buffer)
 {
     PutText (buffer, FixedText (plain, 0, 0) + " %");
@@ -38,7 +33,7 @@ void DigitText (float plain, char* buffer) // as wide as its place, which a disp
     PutText (buffer, FixedText (plain, 6, 2));
 }
 
-constexpr ZConverterSet kPlain{ PlainText, linearToPlain, linearToNormalized };
+constexpr ZConverterSet kPlain{ TextWithoutUnit, linearToPlain, linearToNormalized };
 constexpr ZConverterSet kPercent{ PercentText, linearToPlain, linearToNormalized };
 constexpr ZConverterSet kDecibel{ DecibelText, linearToPlain, linearToNormalized };
 constexpr ZConverterSet kMilliseconds{ MillisecondText, linearToPlain, linearToNormalized };
@@ -112,6 +107,11 @@ void FillParameters (ZParameterStorageBase& storage)
         storage.SetPlain (index, row.initial);
         storage.SetDefaultPlain (index, row.initial);
     }
+}
+
+void TextWithoutUnit (float plain, char* buffer)
+{
+    PutText (buffer, FixedText (plain, 0, 1));
 }
 
 std::int32_t FindParameter (const ZParameterStorageBase& storage, std::string_view name)

@@ -38,6 +38,9 @@ enum Parameter : std::int32_t
 /// Fills an empty storage with these parameters at their defaults.
 void FillParameters (ZParameterStorageBase& storage);
 
+/// A value as it is typed. For ZTextEdit::SetValueToText.
+void TextWithoutUnit (float plain, char* buffer);
+
 /// @param name  in any case. @return its index, or -1
 std::int32_t FindParameter (const ZParameterStorageBase& storage, std::string_view name);
 std::string NameOf (const ZParameterStorageBase& storage, std::int32_t index);
