@@ -92,9 +92,9 @@ release
 
 # A menu in columns, and one of pictures
 click note
-point note 125 37
+point note 140 39
 snap 08-menu
-click note 125 37
+click note 140 39
 click wave
 key up
 key return

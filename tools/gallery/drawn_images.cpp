@@ -313,7 +313,7 @@ const std::array kDrawings{
     Drawing{ "LATCH3.PNG", 100, 20, 3, DrawLatch },
     Drawing{ "LATCH3_OFF.PNG", 100, 20, 3, DrawLatch, true },
     Drawing{ "LATCH4.PNG", 100, 20, 4, DrawLatch },
-    Drawing{ "POWER.PNG", 40, 20, 2, DrawPower },
+    Drawing{ "POWER.PNG", 46, 20, 2, DrawPower },
     Drawing{ "RADIO.PNG", 300, 20, 4, DrawRadio },
     Drawing{ "WAVES.PNG", 92, 50, 5, DrawWave },
     Drawing{ "SYMBOLS.PNG", 96, 32, 1, DrawSymbols },

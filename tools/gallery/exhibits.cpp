@@ -189,7 +189,7 @@ std::vector<Exhibit> LowerRows ()
              { "note", WithText (note, kInk, 12) },
              { "wave", WithImage (Record (5, 2, kKindAnimMenu, kWave, { 23, 36, 115, 86 }), "WAVES.PNG", 5) },
              { "bar", DescribedMeter () },
-             { "power", WithImage (Record (4, 3, kKindOnOffButton, kPower, { 16, 52, 56, 72 }), "POWER.PNG", 2) } };
+             { "power", WithImage (Record (4, 3, kKindOnOffButton, kPower, { 12, 52, 58, 72 }), "POWER.PNG", 2) } };
 }
 
 } // namespace

@@ -4,8 +4,6 @@
 
 namespace tessaly
 {
-class ZOffscreenView;
-class ZHoverView;
 class ZMultiTextView;
 } // namespace tessaly
 

@@ -12,6 +12,7 @@
 #include <iterator>
 #include <map>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -28,7 +29,7 @@ std::string ReadScript (const Options& options)
     std::ifstream file (*options.script, std::ios::binary);
     std::string script{ std::istreambuf_iterator<char> (file), {} };
     if (!file)
-        throw ScriptError ("\"" + options.script->string () + "\" can't be read");
+        throw std::runtime_error ("\"" + options.script->string () + "\" can't be read");
     return script;
 }
 
@@ -44,7 +45,7 @@ void Write (const Pictures& pictures, const std::filesystem::path& folder)
         std::ofstream file (pending.WorkingPath (), std::ios::binary);
         file.write (reinterpret_cast<const char*> (png.data ()), static_cast<std::streamsize> (png.size ()));
         if (!file.flush ())
-            throw ScriptError ("\"" + pending.Target ().string () + "\" can't be written");
+            throw std::runtime_error ("\"" + pending.Target ().string () + "\" can't be written");
     }
     for (const auto& file : files)
         file->Commit ();
