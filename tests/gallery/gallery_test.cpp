@@ -14,6 +14,9 @@
 #include <array>
 #include <cmath>
 #include <doctest/doctest.h>
+#include <filesystem>
+#include <span>
+#include <tuple>
 #include <utility>
 
 using namespace tessaly;
@@ -81,6 +84,7 @@ ZRect PlaceOf (std::string_view name)
 }
 
 /// What the built-in script leaves, worked out by hand from what its orders say.
+// clang-format off
 constexpr std::array<std::pair<Parameter, const char*>, kParameterCount> kFinalValues{ {
     { kGain, "5.8 dB" },       // reset to 0, then 12 pixels of a hundredth of 48 dB
     { kPan, "-7.2" },          // 18 right and 6 below the centre: 41.6 of 300 degrees from the end, of 20
@@ -89,21 +93,22 @@ constexpr std::array<std::pair<Parameter, const char*>, kParameterCount> kFinalV
     { kLevel, "72 %" },        // set by the host at last
     { kDepth, "29 %" },        // a page at once, one after 500 ms, then one every second tick of 30 ms
     { kBlend, "82 %" },        // the knob's middle at 68 of 96 pixels, a page of ten steps and one step
-    { kSlope, "24 dB" },       //
-    { kTap, "On" },            //
-    { kStamp, "On" },          //
-    { kPad, "On" },            //
-    { kLatch2, "On" },         //
-    { kLatch3, "Off" },        //
-    { kLatch4, "On" },         //
-    { kBand, "High" },         //
+    { kSlope, "24 dB" },
+    { kTap, "On" },
+    { kStamp, "On" },
+    { kPad, "On" },
+    { kLatch2, "On" },
+    { kLatch3, "Off" },
+    { kLatch4, "On" },
+    { kBand, "High" },
     { kPitch, "7.2" },         // 87.2 from the clipboard without its first digit
     { kTime, "87.2 ms" },      // typed as 87.25
     { kRatio, "  9.70" },      // 30 pixels of a hundredth of 19 above 4
-    { kNote, "F" },            //
+    { kNote, "F" },
     { kWave, "Sine" },         // one above the triangle
     { kPower, "Off" },
 } };
+// clang-format on
 
 } // namespace
 

@@ -13,11 +13,11 @@ class GalleryWindow;
 /// What plays when no other script is named: every control in use.
 extern const std::string_view kBuiltInScript;
 
-/// Plays a script of input into a window, an order a line; one that begins with '#' is a comment. Numbers are pixels at scale 1. Places
-/// have the names of the controls, and a point in one counts from its middle.
+/// Plays a script of input into a window, an order a line; one that begins with '#' is a comment. Numbers are pixels at
+/// scale 1. Places have the names that exhibits.h gives them, and a point in one counts from its middle.
 ///
 ///     point PLACE [X Y]           the pointer goes there; with a button held it drags
-///     press [MODIFIER...]         the left button, or the right one with the word `right`
+///     press [right] [MODIFIER...] the left button, or the right one
 ///     drag X Y [MODIFIER...]      the pointer goes as far from where it is, in steps of a few pixels, button held
 ///     release
 ///     click PLACE [X Y] [MODIFIER...]
