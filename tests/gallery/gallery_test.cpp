@@ -5,7 +5,7 @@
 #include "matrix_menu.h"
 #include "palette.h"
 #include "parameters.h"
-#include "picture.h"
+#include "pixel_picture.h"
 #include "program_run.h"
 #include "script.h"
 #include "script_error.h"

@@ -1,6 +1,6 @@
 #include "cairo_canvas_imp.h"
 
-#include "picture.h"
+#include "pixel_picture.h"
 #include <doctest/doctest.h>
 #include <limits>
 

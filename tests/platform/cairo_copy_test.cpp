@@ -4,7 +4,7 @@
 #include "bitmap.h"
 #include "canvas.h"
 #include "memory_stream.h"
-#include "picture.h"
+#include "pixel_picture.h"
 #include "png.h"
 #include <doctest/doctest.h>
 #include <map>

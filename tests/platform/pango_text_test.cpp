@@ -2,7 +2,7 @@
 
 #include "cairo_canvas_imp.h"
 #include "environment_variable.h"
-#include "picture.h"
+#include "pixel_picture.h"
 #include "program_run.h"
 #include <cmath>
 #include <doctest/doctest.h>
