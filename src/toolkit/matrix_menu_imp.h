@@ -39,6 +39,7 @@ class ZMatrixMenuImp : public ZOverlayImp
 {
 public:
     void SetControl (ZMatrixMenu* menu) { control = menu; }
+    bool HidesControl () const override { return false; }
 
     void InsertItem (std::int32_t index, std::string_view text); ///< an index outside of the items appends
     void AddItem (std::string_view text) { InsertItem (-1, text); }

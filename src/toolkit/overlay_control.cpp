@@ -15,7 +15,7 @@ ZOverlayImp* ZOverlayControl::OpenOverlay () const
 
 ZRect ZOverlayControl::GetDrawRect () const
 {
-    const auto* open = OpenOverlay ();
+    const auto* open = drawsOwnLook ? nullptr : OpenOverlay ();
     return open != nullptr ? open->GetOpenRect () - GetOrigin () : ZControl::GetDrawRect ();
 }
 
@@ -28,12 +28,9 @@ ZRect ZOverlayControl::GetHitRect () const
 void ZOverlayControl::Draw (ZCanvas& canvas, std::uint32_t time)
 {
     auto* open = OpenOverlay ();
-    if (open == nullptr)
-    {
-        ZControl::Draw (canvas, time);
-        return;
-    }
-    if (IsVisible ())
+    if (open == nullptr || !open->HidesControl ())
+        DrawOwnLook (canvas, time);
+    if (open != nullptr && IsVisible ())
     {
         const ZCanvasStateSt state (canvas);
         canvas.SetClipRect (GetDrawRect ());
@@ -43,6 +40,13 @@ void ZOverlayControl::Draw (ZCanvas& canvas, std::uint32_t time)
             open->DrawInactive (canvas, time);
     }
     SetDirty (false);
+}
+
+void ZOverlayControl::DrawOwnLook (ZCanvas& canvas, std::uint32_t time)
+{
+    drawsOwnLook = true;
+    ZControl::Draw (canvas, time);
+    drawsOwnLook = false;
 }
 
 bool ZOverlayControl::OnMouseDown (ZEvent& event, const ZMouseInput& mouse)

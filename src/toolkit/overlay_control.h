@@ -33,6 +33,9 @@ protected:
 
 private:
     ZOverlayImp* OpenOverlay () const; // null while closed
+    void DrawOwnLook (ZCanvas& canvas, std::uint32_t time);
+
+    bool drawsOwnLook = false; // what is open lies beside the control, which is being drawn in its own place
 };
 
 } // namespace tessaly

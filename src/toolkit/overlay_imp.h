@@ -19,7 +19,8 @@ public:
     virtual ~ZOverlayImp () = default;
 
     virtual bool IsOpen () const { return false; }
-    virtual ZRect GetOpenRect () const { return {}; } ///< in root coordinates; zero while closed
+    virtual ZRect GetOpenRect () const { return {}; }   ///< in root coordinates; zero while closed
+    virtual bool HidesControl () const { return true; } ///< while open; false: it opens beside its control
 
     virtual void DrawActive (ZCanvas& /*canvas*/, std::uint32_t /*time*/) {}
     virtual void DrawInactive (ZCanvas& /*canvas*/, std::uint32_t /*time*/) {}
