@@ -130,23 +130,23 @@ TEST_CASE ("Without a run loop, open brackets end at the host's next call after 
 
 TEST_CASE ("With a run loop a 20 ms timer ends the brackets, whichever context offers the loop")
 {
-    FakeRunLoop loop;
+    HandRunLoop loop;
     {
         StripInHost strip ({}, &loop);
         REQUIRE (loop.TimerCount () == 1);
         CHECK (loop.lastInterval == 20);
         strip.instance.Parameters ().SetNormalized (kMorph, 0.5);
         const auto begun = strip.Calls (Kind::beginEdit).size ();
-        loop.Fire ();
+        loop.FireTimers ();
         CHECK (strip.Calls (Kind::endEdit).empty ());
         Wait (2050);
-        loop.Fire ();
+        loop.FireTimers ();
         CHECK (strip.Calls (Kind::endEdit).size () == begun);
     }
     CHECK (loop.TimerCount () == 0);
 
     // A loop that takes no timers is lived without, and one that only the factory is told of serves as well.
-    FakeRunLoop refusing (false);
+    HandRunLoop refusing (false);
     {
         StripInHost strip ({}, &refusing);
         strip.instance.Parameters ().SetNormalized (kMorph, 0.5);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "hand_run_loop.h"
 #include "plugin_instance.h"
 #include "pluginterfaces/vst/ivstmessage.h"
 #include <array>
@@ -10,61 +11,6 @@
 /// The built bundle in a host, with what the host hears. One channel, 48 kHz unless a test sets it up anew.
 namespace tessaly::test
 {
-
-/// A run loop that runs when the test says so.
-class FakeRunLoop final : public Steinberg::Linux::IRunLoop
-{
-public:
-    explicit FakeRunLoop (bool answersTimers = true)
-        : takesTimers (answersTimers)
-    {
-    }
-
-    void Fire ()
-    {
-        const auto copy = timers; // a handler may be taken out while it is called
-        for (auto* handler : copy)
-            handler->onTimer ();
-    }
-    std::size_t TimerCount () const { return timers.size (); }
-    Steinberg::Linux::TimerInterval lastInterval = 0;
-
-    Steinberg::tresult PLUGIN_API registerTimer (Steinberg::Linux::ITimerHandler* handler,
-                                                 Steinberg::Linux::TimerInterval milliseconds) override
-    {
-        if (!takesTimers)
-            return Steinberg::kNotImplemented;
-        lastInterval = milliseconds;
-        timers.push_back (handler);
-        return Steinberg::kResultOk;
-    }
-    Steinberg::tresult PLUGIN_API unregisterTimer (Steinberg::Linux::ITimerHandler* handler) override
-    {
-        return std::erase (timers, handler) != 0 ? Steinberg::kResultOk : Steinberg::kResultFalse;
-    }
-    Steinberg::tresult PLUGIN_API registerEventHandler (Steinberg::Linux::IEventHandler*,
-                                                        Steinberg::Linux::FileDescriptor) override
-    {
-        return Steinberg::kNotImplemented;
-    }
-    Steinberg::tresult PLUGIN_API unregisterEventHandler (Steinberg::Linux::IEventHandler*) override
-    {
-        return Steinberg::kNotImplemented;
-    }
-    Steinberg::tresult PLUGIN_API queryInterface (const Steinberg::TUID wanted, void** out) override
-    {
-        QUERY_INTERFACE (wanted, out, Steinberg::Linux::IRunLoop::iid, Steinberg::Linux::IRunLoop)
-        QUERY_INTERFACE (wanted, out, Steinberg::FUnknown::iid, Steinberg::Linux::IRunLoop)
-        *out = nullptr;
-        return Steinberg::kNoInterface;
-    }
-    Steinberg::uint32 PLUGIN_API addRef () override { return 1; }
-    Steinberg::uint32 PLUGIN_API release () override { return 1; }
-
-private:
-    bool takesTimers;
-    std::vector<Steinberg::Linux::ITimerHandler*> timers; // not owned: the plug-in
-};
 
 inline const host::Bundle& LoadedBundle ()
 {

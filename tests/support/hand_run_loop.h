@@ -1,28 +1,36 @@
 #pragma once
 
 #include "pluginterfaces/gui/iplugview.h"
-
 #include <vector>
 
-namespace tessaly::soak
+namespace tessaly
 {
 
-/// A run loop that runs its timers when told to, whatever the clock says. Not reference counted: the run owns it and
-/// keeps it longer than any instance.
+/// A run loop that runs its timers when told to, whatever the clock says. Not reference counted: its owner keeps it
+/// longer than any instance that knows it.
 class HandRunLoop final : public Steinberg::Linux::IRunLoop
 {
 public:
+    explicit HandRunLoop (bool answersTimers = true)
+        : takesTimers (answersTimers)
+    {
+    }
+
     void FireTimers ()
     {
-        const auto copy = timers; // a timer may be taken out while it is called
-        for (auto* timer : copy)
-            timer->onTimer ();
+        const auto copy = timers; // a handler may be taken out while it is called
+        for (auto* handler : copy)
+            handler->onTimer ();
     }
     std::size_t TimerCount () const { return timers.size (); }
+    Steinberg::Linux::TimerInterval lastInterval = 0;
 
     Steinberg::tresult PLUGIN_API registerTimer (Steinberg::Linux::ITimerHandler* handler,
-                                                 Steinberg::Linux::TimerInterval) override
+                                                 Steinberg::Linux::TimerInterval milliseconds) override
     {
+        if (!takesTimers)
+            return Steinberg::kNotImplemented;
+        lastInterval = milliseconds;
         timers.push_back (handler);
         return Steinberg::kResultOk;
     }
@@ -50,7 +58,8 @@ public:
     Steinberg::uint32 PLUGIN_API release () override { return 1; }
 
 private:
-    std::vector<Steinberg::Linux::ITimerHandler*> timers; // not owned: the plug-in's
+    bool takesTimers;
+    std::vector<Steinberg::Linux::ITimerHandler*> timers; // not owned: the plug-in
 };
 
-} // namespace tessaly::soak
+} // namespace tessaly
