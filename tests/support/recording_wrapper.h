@@ -35,9 +35,7 @@ public:
     {
         if (data == nullptr)
             Record (log, "notify", code, "null");
-        else if (code == kCodeSampleRate)
-            Record (log, "notify", code, *static_cast<double*> (data));
-        else if (code == kCodeBlockSize || code == kCodePostHost)
+        else if (code == kCodePostHost)
             Record (log, "notify", code, *static_cast<std::int32_t*> (data));
         else if (code == kCodeBypass)
             Record (log, "notify", code, *static_cast<bool*> (data));
