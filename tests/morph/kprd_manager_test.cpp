@@ -100,14 +100,6 @@ TEST_CASE ("KPRD_Manager: finds the first file of a name in the walk, but no fol
     CHECK (KPRD_Manager::FindByContent ("sofa", comment.data (), 3, manager.Roots ()) == nullptr);
 }
 
-TEST_CASE ("KPRD_Manager: without a back end there is nothing to list, find or choose")
-{
-    ZChannel_StripStorage storage;
-    CHECK (storage.Manager ()->Selects ().empty ());
-    CHECK (storage.Manager ()->FindByName ("soft") == nullptr);
-    CHECK (storage.Manager ()->Current () == nullptr);
-}
-
 TEST_CASE ("KPRD_Data: a name that does not fit ends with a whole character")
 {
     KPRD_Data entry;
@@ -117,6 +109,4 @@ TEST_CASE ("KPRD_Data: a name that does not fit ends with a whole character")
     std::memset (entry.SetFile (("n" + letters + "\xC3\xA9").c_str (), 3), 7, 3); // half of one would fit
     CHECK (entry.Name () == "n" + letters);
     CHECK (entry.Data ()[2] == 7);
-    entry.SetName ((letters + "nn" + "n").c_str ());
-    CHECK (entry.Name () == letters + "nn");
 }
