@@ -2,7 +2,6 @@
 
 #include "value_index.h"
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 namespace tessaly
@@ -98,18 +97,16 @@ std::int32_t ZMultiButton::HitTest (ZEvent& event, const ZMouseInput& mouse)
 bool ZMultiButton::OnMouseDown (ZEvent& event, const ZMouseInput& mouse)
 {
     EndPress ();
-    for (const auto& entry : std::views::reverse (entries))
-    {
-        if (entry.button->HitTest (event, mouse) == 0)
-            continue;
-        pressIndex = entry.index;
-        releaseIndex = entry.index == GetIndex () ? offIndex : GetIndex ();
-        capturedButton = entry.button.get ();
-        if (capturedButton->OnMouseDown (event, mouse))
-            return true;
-        EndPress ();
+    const auto hit = std::find_if (entries.rbegin (), entries.rend (),
+                                   [&] (const Entry& e) { return e.button->HitTest (event, mouse) != 0; });
+    if (hit == entries.rend ())
         return false;
-    }
+    pressIndex = hit->index;
+    releaseIndex = hit->index == GetIndex () ? offIndex : GetIndex ();
+    capturedButton = hit->button.get ();
+    if (capturedButton->OnMouseDown (event, mouse))
+        return true;
+    EndPress ();
     return false;
 }
 
