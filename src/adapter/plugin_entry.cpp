@@ -1,3 +1,4 @@
+#include "base/source/updatehandler.h"
 #include "class_id.h"
 #include "host_context.h"
 #include "plugin_config.h"
@@ -5,6 +6,8 @@
 #include "public.sdk/source/main/pluginfactory.h"
 #include "vst3_controller_wrapper.h"
 #include "vst3_effect_wrapper.h"
+#include <mutex>
+#include <utility>
 
 #ifndef RELEASE
 #error "Without RELEASE the SDK traps into a debugger at tear-down, which kills the host"
@@ -32,6 +35,10 @@ namespace tessaly
 namespace
 {
 
+/// Hosts load, scan and unload on threads of their own: guards the making, the end and the context of the one factory.
+/// Recursive, as the factory's end lets go of the host's context, and what the host does then is its affair.
+std::recursive_mutex factoryMutex;
+
 /// The SDK's factory, which also keeps the host context for the controllers.
 class PluginFactory final : public CPluginFactory
 {
@@ -43,12 +50,22 @@ public:
 
     tresult PLUGIN_API setHostContext (FUnknown* context) override
     {
-        hostContext = context;
+        IPtr<FUnknown> other (context); // the old one is let go of outside the lock: that runs the host's code
+        const std::scoped_lock lock (factoryMutex);
+        std::swap (other, hostContext);
         return kResultTrue;
     }
-    FUnknown* HostContext () const { return hostContext; }
+    IPtr<FUnknown> HostContext () const { return hostContext; }
+    uint32 PLUGIN_API release () override
+    {
+        const std::scoped_lock lock (factoryMutex);
+        return CPluginFactory::release ();
+    }
 
 private:
+    /// What the SDK would make with the first controller, and twice for two threads that make one each. Held, so that
+    /// threads still at work may use it when the process ends and the SDK's statics go.
+    IPtr<UpdateHandler> updateHandler{ UpdateHandler::instance () };
     IPtr<FUnknown> hostContext;
 };
 
@@ -73,8 +90,9 @@ PluginFactory* MakeFactory ()
 
 } // namespace
 
-FUnknown* FactoryHostContext ()
+IPtr<FUnknown> FactoryHostContext ()
 {
+    const std::scoped_lock lock (factoryMutex);
     return gPluginFactory != nullptr ? static_cast<PluginFactory*> (gPluginFactory)->HostContext () : nullptr;
 }
 
@@ -84,6 +102,7 @@ FUnknown* FactoryHostContext ()
 /// after its last release. Processor first, controller second.
 SMTG_EXPORT_SYMBOL IPluginFactory* PLUGIN_API GetPluginFactory ()
 {
+    const std::scoped_lock lock (tessaly::factoryMutex);
     if (gPluginFactory != nullptr)
         gPluginFactory->addRef ();
     else

@@ -6,6 +6,7 @@
 #include <dlfcn.h>
 #include <doctest/doctest.h>
 #include <functional>
+#include <latch>
 #include <numeric>
 #include <thread>
 
@@ -23,9 +24,15 @@ constexpr Vst::ParamID kMorph = 20;
 /// Both halves as a host makes them from a factory, with no order of calls kept.
 struct LooseHalves
 {
-    explicit LooseHalves (const VST3::Hosting::PluginFactory& factory)
-        : component (factory.createInstance<Vst::IComponent> (factory.classInfos ()[0].ID ()))
-        , controller (factory.createInstance<Vst::IEditController> (factory.classInfos ()[1].ID ()))
+    using Factory = VST3::Hosting::PluginFactory;
+
+    explicit LooseHalves (const Factory& factory)
+        : LooseHalves (factory, factory.classInfos ())
+    {
+    }
+    LooseHalves (const Factory& factory, const Factory::ClassInfos& classes)
+        : component (factory.createInstance<Vst::IComponent> (classes[0].ID ()))
+        , controller (factory.createInstance<Vst::IEditController> (classes[1].ID ()))
         , processor (component)
         , componentPoint (component)
         , controllerPoint (controller)
@@ -327,13 +334,17 @@ TEST_CASE ("Odd hosts: blocks of any sizes, and a rate that changes between them
 TEST_CASE ("Odd hosts: instances that are made, used and ended on threads of their own do not meet")
 {
     const auto& factory = LoadedBundle ().Factory ();
+    const auto classes = factory.classInfos (); // once: the SDK converts their texts through one object for all threads
+    constexpr int kThreads = 4;
+    std::latch start (kThreads); // the first instances of the process at once: what is made only once is made then
     std::atomic<int> good = 0;
-    const auto live = [&factory, &good] (int lives)
+    const auto live = [&] (int lives)
     {
         host::NamedHost context ("many threads");
+        start.arrive_and_wait ();
         for (int i = 0; i < lives; ++i)
         {
-            LooseHalves halves (factory);
+            LooseHalves halves (factory, classes);
             halves.component->initialize (&context);
             halves.controller->initialize (&context);
             halves.componentPoint->connect (halves.controllerPoint);
@@ -348,11 +359,11 @@ TEST_CASE ("Odd hosts: instances that are made, used and ended on threads of the
     };
     constexpr int kLives = 50;
     std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < kThreads; ++i)
         threads.emplace_back (live, kLives);
     for (std::thread& thread : threads)
         thread.join ();
-    CHECK (good == 2 * 4 * kLives);
+    CHECK (good == 2 * kThreads * kLives);
 }
 
 TEST_CASE ("Odd hosts: a view that there is none of is refused, by any name")
