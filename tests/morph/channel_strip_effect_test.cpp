@@ -1,10 +1,13 @@
 #include "channel_strip_effect.h"
-#include "channel_strip_parameters.h"
 #include "channel_strip_storage.h"
+#include "memory_stream.h"
 #include "recording_core.h"
+#include "state_bytes.h"
+#include <array>
+#include <cmath>
+#include <cstring>
 #include <doctest/doctest.h>
 #include <memory>
-#include <utility>
 
 using namespace tessaly;
 using namespace tessaly::test;
@@ -12,24 +15,48 @@ using namespace tessaly::test;
 namespace
 {
 
-/// A strip as an instance has it, but for the core.
-struct Instance
+/// A strip as an instance has it, with another core and no host.
+struct Strip
 {
-    Instance ()
+    explicit Strip (const KPRD_MakeBackEnd& makeBackEnd = {})
     {
         const auto records = ChannelStripRecords ();
         const auto program = ChannelStripProgram ();
-        effect.SetStorage (std::make_unique<ZChannel_StripStorage> (), records.data (), &program, 1,
+        effect.SetStorage (std::make_unique<ZChannel_StripStorage> (makeBackEnd), records.data (), &program, 1,
                            kStripParameterCount);
         effect.GetInfo (kCodeStorage, &storage);
+        effect.SetPluginCore (std::make_unique<RecordingCore> (&effect, log));
         log.clear ();
     }
 
-    CallLog Take () { return std::exchange (log, {}); }
     void SetPlain (std::int32_t index, float plain)
     {
         effect.SetParameter (index, storage->PlainToNormalized (index, plain));
     }
+
+    Bytes Write ()
+    {
+        Bytes bytes (4096, '\0');
+        ZMemoryStream stream (bytes.data (), 4096);
+        effect.WriteState (&stream);
+        bytes.resize (static_cast<std::size_t> (stream.GetSize ()));
+        return bytes;
+    }
+
+    /// @return whether the effect found nothing wrong
+    bool Read (const Bytes& bytes, std::int32_t from = 0)
+    {
+        std::vector<char> held (bytes.begin (), bytes.end ()); // of just that size
+        const auto size = static_cast<std::int32_t> (held.size ());
+        ZMemoryStream stream (held.data (), size, size);
+        stream.Seek (from, kSeekFromStart);
+        effect.ReadState (&stream);
+        return effect.StateFault ().empty ();
+    }
+
+    float Value (std::int32_t index) { return effect.GetParameter (index); }
+    const std::vector<float>& Values () { return storage->GetValuesRef (); }
+    std::string Name () { return effect.GetKeyPointName (); }
 
     CallLog log;
     RecordingWrapper wrapper{ log };
@@ -37,42 +64,231 @@ struct Instance
     ZParameterStorageBase* storage = nullptr; // not owned: the effect
 };
 
+const std::vector<float> kHalves (22, 0.5f);
+const Bytes kSet = KeyPoints ("Other", 50);
+
+Bytes Ordinary (const std::vector<float>& values = kHalves)
+{
+    return Tree (Format () + Chunk ("KPD ", kSet) + Chunk ("PRM ", Values (values)));
+}
+
 } // namespace
 
-TEST_CASE ("ZChannel_StripEffect: a morph writes 17 values in order, each to core, default, host and editor")
+TEST_CASE ("A morph writes 17 values in order, each to core, default, host and editor")
 {
-    Instance instance;
-    instance.effect.SetPluginCore (std::make_unique<RecordingCore> (&instance.effect, instance.log));
-    instance.effect.TakeMorphWroteParameters ();
-    instance.Take ();
-    instance.SetPlain (20, 120.0f);
+    Strip strip;
+    strip.SetPlain (8, 200.0f); // the user's, until the next morph
+    strip.SetPlain (0, 3.0f);
+    CHECK (strip.storage->GetDefaultPlain (8) == 133.0f);
+    CHECK (strip.log == CallLog{ "parameter 8 200", "parameter 0 3" });
 
+    strip.log.clear ();
+    strip.SetPlain (20, 120.0f);
     CallLog expected{ "parameter 20 120" };
     for (std::uint32_t column = 0; column < kKeyPointColumns; ++column)
     {
-        const auto index = instance.effect.KeyPointParameter (8, column);
-        Record (expected, "parameter", index, instance.effect.KeyPointStep (8, column));
-        Record (expected, "post", index);
-        Record (expected, "notify", 12, index);
+        Record (expected, "parameter", column + 1, builtInKeyPoints.rows[8][column]);
+        Record (expected, "post", column + 1);
+        Record (expected, "notify", 12, column + 1);
     }
-    CHECK (instance.Take () == expected);
-    CHECK (instance.effect.TakeMorphWroteParameters ());
-    CHECK_FALSE (instance.effect.TakeMorphWroteParameters ());
+    CHECK (strip.log == expected);
+    CHECK (strip.storage->GetPlain (8) == 274.0f);
+    CHECK (strip.storage->GetDefaultPlain (8) == 274.0f);
+    CHECK (strip.storage->GetPlain (0) == 3.0f);
 }
 
-TEST_CASE ("ZChannel_StripEffect: a user's change stays until the next morph and leaves the default where it was")
+TEST_CASE ("The name of the set is cut at a whole character and holds nothing of the name before")
 {
-    Instance instance;
-    instance.effect.TakeMorphWroteParameters ();
-    instance.SetPlain (8, 200.0f);
-    instance.SetPlain (0, 3.0f);
-    CHECK_FALSE (instance.effect.TakeMorphWroteParameters ());
-    CHECK (instance.storage->GetDefaultPlain (8) == 133.0f);
-    CHECK (instance.storage->GetPlain (20) == 0.0f);
-    CHECK (instance.log.empty ());
+    ZChannel_StripEffect effect (nullptr);
+    const std::string before (253, 'b');
+    effect.SetKeyPointName ((before + "bb").c_str ());
+    CHECK (effect.GetKeyPointName () == before + "bb");
+    effect.SetKeyPointName ((before + "\xE2\x82\xAC").c_str ()); // a Euro sign, one byte of it too many
+    CHECK (effect.GetKeyPointName () == before);
+    effect.SetKeyPointName ("short");
+    CHECK (std::string (effect.GetKeyPointName () + 6, 250) == std::string (250, '\0'));
+}
 
-    instance.SetPlain (20, 33.0f);
-    CHECK (instance.storage->GetPlain (8) == 234.0f);
-    CHECK (instance.storage->GetDefaultPlain (8) == 234.0f);
-    CHECK (instance.storage->GetPlain (0) == 3.0f);
+TEST_CASE ("A stored state comes back byte for byte, what lies behind the name's end and row 9 included")
+{
+    auto set = KeyPoints ("Name", 20);
+    set.replace (100, 5, "\x7Frest");
+    std::vector<float> values;
+    for (int i = 0; i < 18; ++i)
+        values.push_back (0.04f * static_cast<float> (i) + 0.001f);
+    values[3] = -0.0f;
+    values[4] = 1.0e-42f;
+    values.insert (values.end (), { 1.0f, 0.0f, 0.8f, 0.0f });
+    const auto tree = Tree (Format () + Chunk ("KPD ", set) + Chunk ("PRM ", Values (values)));
+    Strip strip;
+    CHECK (strip.Read ("where it begins does not count" + tree + "nor what follows", 30));
+    CHECK (strip.effect.GetStateSize () == 720);
+    strip.log.clear ();
+    CHECK (strip.Write () == tree);
+    CHECK (strip.log == CallLog{ "notify 10001 null", "notify 10002 null" });
+}
+
+TEST_CASE ("Edits win over the morph, \"Bypass\" follows the two sections, and the editor hears both ends")
+{
+    auto values = kHalves;
+    values[1] = 0.125f;             // an edited "Attack"
+    values[18] = values[19] = 1.0f; // both sections off
+    values[21] = 0.0f;              // and a "Bypass" that does not fit
+    Strip strip;
+    CHECK (strip.Read (Ordinary (values)));
+    CHECK (strip.Value (1) == 0.125f);
+    CHECK (strip.Value (21) == 1.0f);
+    CHECK (strip.log.front () == "notify 10003 null");
+    CHECK (strip.log.back () == "notify 10004 null");
+    // The morph ran by the new set before the edits: its values are the defaults now. All rows are 50 + column.
+    CHECK (strip.storage->GetDefaultPlain (8) == 57.0f);
+}
+
+TEST_CASE ("The set that the state names becomes the current entry of the collection when it is there")
+{
+    class OneSet : public KPRD_CollectionImp
+    {
+        void Load (KPRD_Entries& list) override
+        {
+            list.emplace_back (std::make_unique<KPRD_Data> ())->SetFile ("Other", 1);
+        }
+    };
+    Strip strip ([] { return std::make_unique<OneSet> (); });
+    KPRD_Manager* manager = nullptr;
+    REQUIRE (strip.effect.GetInfo (kCodeKeyPointManager, &manager));
+    const auto* expected = manager->Roots ().front ().get ();
+    CHECK (strip.Read (Ordinary ()));
+    CHECK (manager->Current () == expected);
+    CHECK (strip.Read (Tree (Format () + Chunk ("KPD ", KeyPoints ("Gone", 1)))));
+    CHECK (manager->Current () == expected);
+}
+
+TEST_CASE ("Trees of any layout are read: what is missing, unknown, short, long or beyond the end")
+{
+    /// @return name, last step of the set, and the first three values
+    const auto read = [] (const Bytes& tree)
+    {
+        Strip strip;
+        CHECK (strip.Read (tree));
+        CallLog line;
+        Record (line, strip.Name (), strip.effect.KeyPointStep (9, 16), strip.Value (0), strip.Value (1),
+                strip.Value (2));
+        return line.front ();
+    };
+    const auto whole = "Other 66 0.5 0.5 0.5";
+    const auto valuesAlone = "01 Basic -1 0.5 0.5 0.5";
+    const auto halves = Values (kHalves);
+
+    CHECK (read (Ordinary ()) == whole);
+    const auto wideFormat = WideChunk ("FINF", Little (2, 8));
+    CHECK (read (WideChunk ("CHST", wideFormat + WideChunk ("KPD ", kSet) + WideChunk ("PRM ", halves))) == whole);
+    CHECK (read (Tree (Chunk ("FINF", Little (9, 4) + "odd") + Chunk ("KPD ", kSet + "odd") + Chunk ("WHAT", "odd") +
+                       Chunk ("VOID", "") + Chunk ("PRM ", Values (std::vector<float> (40, 0.5f)) + "odd"))) == whole);
+    CHECK (read (Tree (Format ())) == "01 Basic -1 0 0 0");
+    CHECK (read (Tree (Format () + Chunk ("PRM ", Values ({ 0.25f, 0.75f }) + "odd"))) == "01 Basic -1 0.25 0.75 0");
+
+    // Sizes that are too small or run past the parent or the stream
+    const auto withSize = [] (const Bytes& id, std::uint64_t size, const Bytes& payload)
+    { return id + Little (size, 4) + payload; };
+    CHECK (read (Tree (Format () + withSize ("PRM ", 0x7FFFFFFF, halves))) == valuesAlone);
+    CHECK (read (Tree (Format () + withSize ("KPD ", 4, kSet))) == "Other 66 0 0 0");
+    CHECK (read (Tree (Format () + Chunk ("PRM ", halves) + withSize ("KPD ", 99999, "cut"))) ==
+           "cutBasic -1 0.5 0.5 0.5");
+    const auto widest = Little (0x7FFFFFFFFFFFFFFF, 8);
+    CHECK (read (Bytes (4, '\0') + "CHST" + widest + wideFormat + Bytes (4, '\0') + "PRM " + widest + halves) ==
+           valuesAlone);
+}
+
+TEST_CASE ("A stored value that is no number keeps the old one, one beyond the range counts as the nearest end")
+{
+    auto values = kHalves;
+    values[0] = values[20] = std::nanf ("");
+    values[1] = HUGE_VALF;
+    values[2] = -HUGE_VALF;
+    values[3] = 1.0000001f;
+    Strip strip;
+    strip.effect.SetParameter (0, 0.25f);
+    strip.effect.SetParameter (20, 0.25f);
+    CHECK (strip.Read (Ordinary (values)));
+    CHECK (strip.Value (0) == 0.25f);
+    CHECK (strip.Value (1) == 1.0f);
+    CHECK (strip.Value (2) == 0.0f);
+    CHECK (strip.Value (3) == 1.0f);
+    CHECK (strip.Value (20) == 0.25f);
+}
+
+TEST_CASE ("A broken tree changes no parameter and says where, and the set may be new already")
+{
+    struct Case
+    {
+        Bytes bytes;
+        const char* message;
+        bool newSet = false;
+    };
+    const auto tree = Ordinary ();
+    const Case cases[]{
+        { "", "The chunk ID is abnormal." },
+        { "CHSX" + tree.substr (4), "The chunk ID is abnormal." },
+        { "XXXXCHST" + Little (100, 8), "It's not ChStrip file." },
+        { "CHST" + Little (0xFFFFFFFF, 4) + tree.substr (8), "The chunk size is abnormal." },
+        { Tree (Chunk ("KPD ", kSet) + Format ()), "No file information chunk." },
+        { Tree (Chunk ("FINF", "abc")), "The chunk size is abnormal." },
+        { Tree (Format () + Chunk ("KPD ", kSet) + "PRM " + Little (0x80000000, 4)), "The chunk size is abnormal.",
+          true },
+        { "CHST" + Little (9999, 4) + tree.substr (8), "The chunk ID is abnormal.", true },
+        { Tree (Format () + Chunk ("KPD ", kSet) + Bytes (8 * 5000, '\0')), "The chunk size is abnormal.", true },
+    };
+    for (const auto& broken : cases)
+    {
+        Strip strip;
+        const auto before = strip.Values ();
+        CAPTURE (std::string (broken.message));
+        CHECK_FALSE (strip.Read (broken.bytes));
+        INFO (strip.effect.StateFault ());
+        CHECK (strip.effect.StateFault ().starts_with ("read csv-file error.\n" + std::string (broken.message) +
+                                                       "\nfile-pos : 0x0000"));
+        CHECK (strip.Values () == before);
+        CHECK (strip.Name () == "01 Basic");
+        CHECK (strip.effect.KeyPointStep (0, 0) == (broken.newSet ? 50 : 184));
+        CHECK (strip.log == CallLog{ "notify 10003 null" });
+    }
+}
+
+TEST_CASE ("Cut at every length, with every byte broken in turn: the strip stays within its ranges and ends its names")
+{
+    const auto tree = Ordinary ();
+    Strip strip;
+    const auto staysSound = [&strip] (const Bytes& bytes)
+    {
+        strip.Read (bytes);
+        bool sound = std::memchr (strip.effect.GetKeyPointName (), 0, 256) != nullptr;
+        for (const float value : strip.Values ())
+            sound = sound && value >= 0.0f && value <= 1.0f;
+        return sound;
+    };
+    for (std::size_t place = 0; place < tree.size (); ++place)
+    {
+        CAPTURE (place);
+        REQUIRE (staysSound (tree.substr (0, place)));
+        for (const char byte : { '\0', '\x7F', '\x80', '\xFF' })
+        {
+            auto broken = tree;
+            broken[place] = byte;
+            REQUIRE (staysSound (broken));
+        }
+    }
+    CHECK (staysSound (Tree (Format () + Chunk ("KPD ", Bytes (596, '\xC3')))));
+}
+
+TEST_CASE ("A set with steps beyond the scales is kept as it is, and the morph takes the nearest ends")
+{
+    for (const int step : { 20000, -20000 })
+    {
+        Strip strip;
+        CHECK (strip.Read (Tree (Format () + Chunk ("KPD ", KeyPoints ("Odd", step)))));
+        CHECK (strip.effect.KeyPointStep (3, 0) == step);
+        strip.effect.SetParameter (20, 0.25f);
+        for (std::int32_t i = 1; i <= 17; ++i)
+            CHECK (strip.Value (i) == (step > 0 ? 1.0f : 0.0f));
+    }
 }
