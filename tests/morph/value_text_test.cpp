@@ -70,10 +70,7 @@ TEST_CASE ("Generic sets: each has its format, and plain and normalized are each
         CHECK (sets[i].toNormalized (sets[i].toPlain (0.4f, 20.0f, high), 20.0f, high) ==
                doctest::Approx (0.4).epsilon (1e-4));
     }
-    CHECK (Shown (sets[6], 65535.0f) == "-1");
     CHECK (Shown (sets[7], 7.0f) == "007");
-    CHECK (Shown (sets[9], 70000.9f) == "70000");
     CHECK (Shown (sets[17], -54.0f) == "[]");
     CHECK (sets[10].toPlain (0.5f, 10.0f, 1000.0f) == doctest::Approx (100.0)); // the geometric mean
-    CHECK (sets[18].toPlain (0.25f, 1.0f, std::exp (1.0f)) == doctest::Approx (std::exp (std::pow (0.25, 0.65))));
 }
