@@ -32,10 +32,8 @@ public:
 
     void Process (float**, float** out, std::int32_t count) override
     {
-        Record (log, "process");
         for (std::int32_t i = 0; i < count; ++i)
             out[0][i] = output;
-        SetMeter (0, 0.75f);
     }
 
     float output = 0.5f;

@@ -2,7 +2,6 @@
 
 #include "effect_wrapper.h"
 #include "result.h"
-#include <cstring>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -37,20 +36,14 @@ public:
             Record (log, "notify", code, "null");
         else if (code == kCodePostHost)
             Record (log, "notify", code, *static_cast<std::int32_t*> (data));
-        else if (code == kCodeBypass)
-            Record (log, "notify", code, *static_cast<bool*> (data));
         else
             Record (log, "notify", code, "object");
         return true;
     }
     bool NotifyEditor2 (std::int32_t, void*) override { return false; }
     void PostHost (std::int32_t argument) override { Record (log, "post", argument); }
-    void GetTimeInfo (ZTimeInfo* info) override { info->tempo = 98.5; }
-    std::int32_t GetHostName (char* buffer) override
-    {
-        std::strcpy (buffer, "Some Host");
-        return kOk;
-    }
+    void GetTimeInfo (ZTimeInfo*) override {}
+    std::int32_t GetHostName (char*) override { return kFailed; }
 
 private:
     CallLog& log; // not owned: the test, outlives this
