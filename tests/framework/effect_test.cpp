@@ -92,6 +92,7 @@ TEST_CASE ("ZEffect: a complete sweep in index order is noticed, one with a gap 
     CHECK (effect.Take () == CallLog{ "on 0 0.5 0", "on 1 0.5 0", "on 2147483647 0.5 0", "on -2147483648 0.5 0",
                                       "on 2 0.5 0", "on 1 0.5 0", "on 2 0.5 0", "on 0 0.5 0", "on 1 0.5 0",
                                       "on 2 0.5 0", "on all" });
+    CHECK (effect.GetParameter (0) == 0.5f);
 }
 
 TEST_CASE ("ZEffect: refuses queries of unknown kinds and for nowhere, and copes without a host")

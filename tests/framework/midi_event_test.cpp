@@ -17,8 +17,9 @@ TEST_CASE ("ZMidiEvent: held notes stand from oldest to newest, a repeated one m
     midi.Event (0x90, 64, 0, 0); // no velocity: a note off
     CHECK (midi.NewestNote () == -1);
 
-    for (int note = 0; note < 256; ++note) // from 128 on it is no MIDI data
+    for (int note = 255; note >= 0; --note) // above 127 it is no MIDI data
         midi.Event (0x90, static_cast<std::uint8_t> (note), 1, 0);
+    CHECK (midi.HeldNote (0) == 127);
     CHECK (midi.HeldCount () == 127);
     midi.Event (0xB0, 123, 17, 0); // all notes off
     CHECK (midi.HeldCount () == 0);

@@ -113,6 +113,8 @@ TEST_CASE_FIXTURE (Filled, "ZParameterStorageBase: a text is cut to its buffer o
     storage.GetName (kScaled, buffer.data (), 3);
     CHECK (buffer == std::array<char, 8>{ 'S', 'c', 'a', 0, 'x', 'x', 'x', 'x' });
     storage.GetUnits (kScaled, buffer.data (), 6);
+    storage.GetName (kScaled, buffer.data (), 0); // no room: nothing
+    storage.GetName (kScaled, nullptr, 5);
     CHECK (buffer == std::array<char, 8>{ 'k', 'g', 0, 0, 0, 0, 0, 'x' });
 }
 
