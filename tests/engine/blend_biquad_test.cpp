@@ -21,26 +21,7 @@ struct StartedBiquad : BlendBiquad
     }
 };
 
-/// The logistic weight as a hyperbolic tangent.
-double weight (int i, double length)
-{
-    return 0.5 + 0.5 * std::tanh (5 * (i / length - 0.5));
-}
-
 } // namespace
-
-TEST_CASE ("BlendBiquad: a change is blended along a logistic curve of 10 ms, then the new filter runs alone")
-{
-    for (const double sampleRate : { 44100.0, 48000.0, 11025.0 }) // the last for 110.25 samples
-    {
-        StartedBiquad filter ({ 1.0 }, sampleRate);
-        CHECK (oneSample (filter, 1.0) == 1.0);
-        filter.setTarget ({ 3.0 });
-        for (int i = 0; i < std::floor (sampleRate / 100); ++i)
-            CHECK (oneSample (filter, 1.0) == Approx (1 + 2 * weight (i, sampleRate / 100)).epsilon (1e-12));
-        CHECK (oneSample (filter, 1.0) == 3.0);
-    }
-}
 
 TEST_CASE ("BlendBiquad: starting up forgets the sound and takes the target up at once, and its response shows before")
 {

@@ -1,12 +1,12 @@
 #include "block_math_versions.h"
 
 #include "biquad_process.h"
-#include "measure.h"
 #include "noise_generator.h"
 #include "recursions.h"
 
 #include <array>
 #include <doctest/doctest.h>
+#include <initializer_list>
 #include <limits>
 #include <random>
 #include <vector>
@@ -33,17 +33,11 @@ Recursions anyRecursions ()
     r.approach = 2 * Ar;
     r.chord = Ar;
     r.fastestFall = -0.4 * kRelease;
-    r.detected = 0.25;
     r.highPass = { 0.99, -0.99, 0.0, 0.98, 0.0 };
     r.sideChainEq = { 1.2, -1.7, 0.6, 1.7, -0.8 };
     r.low = { 1.1, -0.9, 0.0, 0.93, 0.0 };
     r.mid = { 0.9, -1.5, 0.7, 1.5, -0.6 };
     r.high = { 1.6, 0.3, 0.0, -0.4, 0.0 };
-    r.highPassState = { 0.1, 0.0, 0.2, 0.0 };
-    r.sideChainEqState = { 0.3, -0.4, 0.5, -0.6 };
-    r.lowState = { -0.7, 0.0, 0.8, 0.0 };
-    r.midState = { 0.9, 1.0, -1.1, 1.2 };
-    r.highState = { -1.3, 0.0, 1.4, 0.0 };
     return r;
 }
 
@@ -57,22 +51,6 @@ double detect (double detected, double level)
     if (D > 0)
         return detected + std::fmin (A * square (r + D) - 0.00018, 0.925 * D);
     return detected + std::fmax (8 * (A * square (std::fmax (r + D / 8, 0.0)) - 0.00018), -0.4 * kRelease);
-}
-
-struct Stretches
-{
-    Row level{};
-    Row sideChain{};
-    Row y{};
-};
-
-double largestDifference (const Stretches& a, const Stretches& b)
-{
-    double largest = 0.0;
-    for (const auto row : { &Stretches::level, &Stretches::sideChain, &Stretches::y })
-        for (std::size_t i = 0; i < kChunkSamples; ++i)
-            largest = std::fmax (largest, std::abs ((a.*row)[i] - (b.*row)[i]));
-    return largest;
 }
 
 } // namespace
@@ -145,50 +123,50 @@ TEST_CASE ("BlockMath: the noise is the C standard's example generator around 0,
 {
     for (const BlockMath* version : blockMathVersions ())
     {
-        const BlockMath& math = *version;
-        const std::vector<float> silence (100);
-        std::vector<double> once (100);
-        std::vector<double> pieces (100);
-        std::uint32_t state = kNoiseSeed;
-        math.addNoise (silence.data (), state, once.data (), 100);
+        const auto noise = [version] (std::initializer_list<std::size_t> counts)
+        {
+            const std::array<float, 100> silence{};
+            std::vector<double> samples;
+            std::uint32_t state = kNoiseSeed;
+            for (const std::size_t count : counts)
+            {
+                samples.resize (samples.size () + count);
+                version->addNoise (silence.data (), state, samples.data () + samples.size () - count, count);
+            }
+            return samples;
+        };
+        const std::vector<double> once = noise ({ 100 });
         std::size_t position = 0;
         for (const int r : { 16838, 5758, 10113, 17515, 31051 }) // with seed 1, as many a textbook prints them
             CHECK (once[position++] == (r - 16384) * 1e-16);
-
-        state = kNoiseSeed;
-        position = 0;
-        for (const std::size_t count : { 1U, 17U, 64U, 3U, 15U })
-        {
-            math.addNoise (silence.data (), state, pieces.data () + position, count);
-            position += count;
-        }
-        CHECK (pieces == once);
+        CHECK (noise ({ 1, 17, 64, 3, 15 }) == once);
     }
 }
 
 TEST_CASE ("BlockMath: samples that are no numbers are seen wherever they stand, and outputs are compared as meters do")
 {
+    using Limits = std::numeric_limits<float>;
     for (const BlockMath* version : blockMathVersions ())
     {
-        const BlockMath& math = *version;
-        std::array<float, 35> in{};
-        Row out{};
-        std::uint32_t state = kNoiseSeed;
-        in.fill (-std::numeric_limits<float>::max ());
-        CHECK (math.addNoise (in.data (), state, out.data (), in.size ()));
+        const auto isFinite = [version] (std::size_t place, float sample)
+        {
+            std::array<float, 35> in{};
+            in[place] = sample;
+            Row out{};
+            std::uint32_t state = kNoiseSeed;
+            return version->addNoise (in.data (), state, out.data (), in.size ());
+        };
         for (const std::size_t place : { 0U, 7U, 31U, 34U })
-            for (const float bad : { std::numeric_limits<float>::infinity (), -std::numeric_limits<float>::infinity (),
-                                     std::numeric_limits<float>::quiet_NaN () })
-            {
-                in.fill (0.5F);
-                in[place] = bad;
-                CHECK_FALSE (math.addNoise (in.data (), state, out.data (), in.size ()));
-            }
+        {
+            CHECK (isFinite (place, -Limits::max ()));
+            for (const float bad : { Limits::infinity (), -Limits::infinity (), Limits::quiet_NaN () })
+                CHECK_FALSE (isFinite (place, bad));
+        }
 
         std::array<float, 3> rounded{};
         const std::array<double, 3> y{ -0.9, 0.1, -1.5 };
-        CHECK (math.roundToOutput (y.data (), rounded.data (), 2) == static_cast<double> (0.1F));
-        CHECK (math.roundToOutput (y.data (), rounded.data (), 3) == 1.5);
+        CHECK (version->roundToOutput (y.data (), rounded.data (), 2) == static_cast<double> (0.1F));
+        CHECK (version->roundToOutput (y.data (), rounded.data (), 3) == 1.5);
         CHECK (rounded[0] == -0.9F);
     }
 }
@@ -197,42 +175,40 @@ TEST_CASE ("BlockMath: each recursion does beside any of the others what it does
 {
     std::minstd_rand random (1);
     std::uniform_real_distribution<double> anyLevel (-1.5, 1.5);
-    Stretches input;
-    for (std::size_t i = 0; i < kChunkSamples; ++i)
-    {
-        input.level[i] = anyLevel (random);
-        input.sideChain[i] = anyLevel (random);
-        input.y[i] = anyLevel (random);
-    }
+    std::array<Row, 3> input; // for the detector, the side chain and the equalizer
+    for (Row& row : input)
+        for (double& x : row)
+            x = anyLevel (random);
     for (const BlockMath* version : blockMathVersions ())
-        for (const int parts : { 1, 2, 3, 4, 5, 6, 7 })
+        for (const unsigned parts : { 1U, 2U, 3U, 4U, 5U, 6U, 7U })
         {
-            Recursions r = anyRecursions ();
-            Stretches expected = input;
-            for (std::size_t i = 0; i < kChunkSamples; ++i)
-            {
-                if (parts & 1)
-                    expected.level[i] = r.detected = detect (r.detected, input.level[i]);
-                if (parts & 2)
-                    expected.sideChain[i] =
-                        processBiquad (r.sideChainEq, r.sideChainEqState,
-                                       processBiquad (r.highPass, r.highPassState, input.sideChain[i]));
-                if (parts & 4)
-                    expected.y[i] = processBiquad (
-                        r.high, r.highState,
-                        processBiquad (r.mid, r.midState, processBiquad (r.low, r.lowState, input.y[i])));
-            }
             Recursions running = anyRecursions ();
-            Stretches got = input;
+            std::array<Row, 3> got = input;
             std::size_t at = 0;
-            for (const std::size_t count : { 1U, 32U, 0U, 31U, 64U, 127U, 1U })
+            const auto stretch = [&] (std::size_t part) { return parts >> part & 1U ? &got[part][at] : nullptr; };
+            for (const std::size_t count : { 1U, 32U, 0U, 31U, 64U, 127U })
             {
-                version->run (running, parts & 1 ? got.level.data () + at : nullptr,
-                              parts & 2 ? got.sideChain.data () + at : nullptr,
-                              parts & 4 ? got.y.data () + at : nullptr, count);
+                version->run (running, stretch (0), stretch (1), stretch (2), count);
                 at += count;
             }
-            CHECK (at == kChunkSamples);
-            CHECK (largestDifference (got, expected) < 1e-12);
+
+            Recursions r = anyRecursions ();
+            double largestDifference = 0.0;
+            for (std::size_t i = 0; i < at; ++i)
+            {
+                std::array<double, 3> expected{ input[0][i], input[1][i], input[2][i] };
+                if (parts & 1U)
+                    expected[0] = r.detected = detect (r.detected, expected[0]);
+                if (parts & 2U)
+                    expected[1] = processBiquad (r.sideChainEq, r.sideChainEqState,
+                                                 processBiquad (r.highPass, r.highPassState, expected[1]));
+                if (parts & 4U)
+                    expected[2] = processBiquad (
+                        r.high, r.highState,
+                        processBiquad (r.mid, r.midState, processBiquad (r.low, r.lowState, expected[2])));
+                for (std::size_t part = 0; part < 3; ++part)
+                    largestDifference = std::max (largestDifference, std::abs (got[part][i] - expected[part]));
+            }
+            CHECK (largestDifference < 1e-12);
         }
 }

@@ -18,17 +18,20 @@ double measured (FilterCascade filter, double frequency)
 
 } // namespace
 
-TEST_CASE ("FilterCascade: the high-pass has the Butterworth magnitude at every order")
+TEST_CASE ("FilterCascade: the high-pass has the Butterworth magnitude at every order, starting from silence")
 {
     const auto warped = [] (double f) { return std::tan (std::numbers::pi * f / kRate); };
+    FilterCascade filter;
     for (const std::uint32_t order : { 0U, 1U, 2U, 3U, 4U, 5U })
+    {
+        filter.designHighPass (order, kRate, 1000);
         for (const double f : { 300.0, 5000.0, 22050.0 })
         {
-            FilterCascade filter;
-            filter.designHighPass (order, kRate, 1000);
             const double below = order == 0 ? 0.0 : std::pow (warped (1000) / warped (f), 2 * order);
             CHECK (measured (filter, f) == Approx (1 / std::sqrt (1 + below)).epsilon (1e-9));
         }
+        oneSample (filter, 1.0); // a sound that the next order has to forget
+    }
 }
 
 TEST_CASE ("FilterCascade: the low-pass has gain q at its corner, the smoother 1/e left after the time of its corner")
@@ -42,19 +45,4 @@ TEST_CASE ("FilterCascade: the low-pass has gain q at its corner, the smoother 1
     for (int n = 0; n < 99; ++n)
         oneSample (filter, 1.0);
     CHECK (1 - oneSample (filter, 1.0) == Approx (std::exp (-1.0)).epsilon (1e-9));
-}
-
-TEST_CASE ("FilterCascade: a design of the same order goes on, one of another order starts from silence")
-{
-    FilterCascade filter;
-    filter.designHighPass (1, kRate, 10);
-    oneSample (filter, 1.0);
-    FilterCascade undisturbed = filter;
-    filter.designHighPass (1, kRate, 10);
-    CHECK (oneSample (filter, 1.0) == oneSample (undisturbed, 1.0));
-    filter.designHighPass (3, kRate, 10);
-    CHECK (oneSample (filter, 0.0) == 0.0);
-    undisturbed.clearState ();
-    CHECK (oneSample (undisturbed, 0.0) == 0.0);
-    CHECK (oneSample (undisturbed, 1.0) != 0.0);
 }

@@ -30,31 +30,27 @@ TEST_CASE ("Value scales: no attack or release time stands out between its neigh
     CHECK (releaseMs.back () == 999);
 }
 
-TEST_CASE ("Value scales: linear scales meet their zeros and ends exactly, and a step outside of a table reads 0")
-{
-    CHECK (gainDb (180) == 0.0);
-    CHECK (driveThreshold (200) == -40);
-    CHECK (driveDisplay (200) == 10);
-    CHECK (driveOffset (100) == 0.0);
-    CHECK (makeupAmount (200) == 1.0);
-    CHECK (stepToValue (ratioValue, 121) == 0.0);
-    CHECK (stepToValue (ratioValue, -1) == 0.0);
-}
-
 TEST_CASE ("Value scales: a value finds the nearest step in the parameter's own range, the lower of two equals")
 {
-    for (std::int16_t step = 0; step <= 360; ++step)
-        CHECK (nearestStep (17, gainDb (step)) == step);
-    CHECK (nearestStep (1, 0.01) == 57);
-    CHECK (nearestStep (2, 1.0) == 24);
-    CHECK (nearestStep (10, 100) == 60);
-    CHECK (nearestStep (15, 5000) == 72);
-    CHECK (nearestStep (12, 1030) == 72);           // halfway from 1000 to 1060
-    CHECK (nearestStep (4, 1.0) == 0);              // has no scale
-    CHECK (valueToStep (0, 3.14) == Approx (62.8)); // need not be whole
-    CHECK (valueToStep (0, 11) == 200.0F);
-    CHECK (valueToStep (3, 499) == 119.0F);
-    CHECK (valueToStep (3, 600) == 120.0F);
-    CHECK (valueToStep (17, 0) == 180.0F);
-    CHECK (valueToStep (0x10001, 1) == 0.0F);
+    struct Row
+    {
+        std::uint32_t parameter;
+        double value;
+        double step;
+    };
+    const Row rows[] = {
+        { 0, 3.14, 62.8 }, { 0, 11, 200 },                      // the drive's step need not be whole
+        { 3, 499, 119 },   { 3, 600, 120 },                     // a ratio above the last finite one
+        { 12, 1030, 72 },                                       // halfway from 1000 to 1060
+        { 1, 0.01, 57 },   { 2, 1.0, 24 },     { 10, 100, 60 }, // the low ends
+        { 15, 5000, 72 },  { 17, 18.04, 360 }, { 17, 0, 180 },  // the high ends, and the middle
+        { 4, 1.0, 0 },     { 0x10001, 1, 0 },                   // have no scale
+    };
+    for (const auto& [parameter, value, step] : rows)
+    {
+        CAPTURE (parameter);
+        CHECK (valueToStep (parameter, value) == Approx (step));
+    }
+    CHECK (stepToValue (ratioValue, 121) == 0.0);
+    CHECK (stepToValue (ratioValue, -1) == 0.0);
 }
