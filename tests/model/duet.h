@@ -5,6 +5,8 @@
 #include "named_host.h"
 #include "plugin_instance.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <span>
 #include <vector>
@@ -17,32 +19,94 @@ class Duet
 {
 public:
     /// @param hostContext  not owned: the caller, outlives the duet
-    Duet (const host::Bundle& bundle, host::NamedHost& hostContext);
+    Duet (const host::Bundle& bundle, host::NamedHost& hostContext)
+        : instance (bundle, hostContext)
+    {
+    }
 
-    void Start (double rateHz, int maxBlockSize, Mode mode); ///< stops first where it runs
-    void Stop ();
-    void Resume (); ///< after Stop, as it was set up
-    void SetFromController (Change change);
+    void Start (double rateHz, int maxBlockSize, Mode mode)
+    {
+        blockMode = mode;
+        instance.Setup (rateHz, maxBlockSize, static_cast<Steinberg::int32> (mode));
+        model.Setup (rateHz);
+        Resume ();
+    }
+
+    void Resume () ///< as it was set up
+    {
+        instance.Activate ();
+        model.SetActive (true);
+    }
+
+    void Stop ()
+    {
+        instance.Deactivate ();
+        model.SetActive (false);
+    }
+
+    void SetFromController (Change change)
+    {
+        instance.Parameters ().SetNormalized (change.parameter, change.value);
+        model.SetFromController (change);
+    }
+
     /// @param queue  the values of one parameter stand in a row; they take ascending places in the block
-    void Process (std::span<const float> input, std::span<const Change> queue = {});
+    void Process (std::span<const float> input, std::span<const Change> queue = {})
+    {
+        // Twice full scale in front: a block that comes back untouched is no match.
+        std::vector<float> played (std::max<std::size_t> (input.size (), 1), 2.0f);
+        std::vector<float> expected (input.size ());
+        const float* const in = input.data ();
+        float* const out = played.data ();
+        const auto size = static_cast<Steinberg::int32> (input.size ());
+        std::vector<host::ParameterPoint> points;
+        for (const auto& [parameter, value] : queue)
+            points.push_back (
+                { parameter, value, std::min (static_cast<int> (points.size ()), std::max (size, 1) - 1) });
+        std::vector<host::ParameterPoint> answers;
+        instance.Process ({ { &in, 1 }, { &out, 1 }, size, points }, &answers);
+        model.Process (queue, blockMode, input, expected);
+
+        for (std::size_t i = 0; i < input.size (); ++i)
+        {
+            const double difference = std::abs (static_cast<double> (played[i]) - expected[i]);
+            const double level = std::abs (expected[i]);
+            loudestSample = std::max (loudestSample, level);
+            // Written so that something that is no number counts as the largest.
+            if (const double relative = difference / std::max (level, 1.0); !(relative <= largestDifference))
+                largestDifference = relative;
+        }
+        CompareMeters (answers);
+    }
+
     /// Compares what the controller answers for every parameter.
-    void CompareParameters ();
+    void CompareParameters ()
+    {
+        for (unsigned i = 0; i < kParameterCount; ++i)
+            unequalParameters += instance.Parameters ().Normalized (i) != model.Shown ()[i];
+    }
 
     // What became of it all. Full scale is 1; a difference is told in parts of the model's sample where that is
     // larger, since a float cannot tell samples of some ten times full scale apart by less than 1e-6.
     double largestDifference = 0.0;
     double loudestSample = 0.0;
-    std::size_t samples = 0;
-    std::size_t unequalMeters = 0, unequalParameters = 0;
+    int unequalMeters = 0, unequalParameters = 0;
 
 private:
-    void CompareMeters (std::span<const host::ParameterPoint> points);
+    void CompareMeters (std::span<const host::ParameterPoint> points)
+    {
+        constexpr Steinberg::Vst::ParamID kFirstMeterId = 0x10000000;
+        const auto isMeter = [&] (unsigned i)
+        {
+            return points[i].id == kFirstMeterId + i && points[i].sampleOffset == 0 &&
+                   points[i].value == static_cast<double> (model.Meters ()[i]);
+        };
+        unequalMeters += !(points.size () == 2 && isMeter (0) && isMeter (1));
+    }
 
     host::PluginInstance instance;
     InstanceModel model;
     Mode blockMode = Mode::kRealtime;
-    bool running = false;
-    std::vector<float> played, expected;
 };
 
 } // namespace tessaly::model

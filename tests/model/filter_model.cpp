@@ -47,6 +47,13 @@ double CorrectedQ (double rateHz, double hz, double q)
     return k > 1.0 ? q : std::max (k * q, 0.1);
 }
 
+/// A cut undoes the boost of equal size.
+Coefficients BoostOrCut (double gainDb, const Coefficients& boost)
+{
+    const auto& [b0, b1, b2, a1, a2] = boost;
+    return gainDb >= 0.0 ? boost : Coefficients{ 1.0 / b0, a1 / b0, a2 / b0, b1 / b0, b2 / b0 };
+}
+
 } // namespace
 
 double Section::Process (double x)
@@ -103,32 +110,21 @@ Coefficients LowShelf (double rateHz, double hz, double gainDb)
     if (IsOutOfBand (rateHz, hz))
         return {};
     const double g = Gain (std::abs (gainDb));
-    const double corner = std::tan (std::atan (std::pow (Gain (kMaxDb), kShelfSlope) * Tangent (rateHz, hz)));
+    const double corner = std::pow (Gain (kMaxDb), kShelfSlope) * Tangent (rateHz, hz);
     const double w = std::pow (g, 1.0 - kShelfSlope) * corner;
-    if (gainDb >= 0.0)
-    {
-        const double d = w + g;
-        return { .b0 = (1.0 + w) * g / d, .b1 = -(1.0 - w) * g / d, .a1 = -(g - w) / d };
-    }
-    const double v = w / g;
-    const double d = 1.0 + w;
-    return { .b0 = (1.0 + v) / d, .b1 = -(1.0 - v) / d, .a1 = -(1.0 - w) / d };
+    const double d = w + g;
+    return BoostOrCut (gainDb, { .b0 = (1.0 + w) * g / d, .b1 = -(1.0 - w) * g / d, .a1 = -(g - w) / d });
 }
 
 Coefficients HighShelf (double rateHz, double hz, double gainDb)
 {
     if (IsOutOfBand (rateHz, hz))
         return {};
-    const double g = Gain (gainDb);
-    const double corner = std::tan (std::atan (std::pow (1.0 / Gain (kMaxDb), kShelfSlope) * Tangent (rateHz, hz)));
-    if (gainDb >= 0.0)
-    {
-        const double w = std::pow (g, kShelfSlope - 1.0) * corner;
-        const double d = 1.0 + w * g;
-        return { .b0 = (1.0 + w) * g / d, .b1 = -(1.0 - w) * g / d, .a1 = -(1.0 - w * g) / d };
-    }
-    const double w = std::pow (g, 1.0 - kShelfSlope) * corner;
-    return { .b0 = (w + g) / (1.0 + w), .b1 = (w - g) / (1.0 + w), .a1 = -(1.0 - w) / (1.0 + w) };
+    const double g = Gain (std::abs (gainDb));
+    const double corner = std::pow (Gain (kMaxDb), -kShelfSlope) * Tangent (rateHz, hz);
+    const double w = std::pow (g, kShelfSlope - 1.0) * corner;
+    const double d = 1.0 + w * g;
+    return BoostOrCut (gainDb, { .b0 = (1.0 + w) * g / d, .b1 = -(1.0 - w) * g / d, .a1 = -(1.0 - w * g) / d });
 }
 
 Coefficients Peak (double rateHz, double hz, double gainDb, double q)
@@ -136,18 +132,12 @@ Coefficients Peak (double rateHz, double hz, double gainDb, double q)
     if (IsOutOfBand (rateHz, hz))
         return {};
     const double t = Tangent (rateHz, hz);
-    const double widening = std::pow (Gain (std::abs (gainDb) - kMaxDb), kPeakSlope);
-    const double w = 1.0 / CorrectedQ (rateHz, hz, q) / widening * t;
     const double g = Gain (std::abs (gainDb));
+    const double w = 1.0 / CorrectedQ (rateHz, hz, q) / std::pow (g / Gain (kMaxDb), kPeakSlope) * t;
     const double s = 1.0 + t * t;
     const double u = t * t - 1.0;
-    if (gainDb >= 0.0)
-    {
-        const double d = s + w;
-        return { (s + g * w) / d, 2.0 * u / d, (s - g * w) / d, 2.0 * u / d, (s - w) / d };
-    }
-    const double d = s + g * w;
-    return { (s + w) / d, 2.0 * u / d, (s - w) / d, 2.0 * u / d, (s - g * w) / d };
+    const double d = s + w;
+    return BoostOrCut (gainDb, { (s + g * w) / d, 2.0 * u / d, (s - g * w) / d, 2.0 * u / d, (s - w) / d });
 }
 
 } // namespace tessaly::model

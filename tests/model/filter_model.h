@@ -33,8 +33,8 @@ private:
     Coefficients latest;
     bool waiting = false; // `latest` has not been taken up
     Section current, outgoing;
-    double fadeLength = 441.0; // samples, a fraction too
-    int fadePosition = 442;    // samples done
+    double fadeLength = 0.0; // samples, a fraction too
+    int fadePosition = 0;    // samples done
 };
 
 Coefficients HighPass (double rateHz, double hz); ///< first order, Butterworth

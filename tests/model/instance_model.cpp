@@ -35,27 +35,22 @@ constexpr int kKeyPoints[9][17] = {
 };
 constexpr double kStepsPerKeyPoint = 15.0;
 
-bool IsSwitch (int parameter)
-{
-    return parameter == kEqualizerBypass || parameter == kCompressorBypass || parameter == kBypass;
-}
-
 /// The three entries of the knee list share the normalized range alike, a switch turns over at the middle; everything
 /// else is linear, and rounded half away from zero.
-float ToPlain (int parameter, float normalized)
+float ToPlain (unsigned parameter, float normalized)
 {
-    if (IsSwitch (parameter))
+    if (parameter == kEqualizerBypass || parameter == kCompressorBypass || parameter == kBypass)
         return normalized >= 0.5f ? 1.0f : 0.0f;
-    const auto& [minimum, maximum, initial] = kRanges[static_cast<std::size_t> (parameter)];
+    const auto& [minimum, maximum, initial] = kRanges[parameter];
     if (parameter == kKnee)
         return static_cast<float> (std::clamp (static_cast<int> (3.0f * normalized), minimum, maximum));
     const double steps = minimum + static_cast<double> (normalized) * (maximum - minimum);
-    return static_cast<float> (normalized == 0.0f ? std::trunc (steps) : std::round (steps));
+    return static_cast<float> (std::round (steps));
 }
 
-float ToNormalized (int parameter, int step)
+float ToNormalized (unsigned parameter, int step)
 {
-    const auto& [minimum, maximum, initial] = kRanges[static_cast<std::size_t> (parameter)];
+    const auto& [minimum, maximum, initial] = kRanges[parameter];
     return static_cast<float> (static_cast<double> (step - minimum) / (maximum - minimum));
 }
 
@@ -64,15 +59,14 @@ float ToNormalized (int parameter, int step)
 /// The values are stored before there is a strip, which is then told the rate and every parameter in order.
 InstanceModel::InstanceModel ()
 {
-    for (int i = 0; i < kParameterCount; ++i)
-        values[static_cast<std::size_t> (i)] = ToNormalized (i, kRanges[static_cast<std::size_t> (i)].initial);
-    const auto initialValues = values;
-    for (int i = 0; i < kParameterCount; ++i)
-        SetParameter (i, initialValues[static_cast<std::size_t> (i)]);
+    for (unsigned i = 0; i < kParameterCount; ++i)
+        values[i] = ToNormalized (i, kRanges[i].initial);
+    for (unsigned i = 0; i < kParameterCount; ++i)
+        SetParameter (i, ToNormalized (i, kRanges[i].initial));
 
     strip.emplace ();
     strip->SetRate (44100.0);
-    for (int i = 0; i < kParameterCount; ++i)
+    for (unsigned i = 0; i < kParameterCount; ++i)
         strip->Set (i, Plain (i));
     std::copy (values.begin (), values.end (), shown.begin ());
 }
@@ -90,14 +84,14 @@ void InstanceModel::SetActive (bool active)
 
 void InstanceModel::SetFromController (Change change)
 {
-    const auto id = static_cast<std::size_t> (change.parameter);
-    if (shown[id] == change.value)
+    const auto [id, value] = change;
+    if (shown[id] == value)
         return;
-    shown[id] = change.value;
+    shown[id] = value;
     auto expected = values;
-    expected[id] = static_cast<float> (change.value);
-    SetParameter (change.parameter, expected[id]);
-    for (std::size_t i = 0; i < values.size (); ++i)
+    expected[id] = static_cast<float> (value);
+    SetParameter (id, expected[id]);
+    for (unsigned i = 0; i < kParameterCount; ++i)
         if (values[i] != expected[i])
             shown[i] = values[i];
 }
@@ -112,23 +106,23 @@ void InstanceModel::Process (std::span<const Change> queue, Mode mode, std::span
     if (queueCounts)
         for (const Change& change : queue)
             SetParameter (change.parameter, static_cast<float> (change.value));
-    strip->Run (input.data (), output.data (), static_cast<int> (input.size ()));
+    strip->Run (input, output);
     meters = { static_cast<float> (strip->reductionReading), static_cast<float> (strip->outputReading) };
 }
 
-float InstanceModel::Plain (int parameter) const
+float InstanceModel::Plain (unsigned parameter) const
 {
-    return ToPlain (parameter, Value (parameter));
+    return ToPlain (parameter, values[parameter]);
 }
 
-void InstanceModel::Store (int parameter, float value)
+void InstanceModel::Store (unsigned parameter, float value)
 {
-    values[static_cast<std::size_t> (parameter)] = value;
+    values[parameter] = value;
     if (strip)
         strip->Set (parameter, Plain (parameter));
 }
 
-void InstanceModel::SetParameter (int parameter, float value)
+void InstanceModel::SetParameter (unsigned parameter, float value)
 {
     Store (parameter, value);
     if (parameter == kEqualizerBypass || parameter == kCompressorBypass)
@@ -136,16 +130,16 @@ void InstanceModel::SetParameter (int parameter, float value)
     if (parameter == kMorph)
         Morph ();
     if (parameter == kBypass)
-        for (int section : { kEqualizerBypass, kCompressorBypass })
+        for (unsigned section : { kEqualizerBypass, kCompressorBypass })
             Store (section, value >= 0.5f ? 1.0f : 0.0f);
 }
 
 void InstanceModel::Morph ()
 {
     const double position = Plain (kMorph) / kStepsPerKeyPoint;
-    const int row = static_cast<int> (position);
-    const double fraction = position - row;
-    for (int column = 0; column < 17; ++column)
+    const auto row = static_cast<std::size_t> (position);
+    const double fraction = position - static_cast<double> (row);
+    for (unsigned column = 0; column < 17; ++column)
     {
         const int from = kKeyPoints[row][column];
         const int to = fraction == 0.0 ? from : kKeyPoints[row + 1][column];

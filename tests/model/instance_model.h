@@ -21,8 +21,8 @@ enum class Mode
 
 struct Change
 {
-    int parameter = 0;  // 0 to 21
-    double value = 0.0; // normalized
+    unsigned parameter = 0; // 0 to 21
+    double value = 0.0;     // normalized
 };
 
 class InstanceModel
@@ -40,15 +40,14 @@ public:
     /// @param output  as long as the input; an empty block runs nothing and reads the meters as they stand
     void Process (std::span<const Change> queue, Mode mode, std::span<const float> input, std::span<float> output);
 
-    float Meter (int index) const { return meters[static_cast<std::size_t> (index)]; }
-    double Shown (int parameter) const { return shown[static_cast<std::size_t> (parameter)]; }
+    const std::array<double, kParameterCount>& Shown () const { return shown; }
+    const std::array<float, 2>& Meters () const { return meters; }
 
 private:
-    float Value (int parameter) const { return values[static_cast<std::size_t> (parameter)]; }
-    float Plain (int parameter) const;
-    bool IsOn (int parameter) const { return Plain (parameter) != 0.0f; }
-    void Store (int parameter, float value);        // storage and strip
-    void SetParameter (int parameter, float value); // with what hangs on it
+    float Plain (unsigned parameter) const;
+    bool IsOn (unsigned parameter) const { return Plain (parameter) != 0.0f; }
+    void Store (unsigned parameter, float value);        // storage and strip
+    void SetParameter (unsigned parameter, float value); // with what hangs on it
     void Morph ();
 
     std::array<float, kParameterCount> values{}; // normalized

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
 
 namespace tessaly::model
 {
@@ -21,10 +20,10 @@ enum Knee
 };
 
 /// The value of a step; 0 outside of the table.
-template <typename Table>
-double At (const Table& table, int step)
+double At (std::span<const double> table, int step)
 {
-    return step >= 0 && step < static_cast<int> (table.size ()) ? table[static_cast<std::size_t> (step)] : 0.0;
+    const auto index = static_cast<std::size_t> (step);
+    return index < table.size () ? table[index] : 0.0;
 }
 
 double GainDb (int step)
@@ -33,7 +32,7 @@ double GainDb (int step)
 }
 
 /// The level above the knee, a parabola within it, nothing below it; log10 units.
-std::optional<double> ShapedLevel (double level, int knee)
+double ShapedLevel (double level, int knee)
 {
     const double width = knee == kSoft ? 1.3 : knee == kMiddle ? 0.5 : 0.0;
     const double bend = knee == kSoft ? 0.19231 : 0.5;
@@ -41,7 +40,7 @@ std::optional<double> ShapedLevel (double level, int knee)
         return level;
     if (level > -width)
         return bend * (level + width) * (level + width);
-    return std::nullopt;
+    return 0.0;
 }
 
 constexpr auto kReductionDb = std::to_array<double> (
@@ -60,56 +59,25 @@ double TenDecimals (double db)
 }
 
 /// How many levels of the scale are at or below v.
-template <typename Scale>
-int CountAtOrBelow (const Scale& scaleDb, double v)
+int CountAtOrBelow (std::span<const double> scaleDb, double v)
 {
-    return static_cast<int> (
-        std::count_if (scaleDb.begin (), scaleDb.end (), [v] (double db) { return TenDecimals (db) <= v; }));
+    return static_cast<int> (std::ranges::count_if (scaleDb, [v] (double db) { return TenDecimals (db) <= v; }));
 }
 
 double ReductionPosition (double v)
 {
-    if (v < 1.0)
-        v += 0.001;
-    if (v <= 0.0630957344)
-        return 0.0;
-    return v >= 1.0 ? 1.0 : (CountAtOrBelow (kReductionDb, v) - 1) / 36.0;
+    return std::max (CountAtOrBelow (kReductionDb, v < 1.0 ? v + 0.001 : v) - 1, 0) / 36.0;
 }
 
+/// The scale ends just below full scale, where two lamps light up at nearly one level.
 double OutputPosition (double level)
 {
+    constexpr double kTop = 0.9999999999;
     const double v = level + 0.0001;
-    if (v < 0.0007079458)
-        return 0.0;
-    return v > 0.9999999999 ? 1.0 : (CountAtOrBelow (kOutputDb, v) + (v >= 0.9999999999 ? 1 : 0)) / 34.0;
+    return (CountAtOrBelow (kOutputDb, v) + (v >= kTop ? 1 : 0) + (v > kTop ? 1 : 0)) / 34.0;
 }
 
 } // namespace
-
-int ExampleRand::Next ()
-{
-    next = next * 1103515245u + 12345u;
-    return static_cast<int> (next / 65536u % 32768u);
-}
-
-double Glide::Next (double coefficient)
-{
-    const double d = (target - value) * coefficient;
-    value = d > 0.0 ? std::min (value + d + 0.00000012, target) : std::max (value + d - 0.00000012, target);
-    return value;
-}
-
-/// Only the positive half of the wave counts, and what lies below -1.
-void PeakFollower::Feed (double v)
-{
-    peak = std::max (peak, v < -1.0 ? -v : v);
-}
-
-void PeakFollower::EndBlock ()
-{
-    held = peak > held ? peak : held + 0.08 * (peak - held);
-    value = held;
-}
 
 void StripModel::SetRate (double hz)
 {
@@ -122,11 +90,10 @@ void StripModel::Resume ()
     FollowSteps ();
     sideChainHighPass.c = HighPass (rateHz, kHighPassHz);
     glideCoefficient = 1.0 - std::exp (-1.0 / rateHz / 0.01);
-    for (FadingSection* band : { &low, &mid, &high, &sideChainPeak })
-    {
-        band->Design (DesignOf (*band));
+    for (const unsigned parameter : { kSideHz, kHighHz, kMidHz, kLowHz })
+        DesignBandOf (parameter);
+    for (FadingSection* band : { &sideChainPeak, &low, &mid, &high })
         band->StartUp (rateHz);
-    }
 }
 
 void StripModel::Suspend ()
@@ -135,28 +102,26 @@ void StripModel::Suspend ()
     reductionReading = outputReading = 0.0;
 }
 
-void StripModel::Set (int parameter, float plain)
+void StripModel::Set (unsigned parameter, float plain)
 {
-    steps[static_cast<std::size_t> (parameter)] = static_cast<int> (plain);
+    steps[parameter] = static_cast<int> (plain);
     FollowSteps ();
-    FadingSection* const band = parameter >= kSideHz && parameter <= kSideQ    ? &sideChainPeak
-                                : parameter >= kHighHz && parameter <= kHighDb ? &high
-                                : parameter >= kMidHz && parameter <= kMidQ    ? &mid
-                                : parameter >= kLowHz && parameter <= kLowDb   ? &low
-                                                                               : nullptr;
-    if (band)
-        band->Design (DesignOf (*band));
+    DesignBandOf (parameter);
 }
 
-Coefficients StripModel::DesignOf (const FadingSection& band) const
+/// Does nothing for a parameter of no band.
+void StripModel::DesignBandOf (unsigned parameter)
 {
-    if (&band == &low)
-        return LowShelf (rateHz, At (frequencyHz, steps[kLowHz]), GainDb (steps[kLowDb]));
-    if (&band == &high)
-        return HighShelf (rateHz, At (frequencyHz, steps[kHighHz]), GainDb (steps[kHighDb]));
-    if (&band == &mid)
-        return Peak (rateHz, At (frequencyHz, steps[kMidHz]), GainDb (steps[kMidDb]), At (qValue, steps[kMidQ]));
-    return Peak (rateHz, At (frequencyHz, steps[kSideHz]), GainDb (steps[kSideDb]), At (qValue, steps[kSideQ]));
+    const auto hz = [this] (Parameter p) { return At (frequencyHz, steps[p]); };
+    const auto db = [this] (Parameter p) { return GainDb (steps[p]); };
+    if (parameter >= kSideHz && parameter <= kSideQ)
+        sideChainPeak.Design (Peak (rateHz, hz (kSideHz), db (kSideDb), At (qValue, steps[kSideQ])));
+    else if (parameter >= kHighHz && parameter <= kHighDb)
+        high.Design (HighShelf (rateHz, hz (kHighHz), db (kHighDb)));
+    else if (parameter >= kMidHz && parameter <= kMidQ)
+        mid.Design (Peak (rateHz, hz (kMidHz), db (kMidDb), At (qValue, steps[kMidQ])));
+    else if (parameter >= kLowHz && parameter <= kLowDb)
+        low.Design (LowShelf (rateHz, hz (kLowHz), db (kLowDb)));
 }
 
 /// Everything but the filters. A negative offset fades out as the threshold of "Drive" nears 0 dB.
@@ -201,8 +166,7 @@ double StripModel::CompressorGain (double x)
     const double threshold = std::pow (10.0, thresholdDb / 20.0);
     const double level = Detect (sideChainPeak.Process (sideChainHighPass.Process (x)) / threshold);
     slope.Next (glideCoefficient);
-    const std::optional<double> over = ShapedLevel (level, thresholdDb == 0.0 ? kHard : steps[kKnee]);
-    return over ? std::pow (10.0, -slope.value * *over) : 1.0;
+    return std::pow (10.0, -slope.value * ShapedLevel (level, thresholdDb == 0.0 ? kHard : steps[kKnee]));
 }
 
 double StripModel::Sample (double input)
@@ -225,22 +189,18 @@ double StripModel::Sample (double input)
     return y * (1.0 - bypass.value) + bypass.value * dry;
 }
 
-void StripModel::Run (const float* input, float* output, int sampleCount)
+void StripModel::Run (std::span<const float> input, std::span<float> output)
 {
-    reductionMeter.peak = outputMeter.peak = 0.0;
-    for (int i = 0; i < sampleCount; ++i)
+    for (std::size_t i = 0; i < input.size (); ++i)
     {
         output[i] = static_cast<float> (Sample (input[i]));
         outputMeter.Feed (output[i]);
     }
-    if (sampleCount > 0)
-    {
-        reductionMeter.EndBlock ();
-        outputMeter.EndBlock ();
-    }
-    const float gain = std::clamp (static_cast<float> (1.0 / reductionMeter.value), 0.0f, 1.0f);
+    reductionMeter.EndBlock ();
+    outputMeter.EndBlock ();
+    const float gain = std::clamp (static_cast<float> (1.0 / reductionMeter.held), 0.0f, 1.0f);
     reductionReading = 1.0 - ReductionPosition (gain);
-    outputReading = OutputPosition (outputMeter.value);
+    outputReading = OutputPosition (outputMeter.held);
 }
 
 } // namespace tessaly::model

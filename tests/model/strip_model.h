@@ -4,14 +4,16 @@
 
 #include "filter_model.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <span>
 
 namespace tessaly::model
 {
 
 // clang-format off
-enum Parameter
+enum Parameter : unsigned
 {
     kDrive, kAttack, kRelease, kRatio, kKnee, kOffset, kMakeup, kSideHz, kSideDb, kSideQ, kHighHz, kHighDb,
     kMidHz, kMidDb, kMidQ, kLowHz, kLowDb, kTotalDb, kEqualizerBypass, kCompressorBypass, kMorph, kBypass,
@@ -20,13 +22,15 @@ enum Parameter
 // clang-format on
 
 /// The example generator of the C standard (7.22.2 in C11), 15 bits, seed 1; each strip has its own.
-class ExampleRand
+struct ExampleRand
 {
-public:
-    int Next (); ///< 0 to 32767
-
-private:
     std::uint32_t next = 1;
+
+    int Next () ///< 0 to 32767
+    {
+        next = next * 1103515245u + 12345u;
+        return static_cast<int> (next / 65536u % 32768u);
+    }
 };
 
 /// Follows its target with a time constant of 10 ms, and by a small fixed step that makes it arrive.
@@ -34,16 +38,25 @@ struct Glide
 {
     double value = 0.0, target = 0.0;
 
-    double Next (double coefficient);
+    double Next (double coefficient)
+    {
+        const double d = (target - value) * coefficient;
+        return value = d > 0.0 ? std::min (value + d + 0.00000012, target) : std::max (value + d - 0.00000012, target);
+    }
 };
 
 /// Holds the peak of a block, and falls by a factor a block.
 struct PeakFollower
 {
-    double peak = 0.0, held = 0.0, value = 0.0;
+    double peak = 0.0, held = 0.0;
 
-    void Feed (double v);
-    void EndBlock (); ///< after at least one sample
+    /// Only the positive half of the wave counts, and what lies below -1.
+    void Feed (double v) { peak = std::max (peak, v < -1.0 ? -v : v); }
+    void EndBlock ()
+    {
+        held = peak > held ? peak : held + 0.08 * (peak - held);
+        peak = 0.0;
+    }
 };
 
 class StripModel
@@ -54,15 +67,13 @@ public:
     void SetRate (double hz);
     void Resume ();
     void Suspend ();
-    /// @param parameter  0 to 21
-    /// @param plain      steps; a fraction is cut off
-    void Set (int parameter, float plain);
-    void Run (const float* input, float* output, int sampleCount);
+    void Set (unsigned parameter, float plain);                       ///< plain: steps, a fraction is cut off
+    void Run (std::span<const float> input, std::span<float> output); ///< at least one sample
 
     double reductionReading = 0.0, outputReading = 0.0; // 0 to 1, set by Run and Suspend
 
 private:
-    Coefficients DesignOf (const FadingSection& band) const;
+    void DesignBandOf (unsigned parameter);
     void FollowSteps ();
     double Detect (double u);
     double CompressorGain (double x);
