@@ -1,19 +1,13 @@
 #include "realtime_guard.h"
 
 #include <cerrno>
-#include <cstdarg>
 #include <cstddef>
 #include <dlfcn.h>
-#include <poll.h>
 #include <pthread.h>
-#include <sched.h>
 #include <semaphore.h>
 #include <signal.h>
-#include <sys/mman.h>
 #include <sys/prctl.h>
-#include <time.h>
 #include <ucontext.h>
-#include <unistd.h>
 
 namespace tessaly::test
 {
@@ -149,12 +143,6 @@ WATCHED void* realloc (void* memory, std::size_t size) noexcept
     return __libc_realloc (memory, size);
 }
 
-WATCHED void* memalign (std::size_t alignment, std::size_t size) noexcept
-{
-    Note ("memalign");
-    return __libc_memalign (alignment, size);
-}
-
 WATCHED void* aligned_alloc (std::size_t alignment, std::size_t size) noexcept
 {
     Note ("aligned_alloc");
@@ -185,34 +173,8 @@ WATCHED void free (void* memory) noexcept
 
 WATCH (int, pthread_mutex_lock, (pthread_mutex_t * mutex), mutex)
 WATCH (int, pthread_mutex_trylock, (pthread_mutex_t * mutex), mutex)
-WATCH (int, pthread_mutex_timedlock, (pthread_mutex_t * mutex, const timespec* until), mutex, until)
-WATCH (int, pthread_mutex_clocklock, (pthread_mutex_t * mutex, clockid_t clock, const timespec* until), mutex, clock,
-       until)
 WATCH (int, pthread_spin_lock, (pthread_spinlock_t * lock), lock)
 WATCH (int, pthread_rwlock_rdlock, (pthread_rwlock_t * lock), lock)
 WATCH (int, pthread_rwlock_wrlock, (pthread_rwlock_t * lock), lock)
 WATCH (int, pthread_cond_wait, (pthread_cond_t * condition, pthread_mutex_t* mutex), condition, mutex)
 WATCH (int, sem_wait, (sem_t * semaphore), semaphore)
-WATCH (int, sched_yield, (), )
-WATCH (int, nanosleep, (const timespec* wanted, timespec* left), wanted, left)
-WATCH (int, clock_nanosleep, (clockid_t clock, int flags, const timespec* wanted, timespec* left), clock, flags, wanted,
-       left)
-WATCH (int, poll, (pollfd * files, nfds_t count, int timeout), files, count, timeout)
-WATCH (ssize_t, read, (int file, void* data, std::size_t size), file, data, size)
-WATCH (ssize_t, write, (int file, const void* data, std::size_t size), file, data, size)
-WATCH (void*, mmap, (void* at, std::size_t size, int access, int flags, int file, off_t offset), at, size, access,
-       flags, file, offset)
-WATCH (int, munmap, (void* at, std::size_t size), at, size)
-
-WATCHED long syscall (long number, ...) noexcept
-{
-    Note ("syscall");
-    static const auto next = reinterpret_cast<long (*) (long, ...)> (dlsym (RTLD_NEXT, "syscall"));
-    std::va_list list;
-    va_start (list, number);
-    long a[6];
-    for (long& argument : a)
-        argument = va_arg (list, long);
-    va_end (list);
-    return next (number, a[0], a[1], a[2], a[3], a[4], a[5]);
-}

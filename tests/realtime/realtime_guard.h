@@ -5,13 +5,13 @@
 namespace tessaly::test
 {
 
-/// Watches the calling thread for as long as it lives: every call of the C library that takes or gives back memory,
-/// waits for another thread or enters the system is a hit, from whichever library it comes. One guard at a time a
-/// thread; other threads are not watched.
+/// Watches the calling thread for as long as it lives: every call of the C library that takes or gives back memory or
+/// may wait for another thread is a hit, from whichever library it comes, and every call of the kernel. One guard at a
+/// time a thread; other threads are not watched.
 ///
-/// The program defines these functions itself (realtime_guard.cpp), so the loaded bundle calls them too; operator new
-/// and the locks of the C++ library come down to them. Where the kernel tells (Linux on x86-64), any call of it is a
-/// hit, by whichever way it is made, up to the first of a guard; elsewhere only the ones that are named there.
+/// The program defines the C library's functions itself (realtime_guard.cpp), so the loaded bundle calls them too;
+/// operator new and the locks of the C++ library come down to them. Calls of the kernel are seen where it tells (Linux
+/// on x86-64), by whichever way they are made, up to the first of a guard; elsewhere not.
 class RealtimeGuard
 {
 public:

@@ -1,13 +1,11 @@
-#include "fixed_changes.h"
 #include "plugin_instance.h"
 #include "realtime_guard.h"
-#include <cstdio>
+#include <array>
 #include <cstdlib>
 #include <doctest/doctest.h>
 #include <limits>
 #include <memory>
 #include <mutex>
-#include <string>
 #include <thread>
 #include <unistd.h>
 
@@ -21,6 +19,36 @@ namespace
 constexpr int32 kPromised = 512;
 constexpr int32 kLongest = 8 * kPromised;
 constexpr Vst::ParamID kMorph = 20;
+
+/// The SDK's lists; they take memory for what is added before the block, not for what the plug-in adds.
+struct Changes : Vst::ParameterChanges
+{
+    bool takesQueues = true; ///< false: has no room for what the plug-in adds
+    bool hasGaps = false;    ///< true: every fifth queue is not there
+
+    Changes ()
+        : ParameterChanges (32)
+    {
+    }
+
+    /// Adds `count` points that run from 0 to 1, beginning anew every seven.
+    void Add (Vst::ParamID id, int32 count)
+    {
+        int32 index = 0;
+        Vst::IParamValueQueue* queue = addParameterData (id, index);
+        for (int32 i = 0; i < count; ++i)
+            queue->addPoint (i, i % 7 / 6.0, index);
+    }
+
+    Vst::IParamValueQueue* PLUGIN_API addParameterData (const Vst::ParamID& id, int32& index) override
+    {
+        return takesQueues ? ParameterChanges::addParameterData (id, index) : nullptr;
+    }
+    Vst::IParamValueQueue* PLUGIN_API getParameterData (int32 index) override
+    {
+        return hasGaps && index % 5 == 4 ? nullptr : ParameterChanges::getParameterData (index);
+    }
+};
 
 /// One block as a host hands it in; each case changes what it is about.
 struct Block
@@ -40,7 +68,6 @@ struct Block
         data.outputParameterChanges = &meters;
         data.processContext = &context;
     }
-    void Fill (float value) { in.fill (value); }
 
     std::array<float, kLongest> in{};
     std::array<float, kLongest> out{};
@@ -48,22 +75,21 @@ struct Block
     float* outChannel = out.data ();
     Vst::AudioBusBuffers inputBus;
     Vst::AudioBusBuffers outputBus;
-    FixedChanges points;
-    FixedChanges meters;
+    Changes points;
+    Changes meters;
     Vst::ProcessContext context{};
     Vst::ProcessData data;
 };
 
 struct Case
 {
-    std::string name;
+    const char* name;
     void (*arrange) (Block&);
 };
 
 const Case kCases[] = {
     { "a usual block", [] (Block&) {} },
     { "no samples", [] (Block& b) { b.data.numSamples = 0; } },
-    { "one sample", [] (Block& b) { b.data.numSamples = 1; } },
     { "an odd count", [] (Block& b) { b.data.numSamples = 333; } },
     { "more samples than were promised", [] (Block& b) { b.data.numSamples = kLongest; } },
     { "no buses", [] (Block& b) { b.data.numInputs = b.data.numOutputs = 0; } },
@@ -71,28 +97,12 @@ const Case kCases[] = {
     { "no channels", [] (Block& b) { b.inputBus.numChannels = b.outputBus.numChannels = 0; } },
     { "null channel lists", [] (Block& b) { b.inputBus.channelBuffers32 = b.outputBus.channelBuffers32 = nullptr; } },
     { "null channels", [] (Block& b) { b.inChannel = b.outChannel = nullptr; } },
-    { "doubles, silent, and no memory for them",
-      [] (Block& b)
-      {
-          b.data.symbolicSampleSize = Vst::kSample64;
-          b.inputBus.silenceFlags = 1;
-          b.inChannel = b.outChannel = nullptr;
-      } },
+    { "doubles", [] (Block& b) { b.data.symbolicSampleSize = Vst::kSample64; } },
     { "in place", [] (Block& b) { b.outChannel = b.inChannel; } },
-    { "denormal input", [] (Block& b) { b.Fill (std::numeric_limits<float>::denorm_min ()); } },
-    { "input that is no number", [] (Block& b) { b.Fill (std::numeric_limits<float>::quiet_NaN ()); } },
-    { "silence flags",
-      [] (Block& b)
-      {
-          b.Fill (0.0f);
-          b.inputBus.silenceFlags = b.outputBus.silenceFlags = 1;
-      } },
-    { "nothing but the buses",
-      [] (Block& b)
-      {
-          b.data.inputParameterChanges = b.data.outputParameterChanges = nullptr;
-          b.data.processContext = nullptr;
-      } },
+    { "silence flags", [] (Block& b) { b.inputBus.silenceFlags = b.outputBus.silenceFlags = 1; } },
+    { "input that is no number", [] (Block& b) { b.in.fill (std::numeric_limits<float>::quiet_NaN ()); } },
+    { "no lists", [] (Block& b) { b.data.inputParameterChanges = b.data.outputParameterChanges = nullptr; } },
+    { "no transport", [] (Block& b) { b.data.processContext = nullptr; } },
     { "meters that are not taken", [] (Block& b) { b.meters.takesQueues = false; } },
     { "points of every parameter and of none, with gaps between them",
       [] (Block& b)
@@ -190,15 +200,11 @@ TEST_CASE ("the guard sees memory, locks and waits, in this program and in the b
     CHECK (Seen ([&] { std::free (memory); }).first == "free");
     CHECK (Seen ([&] { ::operator delete (::operator new (100)); }).count == 2);
     CHECK (Seen ([&] { const std::scoped_lock lock (mutex); }).first == "pthread_mutex_lock");
-    CHECK (Seen ([&] { std::this_thread::yield (); }).first == "sched_yield");
-    CHECK (Seen ([&] { std::this_thread::sleep_for (std::chrono::nanoseconds (1)); }).first == "nanosleep");
     if (RealtimeGuard::SeesAllSystemCalls ())
     {
         pid_t parent = 0;
-        CHECK (Seen ([&] { parent = ::getppid (); }).count == 1);
+        CHECK (Seen ([&] { parent = ::getppid (); }).first == "a system call");
         CHECK (parent == ::getppid ());
-        CHECK (Seen ([] { std::fputs ("", stderr), std::fflush (stderr); }).count == 0);
-        CHECK (Seen ([] { std::fputs ("(a line that the guard sees)\n", stderr); }).first == "a system call");
     }
 
     Strip strip;
