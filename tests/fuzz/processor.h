@@ -14,8 +14,6 @@ class Processor
 public:
     Processor () { Demand (wrapper->initialize (nullptr) == Steinberg::kResultOk); }
     ~Processor () { wrapper->terminate (); }
-    Processor (const Processor&) = delete;
-    Processor& operator= (const Processor&) = delete;
 
     void Load (std::string state)
     {

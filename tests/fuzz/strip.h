@@ -44,14 +44,11 @@ struct Strip
     /// Runs some samples of a constant level through.
     bool SoundsFinite ()
     {
-        constexpr std::int32_t kSamples = 16;
-        std::array<float, kSamples> in{};
-        in.fill (0.5f);
-        std::array<float, kSamples> out{};
-        float* inputs[]{ in.data () };
-        float* outputs[]{ out.data () };
-        effect.ProcessRaw (inputs, outputs, kSamples);
-        return std::ranges::all_of (out, [] (float sample) { return std::isfinite (sample); });
+        std::array<float, 16> sound{};
+        sound.fill (0.5f);
+        float* channel = sound.data ();
+        effect.ProcessRaw (&channel, &channel, static_cast<std::int32_t> (sound.size ()));
+        return std::ranges::all_of (sound, [] (float sample) { return std::isfinite (sample); });
     }
 
     ZChannel_StripEffect effect{ nullptr };

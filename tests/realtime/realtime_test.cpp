@@ -8,6 +8,7 @@
 #include <mutex>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 using namespace Steinberg;
 using namespace tessaly;
@@ -81,13 +82,7 @@ struct Block
     Vst::ProcessData data;
 };
 
-struct Case
-{
-    const char* name;
-    void (*arrange) (Block&);
-};
-
-const Case kCases[] = {
+const std::pair<const char*, void (*) (Block&)> kCases[] = {
     { "a usual block", [] (Block&) {} },
     { "no samples", [] (Block& b) { b.data.numSamples = 0; } },
     { "an odd count", [] (Block& b) { b.data.numSamples = 333; } },
@@ -122,39 +117,6 @@ const Case kCases[] = {
       } },
 };
 
-class Strip
-{
-public:
-    Strip ()
-    {
-        instance.Setup (48000.0, kPromised, Vst::kRealtime);
-        instance.Activate ();
-    }
-
-    /// Has a thread of its own process the block, so that what a thread does on first use counts too.
-    RealtimeHits Process (Block& block)
-    {
-        RealtimeHits hits;
-        tresult result = kResultFalse;
-        std::thread (
-            [&]
-            {
-                {
-                    const RealtimeGuard guard;
-                    result = instance.Processor ().process (block.data);
-                }
-                hits = TakeRealtimeHits ();
-            })
-            .join ();
-        CHECK (result == kResultOk);
-        return hits;
-    }
-
-    host::NamedHost context{ "realtime_tests" };
-    host::Bundle bundle{ TESSALY_BUNDLE };
-    host::PluginInstance instance{ bundle, context };
-};
-
 /// What a guard sees of `action`.
 template <typename Action>
 RealtimeHits Seen (Action&& action)
@@ -166,22 +128,46 @@ RealtimeHits Seen (Action&& action)
     return TakeRealtimeHits ();
 }
 
+struct Strip
+{
+    Strip ()
+    {
+        instance.Setup (48000.0, kPromised, Vst::kRealtime);
+        instance.Activate ();
+    }
+
+    /// Has a thread of its own process the block, so that what a thread does on first use counts too.
+    RealtimeHits Process (Block& block)
+    {
+        RealtimeHits hits;
+        tresult result = kResultFalse;
+        const auto process = [&] { result = instance.Processor ().process (block.data); };
+        std::thread ([&] { hits = Seen (process); }).join ();
+        CHECK (result == kResultOk);
+        return hits;
+    }
+
+    host::NamedHost context{ "realtime_tests" };
+    host::Bundle bundle{ TESSALY_BUNDLE };
+    host::PluginInstance instance{ bundle, context };
+};
+
 } // namespace
 
 TEST_CASE ("process takes no memory, waits for nobody and stays out of the system, whatever the block")
 {
-    for (const Case& scene : kCases)
+    for (const auto& [name, arrange] : kCases)
     {
         Strip strip;
         for (const int32 mode : { Vst::kRealtime, Vst::kPrefetch, Vst::kOffline, Vst::kRealtime })
         {
-            CAPTURE (scene.name);
+            CAPTURE (name);
             CAPTURE (mode);
             // New designs wait for the audio thread, and fades are on their way.
             strip.instance.Parameters ().SetNormalized (kMorph, mode == Vst::kOffline ? 0.2 : 0.7);
             const auto block = std::make_unique<Block> ();
             block->data.processMode = mode;
-            scene.arrange (*block);
+            arrange (*block);
             for (int i = 0; i < 3; ++i)
             {
                 const RealtimeHits hits = strip.Process (*block);
