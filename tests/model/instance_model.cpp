@@ -56,30 +56,11 @@ float ToNormalized (unsigned parameter, int step)
 
 } // namespace
 
-/// The values are stored before there is a strip, which is then told the rate and every parameter in order.
 InstanceModel::InstanceModel ()
 {
     for (unsigned i = 0; i < kParameterCount; ++i)
-        values[i] = ToNormalized (i, kRanges[i].initial);
-    for (unsigned i = 0; i < kParameterCount; ++i)
-        SetParameter (i, ToNormalized (i, kRanges[i].initial));
-
-    strip.emplace ();
-    strip->SetRate (44100.0);
-    for (unsigned i = 0; i < kParameterCount; ++i)
-        strip->Set (i, Plain (i));
+        SetParameter (i, ToNormalized (i, kRanges[i].initial)); // the morph among them, after what it moves
     std::copy (values.begin (), values.end (), shown.begin ());
-}
-
-void InstanceModel::SetActive (bool active)
-{
-    if (active)
-    {
-        strip->Resume ();
-        return;
-    }
-    strip->Suspend ();
-    meters = {};
 }
 
 void InstanceModel::SetFromController (Change change)
@@ -106,8 +87,7 @@ void InstanceModel::Process (std::span<const Change> queue, Mode mode, std::span
     if (queueCounts)
         for (const Change& change : queue)
             SetParameter (change.parameter, static_cast<float> (change.value));
-    strip->Run (input, output);
-    meters = { static_cast<float> (strip->reductionReading), static_cast<float> (strip->outputReading) };
+    strip.Run (input, output);
 }
 
 float InstanceModel::Plain (unsigned parameter) const
@@ -118,8 +98,7 @@ float InstanceModel::Plain (unsigned parameter) const
 void InstanceModel::Store (unsigned parameter, float value)
 {
     values[parameter] = value;
-    if (strip)
-        strip->Set (parameter, Plain (parameter));
+    strip.Set (parameter, Plain (parameter));
 }
 
 void InstanceModel::SetParameter (unsigned parameter, float value)

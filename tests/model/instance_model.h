@@ -5,7 +5,6 @@
 #include "strip_model.h"
 
 #include <array>
-#include <optional>
 #include <span>
 
 namespace tessaly::model
@@ -30,8 +29,8 @@ class InstanceModel
 public:
     InstanceModel ();
 
-    void Setup (double rateHz) { strip->SetRate (rateHz); }
-    void SetActive (bool active);
+    void Setup (double rateHz) { strip.SetRate (rateHz); }
+    void SetActive (bool active) { active ? strip.Resume () : strip.Suspend (); }
 
     /// The controller's road: at once, unless the controller shows this value already.
     void SetFromController (Change change);
@@ -41,7 +40,7 @@ public:
     void Process (std::span<const Change> queue, Mode mode, std::span<const float> input, std::span<float> output);
 
     const std::array<double, kParameterCount>& Shown () const { return shown; }
-    const std::array<float, 2>& Meters () const { return meters; }
+    const std::array<float, 2>& Meters () const { return strip.Readings (); }
 
 private:
     float Plain (unsigned parameter) const;
@@ -52,8 +51,7 @@ private:
 
     std::array<float, kParameterCount> values{}; // normalized
     std::array<double, kParameterCount> shown{}; // what the controller answers
-    std::array<float, 2> meters{};               // gain reduction, output
-    std::optional<StripModel> strip;             // none while the first values are stored
+    StripModel strip;
     bool wasOffline = false;
 };
 

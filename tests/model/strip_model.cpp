@@ -99,7 +99,7 @@ void StripModel::Resume ()
 void StripModel::Suspend ()
 {
     reductionMeter.held = outputMeter.held = 0.0;
-    reductionReading = outputReading = 0.0;
+    readings = {};
 }
 
 void StripModel::Set (unsigned parameter, float plain)
@@ -199,8 +199,8 @@ void StripModel::Run (std::span<const float> input, std::span<float> output)
     reductionMeter.EndBlock ();
     outputMeter.EndBlock ();
     const float gain = std::clamp (static_cast<float> (1.0 / reductionMeter.held), 0.0f, 1.0f);
-    reductionReading = 1.0 - ReductionPosition (gain);
-    outputReading = OutputPosition (outputMeter.held);
+    readings = { static_cast<float> (1.0 - ReductionPosition (gain)),
+                 static_cast<float> (OutputPosition (outputMeter.held)) };
 }
 
 } // namespace tessaly::model

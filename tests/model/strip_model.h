@@ -67,10 +67,9 @@ public:
     void SetRate (double hz);
     void Resume ();
     void Suspend ();
-    void Set (unsigned parameter, float plain);                       ///< plain: steps, a fraction is cut off
-    void Run (std::span<const float> input, std::span<float> output); ///< at least one sample
-
-    double reductionReading = 0.0, outputReading = 0.0; // 0 to 1, set by Run and Suspend
+    void Set (unsigned parameter, float plain);                        ///< plain: steps, a fraction is cut off
+    void Run (std::span<const float> input, std::span<float> output);  ///< at least one sample
+    const std::array<float, 2>& Readings () const { return readings; } ///< gain reduction and output, 0 to 1
 
 private:
     void DesignBandOf (unsigned parameter);
@@ -86,6 +85,7 @@ private:
     FadingSection sideChainPeak, low, mid, high;
     Glide makeup, slope, totalGain{ 1.0, 1.0 }, bypass;
     PeakFollower reductionMeter, outputMeter;
+    std::array<float, 2> readings{};
 
     double thresholdDb = 0.0, attack = 0.0, release = 0.0, glideCoefficient = 0.0; // the rates per sample
     double detector = -1.5;                                                        // log10 of level over threshold
