@@ -9,23 +9,11 @@
 using namespace tessaly;
 using doctest::Approx;
 
-namespace
-{
-
-struct StartedBiquad : BlendBiquad
-{
-    StartedBiquad (const BiquadCoefs& coefs, double sampleRate)
-    {
-        setTarget (coefs);
-        startUp (sampleRate);
-    }
-};
-
-} // namespace
-
 TEST_CASE ("BlendBiquad: starting up forgets the sound and takes the target up at once, and its response shows before")
 {
-    StartedBiquad filter ({ 1.0, 0.5, 0.5, 0.9, 0.0 }, 44100);
+    BlendBiquad filter;
+    filter.setTarget ({ 1.0, 0.5, 0.5, 0.9, 0.0 });
+    filter.startUp (44100);
     filter.setTarget ({});
     CHECK (filter.responseDb (1000, 44100) == -100.0);
     oneSample (filter, 1.0);
@@ -40,7 +28,9 @@ TEST_CASE ("BlendBiquad: designs of two threads are heard and drawn whole")
 {
     // A zero on the pole: every whole set passes a steady 1 as 1, from the first sample on; a mixed one does not.
     const auto set = [] (int i) { return BiquadCoefs{ 1.0, 1.0 * i, 0.0, -1.0 * i, 0.0 }; };
-    StartedBiquad filter (set (0), 44100);
+    BlendBiquad filter;
+    filter.setTarget (set (0));
+    filter.startUp (44100);
     const auto design = [&] (int first)
     {
         for (int i = first; i < first + 20000; ++i)
