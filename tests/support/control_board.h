@@ -2,6 +2,8 @@
 
 #include "pane_desk.h"
 #include "recording_canvas.h"
+#include <doctest/doctest.h>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -29,6 +31,56 @@ struct ControlBoard : PaneDesk
             if (call.starts_with ("DrawBitmap strip"))
                 return std::stoi (call.substr (call.rfind (',') + 1));
         return -1;
+    }
+};
+
+/// A board with a single control.
+template <typename Control>
+struct BoardOf : ControlBoard
+{
+    using Values = std::vector<float>;
+
+    Control control;
+
+    explicit BoardOf (const ZRect& frame)
+        : control (this, frame, 3)
+    {
+        Adopt (control);
+    }
+
+    // A gesture over the control, and what that broadcasts
+    Values Pressed (ZPoint point, std::int32_t modifiers = 0)
+    {
+        Press (control, point, modifiers);
+        return TakeValues ();
+    }
+    Values Dragged (ZPoint point)
+    {
+        Drag (control, point);
+        return TakeValues ();
+    }
+    Values Released (ZPoint point)
+    {
+        Release (control, point);
+        return TakeValues ();
+    }
+
+    struct Leg
+    {
+        ZPoint to;
+        double value; // of the control when the pointer is there
+        std::int32_t modifiers = 0;
+    };
+    void CheckDrag (std::initializer_list<Leg> legs)
+    {
+        for (const auto& leg : legs)
+        {
+            CAPTURE (Words (leg.to));
+            CAPTURE (leg.modifiers);
+            Drag (control, leg.to, leg.modifiers);
+            CHECK (control.GetValue () == doctest::Approx (leg.value));
+        }
+        TakeValues ();
     }
 };
 

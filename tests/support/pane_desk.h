@@ -15,40 +15,27 @@ namespace tessaly
 {
 
 /// The least owner under which controls work: it listens to them, writes down what they want and, as an editor does,
-/// sets it on every control that it was shown, unless told not to.
+/// sets it on every control that it was shown.
 class PaneDesk : public ZPaneOwner, public ZListener
 {
 public:
     FakeEvent window;
-    std::vector<std::pair<std::int32_t, float>> wanted; // ids and values in the order of the broadcasts
-    std::vector<std::int32_t> messages;
-    bool echo = true;
     ZPane* modal = nullptr;   // not owned: the test's, as all below
     ZPane* capture = nullptr; //
     ZPane* hover = nullptr;
     ZView* root = nullptr;
-    int tooltipsMade = 0;
-    ZPane* tooltipOf = nullptr;
 
     void Adopt (ZControl& control) ///< borrowed: the control ends before the desk
     {
         control.AddListener (this);
         controls.push_back (&control);
     }
-    std::vector<float> TakeValues () ///< of the broadcasts so far, which are then forgotten
-    {
-        std::vector<float> values;
-        for (const auto& [id, value] : std::exchange (wanted, {}))
-            values.push_back (value);
-        return values;
-    }
+    std::vector<float> TakeValues () { return std::exchange (wanted, {}); } ///< broadcast so far, and then forgotten
 
     // A mouse over one control: points in root coordinates, the left button unless told otherwise
     ZMouseInput At (ZPoint point, std::int32_t buttons = kLeftButton, std::int32_t modifiers = 0)
     {
         window.pointer = point;
-        window.buttons = buttons;
-        window.modifiers = modifiers;
         return { point, buttons, modifiers, window.time };
     }
     bool Press (ZPane& pane, ZPoint point, std::int32_t modifiers = 0, std::int32_t buttons = kLeftButton)
@@ -79,30 +66,24 @@ public:
 
     void OnValue (std::int32_t id, float value) override
     {
-        wanted.emplace_back (id, value);
-        if (echo)
-            for (auto* control : controls)
-                control->SetValueById (id, value);
+        wanted.push_back (value);
+        for (auto* control : controls)
+            control->SetValueById (id, value);
     }
-    void OnMessage (std::int32_t message, ZControl*) override { messages.push_back (message); }
     void SetModalPane (ZPane& pane) override { modal = &pane; }
     void ReleaseModalPane (const ZPane& pane) override { modal = modal == &pane ? nullptr : modal; }
     ZPane* GetCapturePane () const override { return capture; }
     ZPane* GetHoverPane () const override { return hover; }
     ZView* GetRootView () const override { return root; }
-    void ForgetPane (const ZPane& pane) override
-    {
-        for (auto** held : { &modal, &capture, &hover, &tooltipOf })
-            if (*held == &pane)
-                *held = nullptr;
-    }
+    void ForgetPane (const ZPane& pane) override { ReleaseModalPane (pane); }
     std::unique_ptr<ZTextEditImp> CreateTextEditImp () override { return nullptr; }
     std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () override { return nullptr; }
-    void CreateTooltip () override { ++tooltipsMade; }
-    void ShowTooltip (ZPane& pane) override { tooltipOf = &pane; }
-    void HideTooltip () override { tooltipOf = nullptr; }
+    void CreateTooltip () override {}
+    void ShowTooltip (ZPane&) override {}
+    void HideTooltip () override {}
 
 private:
+    std::vector<float> wanted;       // in the order of the broadcasts
     std::vector<ZControl*> controls; // not owned: the test's
 };
 

@@ -5,6 +5,7 @@
 #include "canvas.h"
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tessaly
@@ -40,9 +41,9 @@ private:
     std::uint32_t height;
 };
 
-inline ZBitmap NamedBitmap (const std::string& name, std::uint32_t width = 100, std::uint32_t height = 100)
+inline ZBitmap NamedBitmap (const std::string& name)
 {
-    return ZBitmap (std::make_unique<NamedBitmapImp> (name, width, height));
+    return ZBitmap (std::make_unique<NamedBitmapImp> (name));
 }
 
 /// A back end that writes each drawing call down as words, offscreen ones with "> " before them into the same log.
@@ -56,12 +57,9 @@ public:
         : log (std::make_shared<Log> ())
     {
     }
-    const Log& Calls () const { return *log; }
     Log Take () ///< the calls so far, which are then forgotten
     {
-        Log taken;
-        taken.swap (*log);
-        return taken;
+        return std::exchange (*log, {});
     }
     ZRect clip; // the present one; zero for none
     double scale = 1.0;
@@ -97,15 +95,13 @@ public:
     void FillPolygon (std::span<const ZPoint> points) override { Write ("FillPolygon" + Listed (points)); }
     void SetFont (std::string_view name, std::int32_t pixels, std::int32_t style) override
     {
-        fontSize = pixels;
         Write ("SetFont " + std::string (name) + " " + std::to_string (pixels) + " " + std::to_string (style));
     }
     void SetFontSize (std::int32_t index, std::int32_t style) override
     {
-        fontSize = kFontSizes[index];
         Write ("SetFontSize " + std::to_string (index) + " " + std::to_string (style));
     }
-    std::int32_t GetFontSize () const override { return fontSize; }
+    std::int32_t GetFontSize () const override { return 12; }
     std::int32_t GetTextWidth (std::string_view text) override { return 6 * static_cast<std::int32_t> (text.size ()); }
     void DrawText (std::string_view text, const ZRect& rect, std::int32_t alignment) override
     {
@@ -162,7 +158,6 @@ private:
 
     std::shared_ptr<Log> log; // shared with the offscreen ones made from this
     bool offscreen = false;
-    std::int32_t fontSize = 12;
     std::vector<ZRect> clips;
 };
 

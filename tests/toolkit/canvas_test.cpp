@@ -6,56 +6,40 @@
 using namespace tessaly;
 using Calls = RecordingCanvasImp::Log;
 
-TEST_CASE ("ZCanvas: every coordinate moves by the origin, the caller's points come back as they were")
-{
-    RecordingCanvasImp back;
-    ZOnscreenCanvas canvas (back);
-    canvas.SetOrigin ({ 100, 50 });
-    std::vector<ZPoint> points{ { 0, 0 }, { 10, 0 }, { 0, 10 } };
-    const auto before = points;
-    canvas.FramePolygon (points);
-    canvas.FillPolygon ({});
-    canvas.MoveTo (1, 2);
-    canvas.LineTo (3, 4);
-    canvas.DrawText ("x", { 0, 0, 5, 5 }, kAlignLeft);
-    canvas.Clear ({ 0, 0, 5, 5 });
-    CHECK (points == before);
-    CHECK (back.Calls () == Calls{ "FramePolygon 100,50 110,50 100,60", "FillPolygon", "MoveTo 101,52", "LineTo 103,54",
-                                   "DrawText 'x' 100,50,105,55 1", "Clear 0,0,5,5" });
-    canvas.SetClipRect ({ 0, 0, 5, 5 });
-    CHECK (back.clip == ZRect{ 100, 50, 105, 55 });
-}
-
-TEST_CASE ("ZCanvas: a copy follows the source's colour key and origin, an empty one is none")
+TEST_CASE ("ZCanvas: every coordinate moves by the origin, what is empty draws nothing, a colour key is followed")
 {
     RecordingCanvasImp back;
     ZOnscreenCanvas canvas (back);
     auto bitmap = NamedBitmap ("knob");
-    canvas.SetOrigin ({ 3, 4 });
+    canvas.SetOrigin ({ 100, 50 });
     ZOffscreenCanvas offscreen (canvas, { 10, 20, 30, 40 });
-    offscreen.FillRect ({ 10, 20, 30, 40 });
-    canvas.CopyCanvas (offscreen, { 10, 20, 30, 40 }, { 10, 20 });
-    CHECK (back.Take () ==
-           Calls{ "CreateOffscreen 13,24,33,44", "> FillRect 0,0,20,20", "CopyCanvas 13,24,33,44 from 0,0" });
-    canvas.SetOrigin ({});
-
-    CHECK (canvas.IsModified ());
-    canvas.SetModified (false);
     canvas.DrawBitmap (bitmap, { 5, 5, 5, 9 }, {});
     canvas.StretchBitmap (bitmap, { 5, 5, 9, 9 }, { 1, 1, 1, 2 });
     canvas.CopyCanvasAlpha (offscreen, { 5, 5, 9, 4 }, {}, 10);
-    CHECK (back.Calls ().empty ());
     CHECK_FALSE (canvas.IsModified ());
 
+    std::vector<ZPoint> points{ { 0, 0 }, { 10, 0 }, { 0, 10 } };
+    canvas.FramePolygon (points);
+    CHECK (points[0] == ZPoint{}); // the caller's points come back as they were
+    canvas.MoveTo (1, 2);
+    canvas.LineTo (3, 4);
+    canvas.DrawText ("x", { 0, 0, 5, 5 }, kAlignLeft);
+    canvas.Clear ({ 0, 0, 5, 5 });
+    offscreen.FillRect ({ 10, 20, 30, 40 });
+    canvas.CopyCanvas (offscreen, { 10, 20, 30, 40 }, { 10, 20 });
     bitmap.SetTransparentColor ({ 1, 2, 3 });
     canvas.DrawBitmap (bitmap, { 5, 5, 9, 9 }, { 7, 8 });
     bitmap.EnableTransparent (false);
     canvas.DrawBitmap (bitmap, { 5, 5, 9, 9 }, { 7, 8 });
-    CHECK (bitmap.GetTransparentColor () == ZColor{ 1, 2, 3 });
-    CHECK (back.Take () == Calls{ "DrawBitmapKeyed knob 5,5,9,9 from 7,8", "DrawBitmap knob 5,5,9,9 from 7,8" });
+    CHECK (canvas.IsModified ());
+    CHECK (back.Take () == Calls{ "CreateOffscreen 110,70,130,90", "FramePolygon 100,50 110,50 100,60", "MoveTo 101,52",
+                                  "LineTo 103,54", "DrawText 'x' 100,50,105,55 1", "Clear 0,0,5,5",
+                                  "> FillRect 0,0,20,20", "CopyCanvas 110,70,130,90 from 0,0",
+                                  "DrawBitmapKeyed knob 105,55,109,59 from 7,8",
+                                  "DrawBitmap knob 105,55,109,59 from 7,8" });
 }
 
-TEST_CASE ("Guards: origin and clip of a canvas and the origin of an event come back however often they moved")
+TEST_CASE ("Guards: origin and clip of a canvas come back however often they moved, an event moves by its origin")
 {
     RecordingCanvasImp back;
     ZOnscreenCanvas canvas (back);
@@ -73,15 +57,7 @@ TEST_CASE ("Guards: origin and clip of a canvas and the origin of an event come 
     FakeEvent window;
     ZEvent event (window);
     event.SetOrigin ({ 100, 50 });
-    window.pointer = { 110, 60 };
-    CHECK (event.GetMousePos () == ZPoint{ 10, 10 });
     event.SetMousePos ({ 20, 20 });
     CHECK (window.pointer == ZPoint{ 120, 70 });
-    event.SetDoubleClickTime (123);
-    CHECK (event.GetDoubleClickTime () == 123);
-    event.SetDoubleClickTime (0);
-    CHECK (event.GetDoubleClickTime () == window.doubleClickTime);
-    event.SetCursor (kHandCursor);
-    event.SetCursor (kDefaultCursor);
-    CHECK (window.cursor == 0);
+    CHECK (event.GetMousePos () == ZPoint{ 20, 20 });
 }

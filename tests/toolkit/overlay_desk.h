@@ -5,6 +5,7 @@
 #include "clipboard.h"
 #include "pane_desk.h"
 #include "recording_canvas.h"
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,34 +20,44 @@ struct FakeClipboard final : ZClipboard
     void SetText (std::string_view text) override { held = text; }
 };
 
-/// A desk with drawn fields and menus that hands input on as an editor does: a press goes to the modal pane if it is
-/// hit, closes it if not, and may begin a capture; keys go to the modal pane; every tick reaches all panes. A character
-/// is 6 pixels a byte wide.
-struct OverlayDesk final : PaneDesk
+/// A desk with one control that opens a drawn field or menu: 60 by 20 pixels in a view at (100, 50). It hands input on
+/// as an editor does: a press goes to the modal pane if it is hit, closes it if not, and may begin a capture; keys go to
+/// the modal pane; every tick reaches all panes. A character is 6 pixels a byte wide.
+template <typename Control>
+struct OverlayDesk : PaneDesk
 {
     RecordingCanvasImp ruler;
     ZOnscreenCanvas measure{ ruler };
     FakeClipboard clipboard;
     ZView surface{ this, { 0, 0, 400, 200 } };
+    ZView view{ this, { 100, 50, 300, 150 } };
+    Control control{ this, { 0, 0, 60, 20 }, 3 };
 
-    OverlayDesk () { root = &surface; }
+    OverlayDesk ()
+    {
+        root = &surface;
+        surface.AddPane (&view);
+        view.AddPane (&control);
+        Adopt (control);
+        control.SetFontActive ({}, kAlignLeft, 2, 0);
+    }
     std::unique_ptr<ZTextEditImp> CreateTextEditImp () override
     {
         return std::make_unique<ZCanvasTextEditImp> (measure, &clipboard);
     }
     std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () override { return std::make_unique<ZCanvasMenuImp> (measure); }
+    bool IsOpen () const { return modal == &control; }
 
-    bool Down (ZPoint point, std::int32_t modifiers = 0)
+    void Down (ZPoint point, std::int32_t modifiers = 0)
     {
         ZEvent event (window);
         const auto mouse = At (point, kLeftButton, modifiers);
-        auto* hit = modal != nullptr ? modal->FindPane (event, mouse) : nullptr;
-        if (hit == nullptr)
-            hit = surface.FindPane (event, mouse);
-        if (modal != nullptr && modal != hit)
+        auto* hit = surface.FindPane (event, mouse);
+        if (modal != nullptr && modal->FindPane (event, mouse) != nullptr)
+            hit = modal;
+        else if (modal != nullptr)
             modal->CloseModal (false);
         capture = hit != nullptr && hit->MouseDown (event, mouse) ? hit : nullptr;
-        return capture != nullptr;
     }
     void Move (ZPoint point, std::int32_t modifiers = 0)
     {
@@ -79,19 +90,40 @@ struct OverlayDesk final : PaneDesk
         for (const char byte : text)
             Stroke (kKeyNone, 0, byte);
     }
-    void Tick (std::uint32_t milliseconds)
+    bool TickDirties (std::uint32_t milliseconds) ///< whether a tick so much later has the control painted
     {
+        for (auto* pane : std::initializer_list<ZPane*>{ &surface, &view, &control })
+            pane->SetDirty (false);
         window.time += milliseconds;
         ZEvent event (window);
         surface.Idle (event, At (window.pointer, 0));
+        return control.IsDirty ();
     }
-    RecordingCanvasImp::Log Painted (ZPane& pane) ///< what drawing the pane takes
+    RecordingCanvasImp::Log Painted () ///< what drawing the control takes
     {
         RecordingCanvasImp paper;
         ZOnscreenCanvas canvas (paper);
-        canvas.SetOrigin (pane.GetOrigin ());
-        pane.Draw (canvas, window.time);
+        canvas.SetOrigin (control.GetOrigin ());
+        control.Draw (canvas, window.time);
         return paper.Take ();
+    }
+
+    /// The call that draws the first text after that one.
+    std::string TextCall (std::string_view after = "")
+    {
+        bool passed = after.empty ();
+        for (const auto& call : Painted ())
+        {
+            passed = passed || call == after;
+            if (passed && call.starts_with ("DrawText"))
+                return call;
+        }
+        return "DrawText ''";
+    }
+    std::string Drawn (std::string_view after = "") ///< that text
+    {
+        const auto call = TextCall (after);
+        return call.substr (10, call.rfind ('\'') - 10);
     }
 };
 

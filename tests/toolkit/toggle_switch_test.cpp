@@ -9,61 +9,44 @@ namespace
 {
 
 /// A toggle switch 90 long at x 10, so with its zones' borders at x 40 and 70.
-struct Board : ControlBoard
+struct Board : BoardOf<ZAnimToggleSwitch>
 {
-    ZAnimToggleSwitch toggle{ this, { 10, 10, 100, 40 }, 5 };
-
     Board ()
+        : BoardOf ({ 10, 10, 100, 40 })
     {
-        Adopt (toggle);
-        toggle.SetStep (0.5f);
-        toggle.SetAnimActive (&strip, 3, 1, {});
-    }
-    Values AfterPress (std::int32_t place)
-    {
-        Press (toggle, { 10 + place, 20 });
-        return TakeValues ();
-    }
-    Values AfterDrag (std::int32_t place)
-    {
-        Drag (toggle, { 10 + place, 20 });
-        return TakeValues ();
-    }
-    Values AfterRelease (std::int32_t place)
-    {
-        Release (toggle, { 10 + place, 20 });
-        return TakeValues ();
+        control.SetStep (0.5f);
+        control.SetAnimActive (&strip, 9, 1, {});
     }
 };
+
+const Values kNothing, kLow{ 0.0f }, kHigh{ 1.0f };
 
 } // namespace
 
 TEST_CASE ("ZToggleSwitch: an end zone sets its position at once, the middle flips at the release")
 {
     Board board;
-    CHECK (board.AfterPress (29).empty ()); // it is there
-    CHECK (board.AfterRelease (29).empty ());
-    CHECK (board.AfterPress (61) == Values{ 1.0f });
-    board.toggle.SetValue (0.0f); // by another hand, while the pointer rests
-    CHECK (board.AfterDrag (61).empty ());
-    board.toggle.SetValue (1.0f);
-    CHECK (board.AfterRelease (61).empty ());
-    CHECK (board.AfterPress (45).empty ());
-    CHECK (board.AfterRelease (45) == Values{ 0.0f });
-    CHECK (board.AfterPress (45).empty ());
-    CHECK (board.AfterDrag (60) == Values{ 1.0f });
-    CHECK (board.AfterDrag (59).empty ());
-    CHECK (board.AfterDrag (30) == Values{ 0.0f });
-    CHECK (board.AfterRelease (30).empty ());
+    CHECK (board.Pressed ({ 39, 20 }) == kNothing); // it is there
+    CHECK (board.Pressed ({ 71, 20 }) == kHigh);
+    board.control.SetValue (0.0f); // by another hand, while the pointer rests
+    CHECK (board.Dragged ({ 71, 20 }) == kNothing);
+    board.control.SetValue (1.0f);
+    CHECK (board.Released ({ 71, 20 }) == kNothing);
+    CHECK (board.Pressed ({ 55, 20 }) == kNothing);
+    CHECK (board.Released ({ 55, 20 }) == kLow);
+    CHECK (board.Pressed ({ 55, 20 }) == kNothing);
+    CHECK (board.Dragged ({ 70, 20 }) == kHigh);
+    CHECK (board.Dragged ({ 69, 20 }) == kNothing);
+    CHECK (board.Dragged ({ 40, 20 }) == kLow);
+    CHECK (board.Released ({ 40, 20 }) == kNothing);
 
-    board.toggle.SetStyle (kHorizontal | kReversed);
-    CHECK (board.AfterPress (29) == Values{ 1.0f });
-    CHECK (board.AfterDrag (61) == Values{ 0.0f });
-    board.toggle.SetZones (80, 85);
-    CHECK (board.AfterDrag (62) == Values{ 1.0f });
+    board.control.SetStyle (kHorizontal | kReversed);
+    CHECK (board.Pressed ({ 39, 20 }) == kHigh);
+    CHECK (board.Dragged ({ 71, 20 }) == kLow);
+    board.control.SetZones (80, 85);
+    CHECK (board.Dragged ({ 72, 20 }) == kHigh);
 
     ZToggleSwitch upright (nullptr, { 0, 0, 10, 31 }, 0);
-    CHECK (upright.GetStyle () == 10);
     CHECK (upright.WantedIndex ({ { 5, 10 } }) == 1); // up to a third from the top is the upper position
     upright.SetValue (1.0f);
     CHECK (upright.WantedIndex ({ { 5, 20 } }) == 0);
@@ -72,25 +55,20 @@ TEST_CASE ("ZToggleSwitch: an end zone sets its position at once, the middle fli
 TEST_CASE ("ZAnimToggleSwitch: shows its position, and the middle while a press is there if the strip has it")
 {
     Board board;
-    const auto frame = [&board] { return board.FrameShown (board.toggle); };
+    auto& toggle = board.control;
+    const auto frame = [&board, &toggle] { return board.FrameShown (toggle); };
     CHECK (frame () == 0);
-    board.AfterPress (45);
+    board.Pressed ({ 55, 20 });
     CHECK (frame () == 1);
-    board.AfterDrag (61);
+    board.Dragged ({ 71, 20 });
     CHECK (frame () == 2);
-    board.AfterDrag (45);
+    board.Dragged ({ 55, 20 });
     CHECK (frame () == 1);
-    board.AfterRelease (61);
+    board.Released ({ 71, 20 });
     CHECK (frame () == 2);
-
-    board.toggle.SetActiveFramePreset (0);
+    toggle.SetActiveFramePreset (0);
+    board.Pressed ({ 55, 20 });
     CHECK (frame () == 1);
-    board.AfterPress (45);
-    CHECK (frame () == 1);
-    board.AfterRelease (45);
+    board.Released ({ 55, 20 });
     CHECK (frame () == 0);
-    board.toggle.SetActiveFramePreset (2); // there is none
-    board.toggle.SetActiveFrames (7, 1, 2);
-    board.toggle.SetAnimActive (&board.strip, 9, 1, {});
-    CHECK (frame () == 7);
 }
