@@ -1,5 +1,3 @@
-#include "event.h"
-#include "fake_event.h"
 #include "recording_canvas.h"
 #include <doctest/doctest.h>
 
@@ -39,7 +37,7 @@ TEST_CASE ("ZCanvas: every coordinate moves by the origin, what is empty draws n
                                   "DrawBitmap knob 105,55,109,59 from 7,8" });
 }
 
-TEST_CASE ("Guards: origin and clip of a canvas come back however often they moved, an event moves by its origin")
+TEST_CASE ("ZCanvasStateSt: origin and clip come back however often they moved")
 {
     RecordingCanvasImp back;
     ZOnscreenCanvas canvas (back);
@@ -53,11 +51,4 @@ TEST_CASE ("Guards: origin and clip of a canvas come back however often they mov
     }
     CHECK (canvas.GetOrigin () == ZPoint{ 1, 1 });
     CHECK (back.clip == ZRect{ 1, 1, 10, 10 });
-
-    FakeEvent window;
-    ZEvent event (window);
-    event.SetOrigin ({ 100, 50 });
-    event.SetMousePos ({ 20, 20 });
-    CHECK (window.pointer == ZPoint{ 120, 70 });
-    CHECK (event.GetMousePos () == ZPoint{ 20, 20 });
 }

@@ -1,10 +1,8 @@
-#include "anim_dial.h"
 #include "control_board.h"
+#include "dial.h"
 #include <doctest/doctest.h>
-#include <limits>
 
 using namespace tessaly;
-using doctest::Approx;
 
 namespace
 {
@@ -15,7 +13,7 @@ constexpr ZPoint kAbove{ 130, 110 };
 constexpr ZPoint kRight{ 150, 130 };
 
 /// A dial around (130, 130) with the usual sweep: 90 degrees are 0.3 of it.
-struct Board : BoardOf<ZAnimDial>
+struct Board : BoardOf<ZDial>
 {
     explicit Board (std::int32_t mode)
         : BoardOf ({ 100, 100, 160, 160 })
@@ -122,23 +120,4 @@ TEST_CASE ("ZDial: a straight drag adds up and right, does not jump with the fin
                        { { 131, 900 }, 0.01 } });
     board.control.SetLinearScale (2.0f);
     board.CheckDrag ({ { { 132, 900 }, 0.04 } }); // two pixels from the stop, two steps each
-}
-
-TEST_CASE ("ZAnimDial: shows the frame nearest to its value, of the strip of each look")
-{
-    Board board (kDialLinear);
-    CHECK (ZDial (nullptr, { 10, 10, 70, 51 }, 0).GetCenter () == ZPoint{ 30, 20 });
-    board.control.SetAnimActive (&board.strip, 11, 1, {});
-    board.control.SetAnimInactive (&board.strip, 3, 1, {});
-    board.control.SetColorActive ({ 1, 1, 1 });
-    const auto nan = std::numeric_limits<float>::quiet_NaN ();
-    for (const auto& [value, frame] :
-         { std::pair{ 0.04f, 0 }, { 0.05f, 1 }, { 0.94f, 9 }, { 1e30f, 10 }, { -1e30f, 0 }, { nan, 0 }, { 1.0f, 10 } })
-    {
-        board.control.SetValue (value);
-        CHECK (board.FrameShown (board.control) == frame);
-    }
-    CHECK (board.Drawn (board.control).front () == "SetColor 1,1,1,255");
-    board.control.SetActive (false);
-    CHECK (board.FrameShown (board.control) == 2);
 }

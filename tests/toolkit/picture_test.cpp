@@ -1,11 +1,41 @@
+#include "anim_dial.h"
+#include "anim_rotary_switch.h"
 #include "anim_vu_meter.h"
 #include "bitmap_picture.h"
 #include "control_board.h"
 #include <doctest/doctest.h>
+#include <limits>
 
 using namespace tessaly;
 
-TEST_CASE ("Pictures and meters: show their image and their frame, and the mouse reaches what lies below")
+namespace
+{
+
+/// The frame of its strip that a control of four positions shows for a value.
+template <typename Control>
+int FrameAt (float value, std::int32_t frames)
+{
+    BoardOf<Control> board ({ 0, 0, 10, 10 });
+    board.control.SetAnimActive (&board.strip, frames, 1, {});
+    board.control.SetStep (0.25f);
+    board.control.SetValue (value);
+    return board.FrameShown (board.control);
+}
+
+} // namespace
+
+TEST_CASE ("Strips: a dial shows the frame nearest to its value, a meter its part of the range, a switch its position")
+{
+    for (const auto& [value, frame] :
+         { std::pair{ 0.04f, 0 }, { 0.05f, 1 }, { 0.94f, 9 }, { 1e30f, 10 }, { 1.0f, 10 } })
+        CHECK (FrameAt<ZAnimDial> (value, 11) == frame);
+    CHECK (FrameAt<ZAnimDial> (std::numeric_limits<float>::quiet_NaN (), 11) == 0);
+    for (const auto& [value, frame] : { std::pair{ 0.049f, 0 }, { 0.05f, 1 }, { 0.999f, 19 }, { 1.0f, 19 } })
+        CHECK (FrameAt<ZAnimVuMeter> (value, 20) == frame);
+    CHECK (FrameAt<ZAnimRotarySwitch> (2.0f / 3, 40) == 2); // whatever the length of the strip
+}
+
+TEST_CASE ("Pictures and meters: the mouse reaches what lies below, and a meter that rests is not drawn again")
 {
     ControlBoard board;
     ZView root (&board, { 0, 0, 100, 100 });
@@ -13,17 +43,13 @@ TEST_CASE ("Pictures and meters: show their image and their frame, and the mouse
     below.SetFrame ({ 0, 0, 50, 50 });
     const auto picture = CreateBitmapPicture (&board, { 0, 0, 40, 30 }, 1, &board.strip, { 3, 4 });
     const auto meter = CreateAnim<ZAnimVuMeter> (&board, { 0, 0, 10, 10 }, 2, &board.strip, 20, 1, {});
-    for (ZPane* pane : { &below, static_cast<ZPane*> (picture.get ()), static_cast<ZPane*> (meter.get ()) })
+    for (ZPane* pane : std::initializer_list<ZPane*>{ &below, picture.get (), meter.get () })
         root.AddPane (pane);
     ZEvent event (board.window);
     CHECK (root.FindPane (event, board.At ({ 5, 5 })) == &below);
     CHECK (board.Drawn (*picture) == std::vector<std::string>{ "DrawBitmap strip 0,0,40,30 from 3,4" });
-    for (const auto& [value, frame] : { std::pair{ 0.049f, 0 }, { 0.05f, 1 }, { 0.999f, 19 }, { 1.0f, 19 } })
-    {
-        meter->SetValue (value);
-        CHECK (board.FrameShown (*meter) == frame);
-    }
+    meter->SetDirty (false);
     root.SetDirty (false);
-    meter->SetValue (1.0f); // rests, so it is not drawn again
+    meter->SetValue (0.0f);
     CHECK_FALSE (meter->IsDirty ());
 }

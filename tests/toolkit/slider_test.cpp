@@ -1,11 +1,8 @@
-#include "anim_slide_switch.h"
 #include "control_board.h"
 #include "knob_slider.h"
-#include <array>
 #include <doctest/doctest.h>
 
 using namespace tessaly;
-using doctest::Approx;
 using Values = std::vector<float>;
 
 namespace
@@ -149,23 +146,4 @@ TEST_CASE ("ZKnobSlider: draws the background, and over it the knob in its place
                                                                     "DrawBitmap strip 95,50,105,60 from 1,2" });
     board.control.SetActive (false);
     CHECK (board.Drawn (board.control) == std::vector<std::string>{ "DrawBitmap strip 95,50,105,60 from 3,4" });
-}
-
-TEST_CASE ("ZSlideSwitch: rests on positions, each with an equal part of the whole track, and takes presses on labels")
-{
-    BoardOf<ZAnimSlideSwitch> board ({ 0, 0, 90, 10 });
-    auto& slide = board.control;
-    slide.SetStep (1.0f / 3);
-    slide.SetAnimActive (&board.strip, 3, 1, {});
-    slide.SetDragMode (kSliderKnob); // jumps nevertheless
-
-    CHECK (board.Press (slide, { 45, 5 }));
-    for (const std::int32_t x : { 50, 59, 61, 89, 500, 31, 29, -7 })
-        board.Drag (slide, { x, 5 });
-    CHECK (board.TakeValues () == Values{ 0.5f, 1.0f, 0.5f, 0.0f });
-
-    const std::array labels{ ZRect{ 0, 10, 30, 20 }, ZRect{ 30, 10, 60, 20 }, ZRect{ 60, 10, 90, 20 } };
-    slide.AddRegions (labels);
-    CHECK (board.Pressed ({ 70, 15 }).front () == 1.0f);
-    CHECK (board.FrameShown (slide) == 2);
 }

@@ -1,0 +1,165 @@
+#include "anim_rotary_switch.h"
+#include "anim_slide_switch.h"
+#include "anim_toggle_switch.h"
+#include "control_board.h"
+#include <algorithm>
+#include <array>
+#include <doctest/doctest.h>
+
+using namespace tessaly;
+
+namespace
+{
+
+using Values = std::vector<float>;
+
+const Values kNone, kLow{ 0.0f }, kHigh{ 1.0f };
+
+/// A rotary switch around (130, 130) with the usual sweep.
+struct Rotary : BoardOf<ZAnimRotarySwitch>
+{
+    Rotary (std::int32_t mode, float step)
+        : BoardOf ({ 100, 100, 160, 160 })
+    {
+        control.SetDragMode (mode);
+        control.SetStep (step);
+    }
+};
+
+/// A toggle switch 90 long at x 10, so with its zones' borders at x 40 and 70.
+struct Toggle : BoardOf<ZAnimToggleSwitch>
+{
+    Toggle ()
+        : BoardOf ({ 10, 10, 100, 40 })
+    {
+        control.SetStep (0.5f);
+        control.SetAnimActive (&strip, 9, 1, {});
+    }
+    int Frame () { return FrameShown (control); }
+};
+
+} // namespace
+
+TEST_CASE ("ZRotarySwitch: a drag sends positions and nothing between them")
+{
+    Rotary straight (kDialLinear, 1.0f / 3);
+    straight.Pressed ({ 130, 130 });
+    for (std::int32_t y = 129; y > 0; --y)
+        straight.Drag (straight.control, { 130, y });
+    for (std::int32_t y = 1; y < 130; ++y)
+        straight.Drag (straight.control, { 130, y });
+    CHECK (straight.TakeValues () == Values{ 0.5f, 1.0f, 0.5f, 0.0f });
+
+    Rotary jump (kDialJump, 1.0f / 3);
+    CHECK (jump.Pressed ({ 110, 130 }) == kLow); // 90 degrees are in the first third, whose value the turn counts from
+    for (const ZPoint point : { ZPoint{ 130, 110 }, { 150, 130 }, { 149, 149 }, { 131, 150 } })
+        jump.Drag (jump.control, point);
+    CHECK (jump.TakeValues () == Values{ 0.5f, 1.0f });
+
+    straight.control.SetStep (1.0f); // a single position
+    straight.Pressed ({ 130, 130 });
+    CHECK (straight.Dragged ({ 130, 0 }) == kNone);
+    jump.control.SetStep (1e-30f); // more positions than can be counted
+    CHECK (jump.Pressed ({ 130, 110 }).front () == doctest::Approx (0.5).epsilon (0.01));
+}
+
+TEST_CASE ("ZRotarySwitch: by angle each position has an equal part of the widened sweep, a press beyond is refused")
+{
+    struct Row
+    {
+        ZPoint point;
+        std::int32_t index; // -1: refused
+    };
+    Rotary board (kDialJump, 0.1f);
+    board.control.SetDegreeRange (90, 270); // widened to 81 to 279, for ten positions
+    for (const auto& row :
+         { Row{ { 130, 150 }, -1 }, Row{ { 110, 139 }, -1 }, // 65, beyond the half position that is left to the sweep
+           Row{ { 110, 135 }, 0 },                           // 75
+           Row{ { 110, 126 }, 1 },                           // 102, just in the second
+           Row{ { 150, 126 }, 8 },                           // 259, just short of the last
+           Row{ { 130, 110 }, 5 } })                         // the middle, where the sixth position begins
+    {
+        CAPTURE (row.index);
+        CHECK (board.Press (board.control, row.point) == (row.index >= 0));
+        CHECK (board.control.GetIndex () == std::max (row.index, 0));
+    }
+    board.control.SetOppositeGripEnabled (true);
+    CHECK (board.Press (board.control, { 130, 150 })); // opposite its pointer
+    CHECK (board.control.GetIndex () == 5);
+}
+
+TEST_CASE ("ZRotarySwitch: a press on a label chooses its position at once, in every mode")
+{
+    for (const auto mode : { kDialJump, kDialTurn, kDialLinear })
+    {
+        Rotary board (mode, 1.0f / 3);
+        const std::array labels{ ZRect{ -30, 0, -10, 10 }, ZRect{ 20, -20, 40, -10 }, ZRect{ 70, 0, 90, 10 } };
+        board.control.AddRegions (labels);
+        board.control.AddRegion ({ 0, 70, 60, 80 }, ZLabelRegions::kNone);
+        board.control.AddRegion ({ 65, 0, 95, 10 }, 0);
+        CHECK (board.control.FindRegion ({ 130, 175 }) == 3);
+        CHECK (board.control.FindRegion ({ 195, 105 }) == ZLabelRegions::kNone);
+        CHECK (board.Pressed ({ 175, 105 }) == kHigh); // of two the first that holds it
+        CHECK (board.Pressed ({ 190, 105 }) == kLow);
+        CHECK (board.Pressed ({ 125, 85 }) == Values{ 0.5f });
+    }
+}
+
+TEST_CASE ("ZSlideSwitch: rests on positions, each with an equal part of the whole track, and takes presses on labels")
+{
+    BoardOf<ZAnimSlideSwitch> board ({ 0, 0, 90, 10 });
+    auto& slide = board.control;
+    slide.SetStep (1.0f / 3);
+    slide.SetDragMode (kSliderKnob); // jumps nevertheless
+    board.Press (slide, { 45, 5 });
+    for (const std::int32_t x : { 50, 59, 61, 89, 500, 31, 29, -7 })
+        board.Drag (slide, { x, 5 });
+    CHECK (board.TakeValues () == Values{ 0.5f, 1.0f, 0.5f, 0.0f });
+    const std::array labels{ ZRect{ 0, 10, 30, 20 }, ZRect{ 30, 10, 60, 20 }, ZRect{ 60, 10, 90, 20 } };
+    slide.AddRegions (labels);
+    CHECK (board.Press (slide, { 70, 15 }));
+    CHECK (slide.GetIndex () == 2);
+}
+
+TEST_CASE ("ZToggleSwitch: an end zone sets its position at once, the middle flips at the release")
+{
+    Toggle board;
+    CHECK (board.Pressed ({ 39, 20 }) == kNone); // it is there
+    CHECK (board.Pressed ({ 71, 20 }) == kHigh);
+    board.control.SetValue (0.0f); // by another hand, while the pointer rests
+    CHECK (board.Dragged ({ 71, 20 }) == kNone);
+    board.control.SetValue (1.0f);
+    CHECK (board.Released ({ 71, 20 }) == kNone);
+    CHECK (board.Pressed ({ 55, 20 }) == kNone);
+    CHECK (board.Released ({ 55, 20 }) == kLow);
+    CHECK (board.Pressed ({ 55, 20 }) == kNone);
+    CHECK (board.Dragged ({ 70, 20 }) == kHigh);
+    CHECK (board.Dragged ({ 69, 20 }) == kNone);
+    CHECK (board.Dragged ({ 40, 20 }) == kLow);
+    CHECK (board.Released ({ 40, 20 }) == kNone);
+
+    board.control.SetStyle (kHorizontal | kReversed);
+    CHECK (board.Pressed ({ 39, 20 }) == kHigh);
+    CHECK (board.Dragged ({ 71, 20 }) == kLow);
+
+    ZToggleSwitch upright (nullptr, { 0, 0, 10, 31 }, 0);
+    CHECK (upright.WantedIndex ({ { 5, 10 } }) == 1); // up to a third from the top is the upper position
+}
+
+TEST_CASE ("ZAnimToggleSwitch: shows its position, and the middle while a press is there if the strip has it")
+{
+    Toggle board;
+    board.Pressed ({ 55, 20 });
+    CHECK (board.Frame () == 1);
+    board.Dragged ({ 71, 20 });
+    CHECK (board.Frame () == 2);
+    board.Dragged ({ 55, 20 });
+    CHECK (board.Frame () == 1);
+    board.Released ({ 71, 20 });
+    CHECK (board.Frame () == 2);
+    board.control.SetActiveFramePreset (0); // two frames
+    board.Pressed ({ 55, 20 });
+    CHECK (board.Frame () == 1);
+    board.Released ({ 55, 20 });
+    CHECK (board.Frame () == 0);
+}
