@@ -50,24 +50,6 @@ void CheckPresses (std::initializer_list<Row> rows)
     }
 }
 
-/// A radio group of three on/off buttons beside each other, at x 0, 10 and 20.
-struct Radio : ControlBoard
-{
-    ZMultiButton group{ this, 7 };
-
-    Radio ()
-    {
-        group.SetStep (1.0f / 3);
-        for (std::int32_t i = 0; i < 3; ++i)
-        {
-            auto button = std::make_unique<ZAnimOnOffButton> (this, ZRect{ 10 * i, 0, 10 * i + 10, 10 }, -2);
-            button->SetAnimActive (&strip, 4, 1, {});
-            group.AddButton (i, std::move (button));
-        }
-        Adopt (group);
-    }
-};
-
 } // namespace
 
 TEST_CASE ("ZClickButton: presses, releases and repeats as its behaviour says, and is down while pressed inside")
@@ -80,15 +62,15 @@ TEST_CASE ("ZClickButton: presses, releases and repeats as its behaviour says, a
           { kClickPress | kClickRepeat, false, { kTwice, kNone, kOne, kNone }, { 1, 0, 1, 0 } } });
 }
 
-TEST_CASE ("ZClickButton: repeats come one interval apart, also across a wrap of the clock")
+TEST_CASE ("ZClickButton: without repeats a leave ends the press, with them they come one interval apart")
 {
-    for (const std::uint32_t start : { 10000u, 0xFFFFFFA0u, 0u })
+    BoardOf<ZClickButton> board (kPlace);
+    CHECK (board.Press (board.control, kInside));
+    CHECK_FALSE (board.Drag (board.control, kOutside));
+    board.control.SetBehaviour (kClickRepeat);
+    CHECK (board.Drag (board.control, kOutside));
+    for (const std::uint32_t start : { 10000u, 0xFFFFFFA0u, 0u }) // the clock may wrap
     {
-        BoardOf<ZClickButton> board (kPlace);
-        CHECK (board.Press (board.control, kInside));
-        CHECK_FALSE (board.Drag (board.control, kOutside)); // without repeats: gives the capture back
-        board.control.SetBehaviour (kClickRepeat);
-        CHECK (board.Drag (board.control, kOutside));
         board.window.time = start;
         board.Pressed (kInside);
         board.window.time = start + 200;
@@ -100,13 +82,13 @@ TEST_CASE ("ZClickButton: repeats come one interval apart, also across a wrap of
 
 TEST_CASE ("ZOnOffButton: switches when its behaviour says, and shows where a press would lead")
 {
-    const auto usual = kOffActsAtPress | kOnActsAtRelease;
+    // Its frames: off, going on, on, going off
     CheckPresses<ZAnimOnOffButton> (
-        { { usual, false, { kOne, kZero, kOne, kNone }, { kStateGoingOn, kStateOff, kStateGoingOn, kStateOn } },
-          { usual, true, { kNone, kNone, kNone, kZero }, { kStateGoingOff, kStateOn, kStateGoingOff, kStateOff } },
-          { kOnActsAtPress, true, { kZero, kOne, kZero, kNone }, { kStateGoingOff, kStateOn, kStateGoingOff, 0 } },
-          { kOffActsAtRelease, false, { kNone, kNone, kNone, kOne }, { kStateGoingOn, 0, kStateGoingOn, kStateOn } },
-          { kOffActsAtRelease, true, { kNone, kNone, kNone, kNone }, { kStateGoingOn, 2, kStateGoingOn, kStateOn } } });
+        { { kOffActsAtPress | kOnActsAtRelease, false, { kOne, kZero, kOne, kNone }, { 1, 0, 1, 2 } },
+          { kOffActsAtPress | kOnActsAtRelease, true, { kNone, kNone, kNone, kZero }, { 3, 2, 3, 0 } },
+          { kOnActsAtPress, true, { kZero, kOne, kZero, kNone }, { 3, 2, 3, 0 } },
+          { kOffActsAtRelease, false, { kNone, kNone, kNone, kOne }, { 1, 0, 1, 2 } },
+          { kOffActsAtRelease, true, { kNone, kNone, kNone, kNone }, { 1, 2, 1, 2 } } }); // from on it does nothing
 }
 
 TEST_CASE ("Buttons: have a table of frames for each look, and presets of it")
@@ -128,39 +110,47 @@ TEST_CASE ("Buttons: have a table of frames for each look, and presets of it")
 
 TEST_CASE ("ZMultiButton: one of the group is on, a press selects another or falls back, and all show it")
 {
-    Radio radio;
-    ZView root (&radio, { 0, 0, 100, 100 });
-    root.AddPane (&radio.group);
-    const auto lit = [&]
+    ControlBoard board;
+    ZMultiButton group (&board, 7);
+    group.SetStep (1.0f / 3);
+    for (std::int32_t i = 0; i < 3; ++i)
     {
-        root.Paint (radio.canvas, 0, {});
+        auto button = std::make_unique<ZAnimOnOffButton> (&board, ZRect{ 10 * i, 0, 10 * i + 10, 10 }, -2);
+        button->SetAnimActive (&board.strip, 4, 1, {});
+        group.AddButton (i, std::move (button));
+    }
+    board.Adopt (group);
+    ZView root (&board, { 0, 0, 100, 100 });
+    root.AddPane (&group);
+    const auto lit = [&] // the frames of a pass
+    {
+        root.Paint (board.canvas, 0, {});
         std::string frames;
-        for (const auto& call : radio.surface.Take ())
+        for (const auto& call : board.surface.Take ())
             frames += call.back ();
         return frames;
     };
     CHECK (lit () == "200");
     CHECK (lit () == ""); // nothing has changed
-    radio.group.SetIndex (1);
-    CHECK (radio.Press (radio.group, { 25, 5 }));
+    group.SetIndex (1);
+    CHECK (board.Press (group, { 25, 5 }));
     CHECK (lit () == "001");
-    CHECK (radio.Drag (radio.group, { 25, 50 })); // off it: taken back
+    CHECK (board.Drag (group, { 25, 50 })); // off it: taken back
     CHECK (lit () == "020");
-    CHECK (radio.Drag (radio.group, { 25, 5 }));
-    CHECK_FALSE (radio.Release (radio.group, { 25, 5 }));
+    CHECK (board.Drag (group, { 25, 5 }));
+    CHECK_FALSE (board.Release (group, { 25, 5 }));
     CHECK (lit () == "002");
-    CHECK (radio.TakeValues () == Values{ 1.0f, 0.5f, 1.0f });
+    CHECK (board.TakeValues () == Values{ 1.0f, 0.5f, 1.0f });
 
-    radio.group.SetOffIndex (1);
-    radio.Press (radio.group, { 25, 5 });
-    radio.Release (radio.group, { 25, 5 });
+    group.SetOffIndex (1);
+    board.Press (group, { 25, 5 });
+    board.Release (group, { 25, 5 });
     CHECK (lit () == "020"); // a second press falls back to the off index
-    CHECK_FALSE (radio.Drag (radio.group, { 5, 5 }));
-    CHECK_FALSE (radio.Press (radio.group, { 35, 5 }));
-    ZEvent event (radio.window);
-    CHECK (root.FindPane (event, radio.At ({ 15, 5 })) == &radio.group);
-    CHECK (root.FindPane (event, radio.At ({ 35, 5 })) == nullptr);
-    radio.Press (radio.group, { 5, 5 });
-    radio.group.DeleteAllButtons (); // in mid-press
-    CHECK_FALSE (radio.Drag (radio.group, { 5, 5 }));
+    ZEvent event (board.window);
+    CHECK (root.FindPane (event, board.At ({ 15, 5 })) == &group);
+    CHECK (root.FindPane (event, board.At ({ 35, 5 })) == nullptr);
+    CHECK_FALSE (board.Press (group, { 35, 5 }));
+    board.Press (group, { 5, 5 });
+    group.DeleteAllButtons (); // in mid-press
+    CHECK_FALSE (board.Drag (group, { 5, 5 }));
 }

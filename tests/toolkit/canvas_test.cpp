@@ -36,19 +36,3 @@ TEST_CASE ("ZCanvas: every coordinate moves by the origin, what is empty draws n
                                   "DrawBitmapKeyed knob 105,55,109,59 from 7,8",
                                   "DrawBitmap knob 105,55,109,59 from 7,8" });
 }
-
-TEST_CASE ("ZCanvasStateSt: origin and clip come back however often they moved")
-{
-    RecordingCanvasImp back;
-    ZOnscreenCanvas canvas (back);
-    canvas.SetOrigin ({ 1, 1 });
-    canvas.SetClipRect ({ 0, 0, 9, 9 });
-    {
-        const ZCanvasStateSt state (canvas);
-        canvas.SetOrigin ({ 2, 2 });
-        canvas.SetOrigin ({ 3, 3 });
-        canvas.ClearClip ();
-    }
-    CHECK (canvas.GetOrigin () == ZPoint{ 1, 1 });
-    CHECK (back.clip == ZRect{ 1, 1, 10, 10 });
-}

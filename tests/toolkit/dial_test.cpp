@@ -25,20 +25,6 @@ struct Board : BoardOf<ZDial>
 
 } // namespace
 
-TEST_CASE ("ZVectorToDegree: absolute degrees grow clockwise from below, in quarters and eighths of a turn exactly")
-{
-    ZVectorToDegree sweep;
-    sweep.SetCenter ({ 5, 5 });
-    std::int32_t expected = 0;
-    for (const ZPoint point : { ZPoint{ 5, 15 }, { -5, 15 }, { -5, 5 }, { -5, -5 }, { 5, -5 }, { 15, -5 }, { 15, 5 } })
-    {
-        CHECK (sweep.GetAbsoluteDegree (point) == expected);
-        expected += 45;
-    }
-    CHECK (Wrap360 (-725) == 355);
-    CHECK (Wrap180 (180) == -180);
-}
-
 TEST_CASE ("ZVectorToDegree: relative degrees begin opposite the middle of the sweep and grow along it")
 {
     struct Row

@@ -3,7 +3,6 @@
 #include "draw_back.h"
 #include "draw_font.h"
 #include "draw_knob.h"
-#include "draw_text.h"
 #include "recording_canvas.h"
 #include <doctest/doctest.h>
 
@@ -75,18 +74,6 @@ TEST_CASE ("ZDrawAnim: a frame is looked up in the strip, at its own height or t
     CHECK (sheet.Active (anim, rect, 3) == Calls{ "DrawBitmap art 10,10,50,50 from 0,0" });
     anim.SetAnimActive (nullptr, 2, 0, {});
     CHECK (sheet.Active (anim, rect, 0).empty ());
-}
-
-TEST_CASE ("ZDrawText: writes in a named font, whose name is cut at a whole character")
-{
-    Sheet sheet;
-    ZDrawText text;
-    const ZRect rect{ 0, 0, 90, 20 };
-    text.SetNamedFontInactive ({ 1, 2, 3 }, 20, "Serif", 17, kItalic);
-    CHECK (sheet.Inactive (text, rect, "x") ==
-           Calls{ "SetColor 1,2,3,255", "SetFont Serif 17 2", "DrawText 'x' 0,0,90,20 20" });
-    text.SetNamedFontActive ({}, 0, std::string (254, 'n') + "\xC3\xA4", 9, 0);
-    CHECK (text.GetRecordActive ().fontName.size () == 254);
 }
 
 TEST_CASE ("Bitmap fonts: a row stands left, in the middle or, without a word about it, at the right and the bottom")

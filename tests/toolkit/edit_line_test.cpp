@@ -68,10 +68,9 @@ TEST_CASE ("ZEditLine: 255 bytes at most, in whole characters, wherever they com
 {
     Line line;
     line.SetText (std::string (254, 'a') + "\u00e4");
+    line.Insert ("\u00e4");
     CHECK (line.GetText () == std::string (254, 'a'));
     line.MoveTo (1, false);
-    line.Insert ("\u00e4");
-    CHECK (line.GetText ().size () == 254);
     line.Insert ("bc");
     CHECK (line.GetText () == "ab" + std::string (253, 'a'));
     line.SelectAll ();

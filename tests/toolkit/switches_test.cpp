@@ -131,12 +131,19 @@ TEST_CASE ("ZToggleSwitch: an end zone sets its position at once, the middle fli
     board.control.SetValue (1.0f);
     CHECK (board.Released ({ 71, 20 }) == kNone);
     CHECK (board.Pressed ({ 55, 20 }) == kNone);
+    CHECK (board.Frame () == 1); // of low, middle and high
     CHECK (board.Released ({ 55, 20 }) == kLow);
+    CHECK (board.Frame () == 0);
     CHECK (board.Pressed ({ 55, 20 }) == kNone);
     CHECK (board.Dragged ({ 70, 20 }) == kHigh);
+    CHECK (board.Frame () == 2);
     CHECK (board.Dragged ({ 69, 20 }) == kNone);
+    CHECK (board.Frame () == 1);
+    board.control.SetActiveFramePreset (0); // without a middle
+    CHECK (board.Frame () == 1);
     CHECK (board.Dragged ({ 40, 20 }) == kLow);
     CHECK (board.Released ({ 40, 20 }) == kNone);
+    CHECK (board.Frame () == 0);
 
     board.control.SetStyle (kHorizontal | kReversed);
     CHECK (board.Pressed ({ 39, 20 }) == kHigh);
@@ -144,22 +151,4 @@ TEST_CASE ("ZToggleSwitch: an end zone sets its position at once, the middle fli
 
     ZToggleSwitch upright (nullptr, { 0, 0, 10, 31 }, 0);
     CHECK (upright.WantedIndex ({ { 5, 10 } }) == 1); // up to a third from the top is the upper position
-}
-
-TEST_CASE ("ZAnimToggleSwitch: shows its position, and the middle while a press is there if the strip has it")
-{
-    Toggle board;
-    board.Pressed ({ 55, 20 });
-    CHECK (board.Frame () == 1);
-    board.Dragged ({ 71, 20 });
-    CHECK (board.Frame () == 2);
-    board.Dragged ({ 55, 20 });
-    CHECK (board.Frame () == 1);
-    board.Released ({ 71, 20 });
-    CHECK (board.Frame () == 2);
-    board.control.SetActiveFramePreset (0); // two frames
-    board.Pressed ({ 55, 20 });
-    CHECK (board.Frame () == 1);
-    board.Released ({ 55, 20 });
-    CHECK (board.Frame () == 0);
 }

@@ -45,10 +45,6 @@ TEST_CASE ("ZTextEdit: a double click opens the field over the text, and what is
     CHECK (r.surface.IsDirty ());
     CHECK (r.Drawn () == "8 whole");
 
-    r.Open ();
-    r.Stroke (kKeyEnter, 0, 3); // unchanged: the precision of the text
-    CHECK (r.TakeValues () == Values{ 0.75f });
-
     r.control.SetFrame ({ 20, 4, 40, 14 }); // too small for a field
     r.DoubleClick ({ 121, 55 });
     CHECK (r.control.GetDrawRect () == ZRect{ 16, 2, 44, 16 });
@@ -58,26 +54,26 @@ TEST_CASE ("ZTextEdit: a double click opens the field over the text, and what is
     CHECK (r.control.GetHitRect () == ZRect{ 20, 4, 40, 14 });
 }
 
-TEST_CASE (
-    "ZTextEdit: escape, a press elsewhere and an unreadable text leave the value alone, the surface is repainted")
+TEST_CASE ("ZTextEdit: escape, a press elsewhere and an unreadable text close the field and leave the value alone")
 {
     Readout r;
-    for (const char* text : { "escape", "press", "x", "nan", "1e999" })
+    for (const auto& [text, key] : { std::pair{ "9", kKeyEscape },
+                                     { "9", kKeyNone }, // a press instead
+                                     { "x", kKeyReturn },
+                                     { "nan", kKeyReturn },
+                                     { "1e999", kKeyReturn } })
     {
         CAPTURE (text);
         r.Open ();
         r.Type (text);
         r.surface.SetDirty (false);
-        if (text == std::string_view ("escape"))
-            r.Stroke (kKeyEscape, 0, 27);
-        else if (text == std::string_view ("press"))
+        if (key == kKeyNone)
             r.Click (kElsewhere);
         else
-            r.Stroke (kKeyReturn);
+            r.Stroke (key);
         CHECK_FALSE (r.IsOpen ());
         CHECK (r.TakeValues ().empty ());
-        CHECK (r.surface.IsDirty ());
-        CHECK (r.Drawn () == "3 whole");
+        CHECK (r.surface.IsDirty ()); // what the field covered
     }
 }
 
@@ -94,22 +90,16 @@ TEST_CASE ("ZTextEdit: the flags choose between dragging and typing")
     CHECK (r.TakeValues () == Values{ 0.5f, 1.0f, 0.875f, 0.75f });
     r.Up ({ 90, 45 });
 
-    struct Row
+    for (const std::int32_t flags : { 0, +kDragUpAndDown, +kEditOnDoubleClick })
     {
-        std::int32_t flags;
-        bool drags, opens;
-    };
-    for (const auto& row :
-         { Row{ 0, false, false }, Row{ kDragUpAndDown, true, false }, Row{ kEditOnDoubleClick, false, true } })
-    {
-        CAPTURE (row.flags);
-        r.control.SetFlags (row.flags);
+        CAPTURE (flags);
+        r.control.SetFlags (flags);
         r.Click (kElsewhere);
         r.Down (kMiddle);
-        CHECK ((r.capture == &r.control) == row.drags);
+        CHECK ((r.capture != nullptr) == (flags == kDragUpAndDown));
         r.Up (kMiddle);
         r.Open ();
-        CHECK (r.IsOpen () == row.opens);
+        CHECK (r.IsOpen () == (flags == kEditOnDoubleClick));
         r.Stroke (kKeyEscape);
     }
     CHECK (r.TakeValues ().empty ());
@@ -235,6 +225,4 @@ TEST_CASE ("ZCanvasTextEditImp: the caret blinks by the clock, paints only when 
     CHECK (r.control.IsDirty ());
     CHECK_FALSE (r.TickDirties (300));
     CHECK_FALSE (r.TickDirties (499));
-    r.control.SetActive (false);
-    CHECK (r.Drawn () == "2.50");
 }
