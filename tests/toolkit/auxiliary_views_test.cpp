@@ -85,11 +85,8 @@ TEST_CASE ("ZHoverView: repaints the lower layer where dirty and the upper one a
     surface.two.SetDirty (true);
     CHECK (surface.Paint () == Calls (all.begin () + 3, all.end ()));
     CHECK (surface.Paint () == Calls (all.begin () + 3, all.end ()));
-    for (ZPane* dirty : { static_cast<ZPane*> (&surface.one), static_cast<ZPane*> (&surface.view) })
-    {
-        dirty->SetDirty (true);
-        CHECK (surface.Paint () == Calls (all.begin () + 2, all.end ()));
-    }
+    surface.one.SetDirty (true);
+    CHECK (surface.Paint () == Calls (all.begin () + 2, all.end ()));
     surface.back.scale = 2.0;
     CHECK (surface.Paint () == all);
 
@@ -97,9 +94,6 @@ TEST_CASE ("ZHoverView: repaints the lower layer where dirty and the upper one a
     ZEvent event (surface.desk.window);
     CHECK (surface.view.FindPane (event, surface.desk.At ({ 12, 22 })) == &surface.one);
     CHECK (surface.view.FindPane (event, surface.desk.At ({ 17, 27 })) == &surface.two);
-    surface.view.SetFrame ({ 0, 0, 8, 8 });
-    CHECK (surface.view.FindPane (event, surface.desk.At ({ 9, 9 })) == nullptr);
-    CHECK (surface.Paint ()[0] == "CreateOffscreen 0,0,8,8");
 }
 
 TEST_CASE ("ZMultiTextView: a dragged control's text shows and stays for half a second, else that under the pointer")

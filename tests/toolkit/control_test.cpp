@@ -44,11 +44,12 @@ TEST_CASE ("ZControl: a wish goes out as a broadcast, and the value comes back f
     CHECK (desk.TakeValues ().empty ());
 }
 
-TEST_CASE ("ZControl: a storage gives value, steps and texts, without one of its parameters there are none")
+TEST_CASE ("ZControl: a storage gives value, range and texts, without one of its parameters there are none")
 {
     static constexpr const char* kModes[]{ "Soft", "Middle", "Hard", nullptr };
     ZParameterStorageBase storage;
     storage.Allocate (1, 2);
+    storage.SetMaximum (0, 24.0f);
     storage.SetStep (0, 1.0f / 24);
     storage.SetNormalized (0, 0.25f);
     storage.SetType (1, kList);
@@ -67,6 +68,7 @@ TEST_CASE ("ZControl: a storage gives value, steps and texts, without one of its
     CHECK (dial.GetValue () < 1.0f);
     dial.UpdateFromStorage (0);
     CHECK (dial.GetValue () == 1.0f);
+    CHECK (dial.GetMaximum () == 24.0f);
 
     mode.SetValue (0.4f); // between two positions
     mode.SetKeySteps (0, 10);

@@ -48,8 +48,6 @@ TEST_CASE ("ZDrawBack: each look draws its own kind, and a kind switched off kee
     CHECK (sheet.Active (back, rect) == Calls{ "DrawBitmap art 1,2,11,22 from 5,6" });
     back.SetColorInactive ({ 7, 8, 9 });
     CHECK (sheet.Inactive (back, rect) == Calls{ "SetColor 7,8,9,255", "FillRect 1,2,11,22" });
-    back.SetKindInactive3 ();
-    CHECK (sheet.Inactive (back, rect) == Calls{ "SetColor 7,8,9,40", "FillRect 1,2,11,22" });
     back.SetBitmapActive (nullptr, {});
     CHECK (sheet.Active (back, rect).empty ());
     ZDrawKnob knob;

@@ -59,8 +59,6 @@ TEST_CASE ("ZRotarySwitch: a drag sends positions and nothing between them")
     straight.control.SetStep (1.0f); // a single position
     straight.Pressed ({ 130, 130 });
     CHECK (straight.Dragged ({ 130, 0 }) == kNone);
-    jump.control.SetStep (1e-30f); // more positions than can be counted
-    CHECK (jump.Pressed ({ 130, 110 }).front () == doctest::Approx (0.5).epsilon (0.01));
 }
 
 TEST_CASE ("ZRotarySwitch: by angle each position has an equal part of the widened sweep, a press beyond is refused")
