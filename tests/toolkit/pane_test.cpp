@@ -122,12 +122,13 @@ TEST_CASE ("ZView: a pass draws what is dirty and nothing else, in the coordinat
     CHECK (tree.Pass () == "FillRect 110,70,140,110");
     tree.pane.SetFrame ({ 10, 20, 40, 60 }); // as it is
     CHECK (tree.Pass () == "");
+    tree.view.HideById (5); // another one's
     tree.view.SetActive (false);
     CHECK (tree.Pass () == "FrameRect 110,70,140,110");
     tree.pane.SetDirty (true);
-    tree.view.Hide ();
+    tree.view.HideById (kEveryPane);
     CHECK (tree.Pass () == "");
-    tree.view.Show ();
+    tree.view.ShowById (kNewPaneId); // its own
     CHECK (tree.Pass () == "FrameRect 110,70,140,110");
     tree.pane.SetDirty (true);
     tree.pane.Hide ();
