@@ -47,6 +47,12 @@ struct BoardOf : ControlBoard
     {
         Adopt (control);
     }
+    BoardOf (const ZRect& frame, std::int32_t dragMode, float value)
+        : BoardOf (frame)
+    {
+        control.SetDragMode (dragMode);
+        control.SetValue (value);
+    }
 
     // A gesture over the control, and what that broadcasts
     Values Pressed (ZPoint point, std::int32_t modifiers = 0)

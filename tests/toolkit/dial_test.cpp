@@ -12,16 +12,9 @@ constexpr ZPoint kLeft{ 110, 130 };
 constexpr ZPoint kAbove{ 130, 110 };
 constexpr ZPoint kRight{ 150, 130 };
 
-/// A dial around (130, 130) with the usual sweep: 90 degrees are 0.3 of it.
-struct Board : BoardOf<ZDial>
-{
-    explicit Board (std::int32_t mode)
-        : BoardOf ({ 100, 100, 160, 160 })
-    {
-        control.SetDragMode (mode);
-        control.SetValue (0.5f);
-    }
-};
+using Board = BoardOf<ZDial>;
+
+constexpr ZRect kPlace{ 100, 100, 160, 160 }; // with the usual sweep: 90 degrees are 0.3 of it
 
 } // namespace
 
@@ -47,7 +40,7 @@ TEST_CASE ("ZVectorToDegree: relative degrees begin opposite the middle of the s
 
 TEST_CASE ("ZDial: a jump goes to the pointer, with the fine modifier it does not, and a quarter of the turn counts")
 {
-    Board board (kDialJump);
+    Board board (kPlace, kDialJump, 0.5f);
     board.Pressed (kLeft);
     board.CheckDrag ({ { kLeft, 0.2 }, { kAbove, 0.5 } });
     CHECK (board.Pressed (kRight, kShift).empty ());
@@ -60,7 +53,7 @@ TEST_CASE ("ZDial: a jump goes to the pointer, with the fine modifier it does no
 
 TEST_CASE ("ZDial: a jump into the gap stays at its end, and turning across the gap does not wrap")
 {
-    Board board (kDialJump);
+    Board board (kPlace, kDialJump, 0.5f);
     board.Pressed ({ 128, 150 });
     board.CheckDrag ({ { { 132, 150 }, 0.0 }, { kRight, 0.0 }, { kBelow, 0.0 }, { kLeft, 0.2 } }); // all the way back
     board.Pressed ({ 132, 150 });
@@ -69,7 +62,7 @@ TEST_CASE ("ZDial: a jump into the gap stays at its end, and turning across the 
 
 TEST_CASE ("ZDial: an opposite grip turns the dial from the far side without a jump")
 {
-    Board board (kDialJump);
+    Board board (kPlace, kDialJump, 0.5f);
     board.control.SetOppositeGripEnabled (true);
     board.Pressed (kBelow);
     board.CheckDrag ({ { kBelow, 0.5 }, { kRight, 0.2 } }); // its pointer has gone to the left
@@ -79,7 +72,7 @@ TEST_CASE ("ZDial: an opposite grip turns the dial from the far side without a j
 
 TEST_CASE ("ZDial: a turn counts from where it began and remembers how far it went beyond the stop")
 {
-    Board board (kDialTurn);
+    Board board (kPlace, kDialTurn, 0.5f);
     CHECK (board.Pressed (kLeft).empty ());
     board.CheckDrag ({ { kAbove, 0.8 },
                        { kRight, 1.0 }, // 1.1
@@ -93,7 +86,7 @@ TEST_CASE ("ZDial: a turn counts from where it began and remembers how far it we
 
 TEST_CASE ("ZDial: a straight drag adds up and right, does not jump with the fine modifier, and turns at a stop")
 {
-    Board board (kDialLinear);
+    Board board (kPlace, kDialLinear, 0.5f);
     CHECK_FALSE (board.Press (board.control, { 130, 130 }, 0, kRightButton));
     CHECK (board.Press (board.control, { 130, 130 }));
     board.CheckDrag ({ { { 120, 120 }, 0.5 }, // up and left

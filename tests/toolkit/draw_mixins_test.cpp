@@ -3,6 +3,7 @@
 #include "draw_back.h"
 #include "draw_font.h"
 #include "draw_knob.h"
+#include "draw_text.h"
 #include "recording_canvas.h"
 #include <doctest/doctest.h>
 
@@ -72,6 +73,15 @@ TEST_CASE ("ZDrawAnim: a frame is looked up in the strip, at its own height or t
     CHECK (sheet.Active (anim, rect, 3) == Calls{ "DrawBitmap art 10,10,50,50 from 0,0" });
     anim.SetAnimActive (nullptr, 2, 0, {});
     CHECK (sheet.Active (anim, rect, 0).empty ());
+}
+
+TEST_CASE ("ZDrawText: writes in a named font, whose name is cut at a whole character")
+{
+    Sheet sheet;
+    ZDrawText text;
+    text.SetNamedFontInactive ({ 1, 2, 3 }, 20, std::string (254, 'n') + "\u00e4", 17, kItalic);
+    CHECK (sheet.Inactive (text, ZRect{ 0, 0, 90, 20 }, "x") ==
+           Calls{ "SetColor 1,2,3,255", "SetFont " + std::string (254, 'n') + " 17 2", "DrawText 'x' 0,0,90,20 20" });
 }
 
 TEST_CASE ("Bitmap fonts: a row stands left, in the middle or, without a word about it, at the right and the bottom")

@@ -32,6 +32,7 @@ TEST_CASE ("ZEditLine: moving, selecting and editing go by characters and words"
         std::string result;
     };
     const Row rows[]{
+        { "abc", 2, [] (Line& l) { l.MoveLeft (kCharacter, false); }, "a|bc" },
         { "a\u00e4\u20acb", 1, [] (Line& l) { l.MoveRight (kCharacter, true); }, "a[\u00e4]\u20acb" },
         { "a\u00e4\u20acb", 6, [] (Line& l) { l.DeleteLeft (kCharacter); }, "a\u00e4|b" },
         { "a\u00e4\u20acb", 1, [] (Line& l) { l.DeleteRight (kCharacter); }, "a|\u20acb" },

@@ -8,16 +8,10 @@ using Values = std::vector<float>;
 namespace
 {
 
-/// A slider 100 long with a knob of 10: its travel is 90 from x 55, where its knob's centre is at value 0.
-struct Board : BoardOf<ZKnobSlider>
-{
-    explicit Board (std::int32_t mode, float value)
-        : BoardOf ({ 50, 50, 150, 60 })
-    {
-        control.SetDragMode (mode);
-        control.SetValue (value);
-    }
-};
+using Board = BoardOf<ZKnobSlider>;
+
+// 100 long with a knob of 10: its travel is 90 from x 55, where its knob's centre is at value 0.
+constexpr ZRect kPlace{ 50, 50, 150, 60 };
 
 } // namespace
 
@@ -42,7 +36,7 @@ TEST_CASE ("ZSlider: the knob stands at its value, from the left or from the bot
 
 TEST_CASE ("ZSlider: a jump centres the knob on the pointer and follows it, a fine drag ends where the pointer is")
 {
-    Board board (kSliderJump, 0.0f);
+    Board board (kPlace, kSliderJump, 0.0f);
     CHECK (board.Pressed ({ 100, 55 }) == Values{ 0.5f });
     board.CheckDrag ({ { { 109, 55 }, 0.6 }, { { 500, 55 }, 1.0 }, { { 136, 55 }, 0.9 } });
     CHECK (board.Pressed ({ 64, 55 }, kShift).empty ());
@@ -53,7 +47,7 @@ TEST_CASE ("ZSlider: a jump centres the knob on the pointer and follows it, a fi
 
 TEST_CASE ("ZSlider: by the knob only, a press on the track is refused")
 {
-    Board board (kSliderKnob, 0.5f);
+    Board board (kPlace, kSliderKnob, 0.5f);
     CHECK_FALSE (board.Press (board.control, { 60, 55 }));
     CHECK (board.Press (board.control, { 96, 55 }));
     board.CheckDrag ({ { { 96, 55 }, 0.5 }, { { 105, 55 }, 0.6 } });
@@ -66,7 +60,7 @@ TEST_CASE ("ZSlider: by the knob only, a press on the track is refused")
 TEST_CASE ("ZSlider: in steps, one comes at the press, further ones after a while until the pointer is reached")
 {
     constexpr std::uint32_t kStart = 0xFFFFFF00u; // wraps on the way
-    Board board (kSliderPage, 0.0f);
+    Board board (kPlace, kSliderPage, 0.0f);
     board.control.SetStep (0.1f);
     const auto after = [&board] (std::uint32_t milliseconds, std::int32_t x, double value, std::int32_t modifiers = 0)
     {
@@ -95,7 +89,7 @@ TEST_CASE ("ZSlider: in steps, one comes at the press, further ones after a whil
 TEST_CASE ("ZSlider: an endless drag holds the hidden cursor where it was pressed and shows it again, come what may")
 {
     constexpr ZPoint kPress{ 70, 55 };
-    Board board (kSliderEndless, 0.5f);
+    Board board (kPlace, kSliderEndless, 0.5f);
     board.Pressed (kPress);
     CHECK (board.window.cursorShown == 0);
     board.CheckDrag ({ { { 79, 55 }, 0.6 } });
@@ -120,7 +114,7 @@ TEST_CASE ("ZSlider: without travel nothing moves")
 {
     for (const auto mode : { kSliderEndless, kSliderJump, kSliderKnob, kSliderPage })
     {
-        Board board (mode, 0.5f);
+        Board board (kPlace, mode, 0.5f);
         board.control.SetKnobRect ({ 0, 0, mode == kSliderJump ? 300 : 100, 10 });
         board.Pressed ({ 70, 55 });
         board.CheckDrag ({ { { 90, 55 }, 0.5 } });
@@ -130,7 +124,7 @@ TEST_CASE ("ZSlider: without travel nothing moves")
 
 TEST_CASE ("ZKnobSlider: draws the background, and over it the knob in its place")
 {
-    Board board (kSliderJump, 0.5f);
+    Board board (kPlace, kSliderJump, 0.5f);
     board.control.ZDrawBack::SetBitmapActive (&board.strip, { 7, 8 });
     board.control.ZDrawKnob::SetBitmapActive (&board.strip, { 1, 2 });
     board.control.ZDrawKnob::SetBitmapInactive (&board.strip, { 3, 4 });

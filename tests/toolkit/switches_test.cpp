@@ -15,34 +15,16 @@ using Values = std::vector<float>;
 
 const Values kNone, kLow{ 0.0f }, kHigh{ 1.0f };
 
-/// A rotary switch around (130, 130) with the usual sweep.
-struct Rotary : BoardOf<ZAnimRotarySwitch>
-{
-    Rotary (std::int32_t mode, float step)
-        : BoardOf ({ 100, 100, 160, 160 })
-    {
-        control.SetDragMode (mode);
-        control.SetStep (step);
-    }
-};
+using Rotary = BoardOf<ZAnimRotarySwitch>;
 
-/// A toggle switch 90 long at x 10, so with its zones' borders at x 40 and 70.
-struct Toggle : BoardOf<ZAnimToggleSwitch>
-{
-    Toggle ()
-        : BoardOf ({ 10, 10, 100, 40 })
-    {
-        control.SetStep (0.5f);
-        control.SetAnimActive (&strip, 9, 1, {});
-    }
-    int Frame () { return FrameShown (control); }
-};
+constexpr ZRect kPlace{ 100, 100, 160, 160 }; // of a rotary switch
 
 } // namespace
 
 TEST_CASE ("ZRotarySwitch: a drag sends positions and nothing between them")
 {
-    Rotary straight (kDialLinear, 1.0f / 3);
+    Rotary straight (kPlace, kDialLinear, 0.0f);
+    straight.control.SetStep (1.0f / 3);
     straight.Pressed ({ 130, 130 });
     for (std::int32_t y = 129; y > 0; --y)
         straight.Drag (straight.control, { 130, y });
@@ -50,7 +32,8 @@ TEST_CASE ("ZRotarySwitch: a drag sends positions and nothing between them")
         straight.Drag (straight.control, { 130, y });
     CHECK (straight.TakeValues () == Values{ 0.5f, 1.0f, 0.5f, 0.0f });
 
-    Rotary jump (kDialJump, 1.0f / 3);
+    Rotary jump (kPlace, kDialJump, 0.0f);
+    jump.control.SetStep (1.0f / 3);
     CHECK (jump.Pressed ({ 110, 130 }) == kLow); // 90 degrees are in the first third, whose value the turn counts from
     for (const ZPoint point : { ZPoint{ 130, 110 }, { 150, 130 }, { 149, 149 }, { 131, 150 } })
         jump.Drag (jump.control, point);
@@ -68,7 +51,8 @@ TEST_CASE ("ZRotarySwitch: by angle each position has an equal part of the widen
         ZPoint point;
         std::int32_t index; // -1: refused
     };
-    Rotary board (kDialJump, 0.1f);
+    Rotary board (kPlace, kDialJump, 0.0f);
+    board.control.SetStep (0.1f);
     board.control.SetDegreeRange (90, 270); // widened to 81 to 279, for ten positions
     for (const auto& row :
          { Row{ { 130, 150 }, -1 }, Row{ { 110, 139 }, -1 }, // 65, beyond the half position that is left to the sweep
@@ -90,7 +74,8 @@ TEST_CASE ("ZRotarySwitch: a press on a label chooses its position at once, in e
 {
     for (const auto mode : { kDialJump, kDialTurn, kDialLinear })
     {
-        Rotary board (mode, 1.0f / 3);
+        Rotary board (kPlace, mode, 0.0f);
+        board.control.SetStep (1.0f / 3);
         const std::array labels{ ZRect{ -30, 0, -10, 10 }, ZRect{ 20, -20, 40, -10 }, ZRect{ 70, 0, 90, 10 } };
         board.control.AddRegions (labels);
         board.control.AddRegion ({ 0, 70, 60, 80 }, ZLabelRegions::kNone);
@@ -121,7 +106,10 @@ TEST_CASE ("ZSlideSwitch: rests on positions, each with an equal part of the who
 
 TEST_CASE ("ZToggleSwitch: an end zone sets its position at once, the middle flips at the release")
 {
-    Toggle board;
+    BoardOf<ZAnimToggleSwitch> board ({ 10, 10, 100, 40 }); // its zones' borders are at x 40 and 70
+    const auto frame = [&board] { return board.FrameShown (board.control); };
+    board.control.SetStep (0.5f);
+    board.control.SetAnimActive (&board.strip, 9, 1, {});
     CHECK (board.Pressed ({ 39, 20 }) == kNone); // it is there
     CHECK (board.Pressed ({ 71, 20 }) == kHigh);
     board.control.SetValue (0.0f); // by another hand, while the pointer rests
@@ -129,19 +117,19 @@ TEST_CASE ("ZToggleSwitch: an end zone sets its position at once, the middle fli
     board.control.SetValue (1.0f);
     CHECK (board.Released ({ 71, 20 }) == kNone);
     CHECK (board.Pressed ({ 55, 20 }) == kNone);
-    CHECK (board.Frame () == 1); // of low, middle and high
+    CHECK (frame () == 1); // of low, middle and high
     CHECK (board.Released ({ 55, 20 }) == kLow);
-    CHECK (board.Frame () == 0);
+    CHECK (frame () == 0);
     CHECK (board.Pressed ({ 55, 20 }) == kNone);
     CHECK (board.Dragged ({ 70, 20 }) == kHigh);
-    CHECK (board.Frame () == 2);
+    CHECK (frame () == 2);
     CHECK (board.Dragged ({ 69, 20 }) == kNone);
-    CHECK (board.Frame () == 1);
+    CHECK (frame () == 1);
     board.control.SetActiveFramePreset (0); // without a middle
-    CHECK (board.Frame () == 1);
+    CHECK (frame () == 1);
     CHECK (board.Dragged ({ 40, 20 }) == kLow);
     CHECK (board.Released ({ 40, 20 }) == kNone);
-    CHECK (board.Frame () == 0);
+    CHECK (frame () == 0);
 
     board.control.SetStyle (kHorizontal | kReversed);
     CHECK (board.Pressed ({ 39, 20 }) == kHigh);
