@@ -38,7 +38,7 @@ TEST_CASE ("ZSlider: a jump centres the knob on the pointer and follows it, a fi
 {
     Board board (kPlace, kSliderJump, 0.0f);
     CHECK (board.Pressed ({ 100, 55 }) == Values{ 0.5f });
-    board.CheckDrag ({ { { 109, 55 }, 0.6 }, { { 500, 55 }, 1.0 }, { { 136, 55 }, 0.9 } });
+    board.CheckDrag ({ { { 109, 55 }, 0.6 }, { { 500, 55 }, 1.0 }, { { -500, 55 }, 0.0 }, { { 136, 55 }, 0.9 } });
     CHECK (board.Pressed ({ 64, 55 }, kShift).empty ());
     board.CheckDrag ({ { { 28, 55 }, 0.8, kShift },     // 0.9 less a quarter of 36 / 90
                        { { 73, 55 }, 0.2 },             // without shift: the pointer's place
