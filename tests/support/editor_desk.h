@@ -6,123 +6,142 @@
 #include "fake_event.h"
 #include "gui_editor.h"
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace tessaly
 {
 
+using Words_t = std::vector<std::string>;
+
 /// A control that writes down what reaches it, and does as it is told.
-class ProbeControl : public ZControl
+class ProbeControl final : public ZControl
 {
 public:
-    using ZControl::ZControl;
+    ProbeControl (ZPaneOwner* paneOwner, const ZRect& rect, std::int32_t controlId, Words_t& words)
+        : ZControl (paneOwner, rect, controlId)
+        , log (words)
+    {
+    }
 
-    std::vector<std::string>* log = nullptr; // not owned: the test's
-    std::function<void ()> onPress;
-    bool takesPress = true;
+    std::function<void ()> onPress = [] {};
     bool takesMove = true;
     bool takesKeys = false;
     bool opensModal = false;
     ZRect openRect; // while modal: in the parent's coordinates, zero for the frame
+    int ticks = 0;
 
     ZRect GetDrawRect () const override { return openRect.IsZero () ? ZControl::GetDrawRect () : openRect; }
     void DrawActive (ZCanvas& canvas, std::uint32_t) override { canvas.FillRect (GetDrawRect ()); }
     bool OnMouseDown (ZEvent&, const ZMouseInput&) override
     {
         Write ("down");
-        if (onPress)
-            onPress ();
-        return takesPress;
+        onPress ();
+        return true;
     }
-    bool OnMouseMove (ZEvent&, const ZMouseInput&) override
-    {
-        Write ("move");
-        return takesMove;
-    }
-    bool OnMouseUp (ZEvent&, const ZMouseInput&) override
-    {
-        Write ("up");
-        return false;
-    }
-    bool OnKeyDown (ZEvent&, const ZKeyInput&) override
-    {
-        Write ("key");
-        return takesKeys;
-    }
-    bool OnOpenModal (ZEvent&, const ZMouseInput&) override
-    {
-        if (opensModal)
-            Write ("open");
-        return opensModal;
-    }
-    bool OnCloseModal (bool commit) override
-    {
-        Write (commit ? "commit" : "close");
-        return false;
-    }
+    bool OnMouseMove (ZEvent&, const ZMouseInput&) override { return Write ("move", takesMove); }
+    bool OnMouseUp (ZEvent&, const ZMouseInput&) override { return Write ("up"); }
+    bool OnKeyDown (ZEvent&, const ZKeyInput&) override { return Write ("key", takesKeys); }
+    bool OnOpenModal (ZEvent&, const ZMouseInput&) override { return opensModal && Write ("open", true); }
+    bool OnCloseModal (bool commit) override { return Write (commit ? "commit" : "close"); }
     void OnMouseEnter (ZEvent&, const ZMouseInput&) override { Write ("enter"); }
     void OnMouseExit (ZEvent&, const ZMouseInput&) override { Write ("exit"); }
     void OnIdle (ZEvent&, const ZMouseInput&) override { ++ticks; }
-    int ticks = 0;
 
 private:
-    void Write (const char* word)
+    bool Write (const char* word, bool answer = false)
     {
-        if (log != nullptr)
-            log->push_back (std::to_string (GetId ()) + " " + word);
+        log.push_back (std::to_string (GetId ()) + " " + word);
+        return answer;
     }
+
+    Words_t& log; // not owned: the test's
 };
 
-/// Drives an editor as a window does: a pointer, a clock, a canvas that keeps what is drawn.
+/// An editor of the controls that a test puts in, driven as a window does: a pointer, a clock, a canvas that keeps what
+/// is drawn.
+template <typename Base = ZGuiEditor>
 class EditorDesk
 {
 public:
+    virtual ~EditorDesk () = default;
+    virtual void CreateControls () = 0;
+
+    class Editor final : public Base
+    {
+    public:
+        explicit Editor (EditorDesk& itsDesk)
+            : Base (itsDesk.wrapper)
+            , desk (itsDesk)
+        {
+        }
+        ~Editor () override { this->Close (); }
+        void ParameterChanged (std::int32_t id, float value) override
+        {
+            Base::ParameterChanged (id, value);
+            desk.changed.push_back (id);
+        }
+
+    protected:
+        void CreateControls () override { desk.CreateControls (); }
+        void DestroyControls () override {}
+        bool OnKeyDown (ZEvent&, const ZKeyInput&) override
+        {
+            desk.log.emplace_back ("editor key");
+            return true;
+        }
+        void OnFocusGained () override { desk.log.emplace_back ("gained"); }
+        void OnFocusLost () override { desk.log.emplace_back ("lost"); }
+        void OnSampleRate (double rateHz) override { desk.rate = rateHz; }
+
+    private:
+        EditorDesk& desk; // not owned: the editor is its
+    };
+
     FakeEditorWrapper wrapper;
     FakeEvent window;
     RecordingCanvasImp surface;
+    Words_t log;                       // of the editor and its probes
+    std::vector<std::int32_t> changed; // ids of ParameterChanged in order
+    double rate = 0.0;
+    Editor editor{ *this };
 
-    ZMouseInput Mouse () const { return { window.pointer, window.buttons, window.modifiers, window.time }; }
-    void Tick (ZGuiEditor& editor, std::uint32_t milliseconds = 30)
+    ProbeControl* AddProbe (ZView& view, const ZRect& frame, std::int32_t tag)
+    {
+        return editor.AddControl (view, std::make_unique<ProbeControl> (&editor, frame, tag, log));
+    }
+
+    void Tick (std::uint32_t milliseconds = 30)
     {
         window.time += milliseconds;
         ZEvent event (window);
         editor.Idle (event, Mouse ());
     }
-    bool Press (ZGuiEditor& editor, ZPoint point, std::int32_t modifiers = 0)
+    void Hover (ZPoint point, std::uint32_t milliseconds = 30) ///< moves the pointer and ticks
     {
-        Point (point, kLeftButton, modifiers);
-        ZEvent event (window);
-        return editor.MouseDown (event, Mouse ());
+        window.pointer = point;
+        Tick (milliseconds);
     }
-    void Click (ZGuiEditor& editor, ZPoint point)
+    bool Press (ZPoint point) { return Send (&ZGuiEditor::MouseDown, point, kLeftButton); }
+    bool Drag (ZPoint point) { return Send (&ZGuiEditor::MouseMove, point, kLeftButton); }
+    void Release (ZPoint point) { Send (&ZGuiEditor::MouseUp, point, 0); }
+    void Click (ZPoint point)
     {
-        Press (editor, point);
-        Release (editor, point);
+        Press (point);
+        Release (point);
     }
-    bool Drag (ZGuiEditor& editor, ZPoint point)
-    {
-        Point (point, kLeftButton);
-        ZEvent event (window);
-        return editor.MouseMove (event, Mouse ());
-    }
-    bool Release (ZGuiEditor& editor, ZPoint point)
-    {
-        Point (point, 0);
-        ZEvent event (window);
-        return editor.MouseUp (event, Mouse ());
-    }
-    bool Wheel (ZGuiEditor& editor, std::int32_t delta)
+    bool Wheel (std::int32_t delta)
     {
         ZEvent event (window);
         return editor.MouseWheel (event, { window.pointer, delta, window.time });
     }
-    bool Key (ZGuiEditor& editor, std::int32_t key, char character = 0)
+    bool Key (std::int32_t key, char character = 0)
     {
         ZEvent event (window);
         return editor.KeyDown (event, { character, 0, key, window.time });
     }
-    RecordingCanvasImp::Log Paint (ZGuiEditor& editor) ///< the calls of one pass on the window's surface
+    Words_t Paint () ///< the calls of one pass on the window's surface
     {
         surface.Take ();
         ZOnscreenCanvas canvas (surface);
@@ -131,11 +150,13 @@ public:
     }
 
 private:
-    void Point (ZPoint point, std::int32_t buttons, std::int32_t modifiers = 0)
+    ZMouseInput Mouse () const { return { window.pointer, window.buttons, 0, window.time }; }
+    bool Send (bool (ZGuiEditor::*call) (ZEvent&, const ZMouseInput&), ZPoint point, std::int32_t buttons)
     {
         window.pointer = point;
         window.buttons = buttons;
-        window.modifiers = modifiers;
+        ZEvent event (window);
+        return (editor.*call) (event, Mouse ());
     }
 };
 

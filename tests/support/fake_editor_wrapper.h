@@ -19,21 +19,15 @@ namespace tessaly
 class FakeEditorWrapper final : public ZEditorWrapper
 {
 public:
-    explicit FakeEditorWrapper (std::int32_t parameters = 4)
-        : meters (2, 0.0f)
-    {
-        storage.Allocate (1, parameters);
-    }
+    FakeEditorWrapper () { storage.Allocate (1, 4); }
 
     ZParameterStorageBase storage;
-    ZVuBuffer meters;
+    ZVuBuffer meters{ 2, 0.0f };
     bool hasEffect = true;
     std::vector<std::pair<std::int32_t, float>> written;
-    std::vector<std::int32_t> ended;
     std::vector<std::string> loaded;     // names of images
     std::vector<std::string> tooltipLog; // what the tooltip of the window showed
-    bool hasTooltips = true;
-    ZPoint size; // as last asked for
+    ZPoint size;                         // as last asked for
 
     bool QueryEffect (std::int32_t, void*) override { return false; }
     bool GetInfo (std::int32_t kind, void* out) override
@@ -55,24 +49,19 @@ public:
         written.emplace_back (tag, value);
         storage.SetNormalized (tag, value);
     }
-    void EndEdit (std::int32_t tag) override { ended.push_back (tag); }
+    void EndEdit (std::int32_t) override {}
     void ResizeTo (std::int32_t width, std::int32_t height) override { size = { width, height }; }
     std::unique_ptr<ZBitmapImp> CreateBitmap (std::string_view name) override
     {
         loaded.emplace_back (name);
-        if (name == "missing")
-            return nullptr;
-        return std::make_unique<NamedBitmapImp> (std::string (name), 200, 100);
+        return name == "missing" ? nullptr : std::make_unique<NamedBitmapImp> (std::string (name), 200, 100);
     }
     std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () override { return std::make_unique<ZCanvasMenuImp> (measure); }
     std::unique_ptr<ZTextEditImp> CreateTextEditImp () override
     {
         return std::make_unique<ZCanvasTextEditImp> (measure, nullptr);
     }
-    std::unique_ptr<ZTooltipImp> CreateTooltipImp () override
-    {
-        return hasTooltips ? std::make_unique<Tooltip> (tooltipLog) : nullptr;
-    }
+    std::unique_ptr<ZTooltipImp> CreateTooltipImp () override { return std::make_unique<Tooltip> (tooltipLog); }
 
 private:
     RecordingCanvasImp ruler;
