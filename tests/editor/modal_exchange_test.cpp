@@ -61,10 +61,10 @@ struct FormDesk : EditorDesk<>
 
 TEST_CASE_FIXTURE (FormDesk, "An open field ends without a word with its editor, its pane or view and a changed value")
 {
-    for (const std::function<void ()>& end : { std::function<void ()>{ [this] { view->Hide (); } },
-                                               { [this] { editor.Remove (field); } },
-                                               { [this] { wrapper.storage.SetNormalized (3, 0.5f); } },
-                                               { [this] { Reopen (); } } })
+    const std::vector<std::function<void ()>> endings{ [this] { view->Hide (); }, [this] { editor.Remove (field); },
+                                                       [this] { wrapper.storage.SetNormalized (3, 0.5f); },
+                                                       [this] { Reopen (); } };
+    for (const auto& end : endings)
     {
         Reopen ();
         OpenField ();

@@ -18,29 +18,17 @@ using test::PngOf;
 namespace
 {
 
+using Pixels_t = std::vector<std::uint32_t>;
+
 constexpr ZColor kRed{ 255, 0, 0 };
 constexpr ZColor kGreen{ 0, 255, 0 };
 constexpr ZColor kBlue{ 0, 0, 255 };
 constexpr double kScales[]{ 1.0, 1.25, 1.5, 2.0 };
-constexpr int kExact = 0;
 
 void Fill (ZCanvasImp& canvas, const ZRect& rect, ZColor color, std::uint8_t alpha = 255)
 {
     canvas.SetColor (color, alpha);
     canvas.FillRect (rect);
-}
-
-/// Magenta, magenta that is not quite it, and half transparent magenta, around red.
-std::unique_ptr<ZCairoCanvasImp> KeyedPicture ()
-{
-    auto painted = std::make_unique<ZCairoCanvasImp> (4, 2, 1.0);
-    ZCanvasImp& canvas = *painted;
-    Fill (canvas, { 0, 0, 4, 2 }, kDefaultColorKey);
-    Fill (canvas, { 1, 0, 2, 1 }, kRed);
-    Fill (canvas, { 2, 0, 3, 1 }, { 255, 0, 254 });
-    canvas.Clear ({ 3, 0, 4, 1 });
-    Fill (canvas, { 3, 0, 4, 1 }, kDefaultColorKey, 128);
-    return painted;
 }
 
 /// Frames of 4 by 4 in a strip: green, red, blue.
@@ -70,27 +58,26 @@ public:
 
 TEST_CASE ("copies: keyed ones leave out the opaque key colour and nothing else, from image and canvas")
 {
-    auto source = KeyedPicture ();
-    auto image = ImageOf (*source);
+    ZCairoCanvasImp source (5, 2, 1.0); // around red, what is not quite the key, what is half transparent, and nothing
+    Fill (source, { 0, 0, 5, 2 }, kDefaultColorKey);
+    Fill (source, { 1, 0, 2, 1 }, kRed);
+    Fill (source, { 2, 0, 3, 1 }, { 255, 0, 254 });
+    source.Clear ({ 3, 0, 5, 1 });
+    Fill (source, { 3, 0, 4, 1 }, kDefaultColorKey, 128);
+    auto image = ImageOf (source);
     ZCairoCanvasImp fromCanvas (6, 4, 1.0);
-    fromCanvas.CopyCanvasKeyed (*source, { 1, 1, 5, 3 }, {}, kDefaultColorKey);
+    fromCanvas.CopyCanvasKeyed (source, { 1, 1, 6, 3 }, {}, kDefaultColorKey);
     ZCairoCanvasImp fromImage (6, 4, 1.0);
-    fromImage.DrawBitmapKeyed (image, { 1, 1, 5, 3 }, {}, kDefaultColorKey);
+    fromImage.DrawBitmapKeyed (image, { 1, 1, 6, 3 }, {}, kDefaultColorKey);
     for (const auto* canvas : { &fromCanvas, &fromImage })
     {
-        const Picture picture (*canvas);
-        CHECK (picture.InkBox () == ZRect{ 2, 1, 5, 2 });
-        CHECK (picture.At (2, 1) == 0xFFFF0000);
-        CHECK (picture.At (3, 1) == 0xFFFF00FE);
-        CHECK (picture.At (4, 1) == 0x80800080);
+        CHECK (Picture (*canvas).Row (1) == Pixels_t{ 0, 0, 0xFFFF0000, 0xFFFF00FE, 0x80800080, 0 });
+        CHECK (Picture (*canvas).InkBox () == ZRect{ 2, 1, 5, 2 });
     }
     // Another key, then none: the image itself is as it was.
-    ZCairoCanvasImp other (4, 2, 1.0);
-    other.DrawBitmapKeyed (image, { 0, 0, 4, 2 }, {}, kRed);
-    CHECK (Picture (other).At (1, 0) == 0);
-    CHECK (Picture (other).At (0, 0) == 0xFFFF00FF);
-    other.DrawBitmapPlain (image, { 0, 0, 4, 2 }, {});
-    CHECK (Picture (other).At (1, 0) == 0xFFFF0000);
+    fromImage.DrawBitmapKeyed (image, { 0, 3, 2, 4 }, {}, kRed);
+    fromImage.DrawBitmapPlain (image, { 3, 3, 5, 4 }, {});
+    CHECK (Picture (fromImage).Row (3) == Pixels_t{ 0xFFFF00FF, 0, 0, 0xFFFF00FF, 0xFFFF0000, 0 });
 }
 
 TEST_CASE ("copies: plain ones blend the source's alpha, alpha ones scale it")
@@ -98,23 +85,18 @@ TEST_CASE ("copies: plain ones blend the source's alpha, alpha ones scale it")
     ZCairoCanvasImp source (3, 1, 1.0);
     Fill (source, { 0, 0, 1, 1 }, kRed);
     Fill (source, { 1, 0, 2, 1 }, kRed, 128);
-    ZCairoCanvasImp canvas (5, 3, 1.0);
-    Fill (canvas, { 0, 0, 5, 3 }, kBlue);
-    canvas.CopyCanvasPlain (source, { 1, 1, 4, 2 }, {});
-    CHECK (Picture (canvas).At (1, 1) == 0xFFFF0000);
-    CHECK (Picture (canvas).At (2, 1) == 0xFF80007F);
-    CHECK (Picture (canvas).At (3, 1) == 0xFF0000FF);
-    canvas.CopyCanvasAlpha (source, { 1, 0, 4, 1 }, {}, 128);
-    CHECK (Picture (canvas).At (1, 0) == 0xFF80007F);
-    CHECK (Picture (canvas).At (2, 0) == 0xFF4000BF);
-    ZCairoCanvasImp fromImage (3, 1, 1.0);
     auto image = ImageOf (source);
-    fromImage.DrawBitmapAlpha (image, { 0, 0, 3, 1 }, {}, 128);
-    CHECK (Picture (fromImage).At (0, 0) == 0x80800000);
-    CHECK (Picture (fromImage).At (1, 0) == 0x40400000);
+    ZCairoCanvasImp canvas (3, 3, 1.0);
+    Fill (canvas, { 0, 0, 3, 3 }, kBlue);
+    canvas.CopyCanvasPlain (source, { 0, 0, 3, 1 }, {});
+    canvas.CopyCanvasAlpha (source, { 0, 1, 3, 2 }, {}, 128);
+    canvas.DrawBitmapAlpha (image, { 0, 2, 3, 3 }, {}, 128);
+    CHECK (Picture (canvas).Row (0) == Pixels_t{ 0xFFFF0000, 0xFF80007F, 0xFF0000FF });
+    CHECK (Picture (canvas).Row (1) == Pixels_t{ 0xFF80007F, 0xFF4000BF, 0xFF0000FF });
+    CHECK (Picture (canvas).Row (2) == Picture (canvas).Row (1));
 }
 
-TEST_CASE ("copies: what lies outside the source draws nothing, the rest lands where it should")
+TEST_CASE ("copies: what lies outside the source draws nothing, and a canvas may be copied onto itself")
 {
     auto source = Strip (1);
     auto image = ImageOf (*source);
@@ -123,24 +105,15 @@ TEST_CASE ("copies: what lies outside the source draws nothing, the rest lands w
     canvas.CopyCanvasPlain (*source, { 5, 1, 9, 5 }, { -2, -1 });
     canvas.SetClipRect ({ 0, 0, 6, 6 });
     canvas.CopyCanvasPlain (*source, { 0, 5, 10, 6 }, {});
+    canvas.ClearClip ();
+    canvas.CopyCanvasPlain (canvas, { 1, 2, 10, 3 }, { 0, 2 }); // reads what was there before
     CHECK (Compare (Picture (canvas), R"(
         ..........
         .BB.......
-        .BB....GG.
+        .BBB...GGG
         .......GG.
         .......GG.
-        GGGG......)",
-                    kExact) == "");
-}
-
-TEST_CASE ("copies: one canvas onto itself reads what was there before")
-{
-    ZCairoCanvasImp canvas (7, 1, 1.0);
-    Fill (canvas, { 0, 0, 1, 1 }, kRed);
-    Fill (canvas, { 1, 0, 2, 1 }, kGreen);
-    Fill (canvas, { 2, 0, 3, 1 }, kBlue);
-    canvas.CopyCanvasPlain (canvas, { 1, 0, 5, 1 }, {});
-    CHECK (Picture (canvas).AsText () == "\nRRGB...");
+        GGGG......)") == "");
 }
 
 TEST_CASE ("copies: a frame of a strip shows nothing of its neighbours at any scale, size and density")
@@ -153,7 +126,6 @@ TEST_CASE ("copies: a frame of a strip shows nothing of its neighbours at any sc
                 CAPTURE (density);
                 CAPTURE (size);
                 auto image = ImageOf (*Strip (density), density);
-                CHECK (image.GetHeight () == 12);
                 ZCairoCanvasImp canvas (14, 14, scale);
                 canvas.StretchBitmap (image, { 3, 1, 3 + size, 1 + size }, { 0, 4, 4, 8 });
                 if (size == 4)
@@ -164,7 +136,7 @@ TEST_CASE ("copies: a frame of a strip shows nothing of its neighbours at any sc
             }
 }
 
-TEST_CASE ("copies: parts of a picture that are copied apart fit together at every scale")
+TEST_CASE ("copies: parts of a picture that are copied apart fit together, and a smaller picture is a mean")
 {
     ZCairoCanvasImp ramp (40, 1, 1.0);
     for (std::int32_t x = 0; x < 40; ++x)
@@ -180,20 +152,13 @@ TEST_CASE ("copies: parts of a picture that are copied apart fit together at eve
             parts.DrawBitmapPlain (image, { 1 + x, 0, 6 + x, 1 }, { x, 0 });
         CHECK (Picture (parts).IsLike (Picture (whole), 6)); // less than one step of the ramp
     }
-}
-
-TEST_CASE ("copies: a smaller picture is the mean of what falls on a pixel")
-{
-    ZCairoCanvasImp lines (16, 16, 1.0);
-    for (std::int32_t y = 0; y < 16; y += 2)
-        Fill (lines, { 0, y, 16, y + 1 }, { 255, 255, 255 });
-    for (std::int32_t y = 1; y < 16; y += 2)
-        Fill (lines, { 0, y, 16, y + 1 }, {});
-    auto image = ImageOf (lines);
-    ZCairoCanvasImp canvas (4, 4, 1.0);
-    canvas.StretchBitmap (image, { 0, 0, 4, 4 }, { 0, 0, 16, 16 });
-    for (std::int32_t y = 0; y < 4; ++y)
-        CHECK (std::abs (static_cast<int> (Picture (canvas).At (1, y) & 255) - 128) <= 16);
+    ZCairoCanvasImp lines (16, 1, 1.0);
+    for (std::int32_t x = 0; x < 16; x += 2)
+        Fill (lines, { x, 0, x + 1, 1 }, kRed);
+    auto striped = ImageOf (lines);
+    ZCairoCanvasImp small (4, 1, 1.0);
+    small.StretchBitmap (striped, { 0, 0, 4, 1 }, { 0, 0, 16, 1 });
+    CHECK (std::abs (static_cast<int> (Picture (small).At (1, 0) >> 24) - 128) <= 16);
 }
 
 TEST_CASE ("copies: what was drawn offscreen comes back as it would look on the surface, wherever it lies")
@@ -246,11 +211,7 @@ TEST_CASE ("images: one that is missing or broken has no size and draws nothing"
     {
         ZCairoBitmapImp image ("GONE.PNG", std::span (png).first (length));
         CHECK (image.GetWidth () == 0);
-        CHECK (image.GetHeight () == 0);
-        CHECK (image.GetName () == "GONE.PNG");
-        canvas.DrawBitmapPlain (image, { 0, 0, 8, 8 }, {});
         canvas.DrawBitmapKeyed (image, { 0, 0, 8, 8 }, {}, kRed);
-        canvas.DrawBitmapAlpha (image, { 0, 0, 8, 8 }, {}, 100);
         canvas.StretchBitmap (image, { 0, 0, 8, 8 }, { 0, 0, 4, 4 });
     }
     CHECK (Picture (canvas).InkBox ().IsEmpty ());
@@ -259,8 +220,8 @@ TEST_CASE ("images: one that is missing or broken has no size and draws nothing"
 TEST_CASE ("images: come from a stream, and from the store by name in any case, finer ones for finer surfaces")
 {
     auto png = PngOf (*Strip (1));
-    ZMemoryStream stream (png.data (), static_cast<std::int32_t> (png.size ()),
-                          static_cast<std::int32_t> (png.size ()));
+    const auto size = static_cast<std::int32_t> (png.size ());
+    ZMemoryStream stream (png.data (), size, size);
     CHECK (ZCairoBitmapImp ("STRIP.PNG", stream).GetHeight () == 12);
 
     StoreInMemory store;
@@ -270,7 +231,7 @@ TEST_CASE ("images: come from a stream, and from the store by name in any case, 
     store.files[{ "BROKEN.PNG", 1 }] = png;
     store.files[{ "BROKEN.PNG", 2 }] = {};
     for (const double scale : kScales)
-        for (const char* name : { "strip.png", "Both.png", "BROKEN.png" })
+        for (const std::string name : { "strip.png", "Both.png", "BROKEN.png" })
         {
             CAPTURE (scale);
             CAPTURE (name);
@@ -278,9 +239,8 @@ TEST_CASE ("images: come from a stream, and from the store by name in any case, 
             CHECK (image->GetName () == name);
             CHECK (image->GetWidth () == 4);
             CHECK (image->GetHeight () == 12);
-            const bool fine = scale > 1.0 && std::string_view (name) == "Both.png";
+            const bool fine = scale > 1.0 && name == "Both.png";
             CHECK (cairo_image_surface_get_width (image->Pixels ().surface) == (fine ? 8 : 4));
         }
-    CHECK (ZCairoBitmapImp::Load (store, "other.png", 2.0)->GetWidth () == 0);
     CHECK (ZCairoBitmapImp::Load (store, std::string (300, 'x'), 1.0)->GetName ().size () == 255);
 }
