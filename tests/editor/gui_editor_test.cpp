@@ -215,6 +215,7 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: takes the effect's events, and asks f
     CHECK (editor.OnEffectEvent (kCodePostHost, &number));
     CHECK (row[1]->GetValue () == 0.5f);
     CHECK (row[1]->GetDefault () == 0.5f);
+    CHECK (changed.back () == 1);
     ZParameterStorageBase other;
     other.Allocate (1, 6);
     other.SetNormalized (0, 0.875f);
