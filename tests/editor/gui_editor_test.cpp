@@ -280,6 +280,7 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a pass draws what changed, and the mo
     surface.Take ();
     editor.Draw (target, {}, 0);
     const auto calls = surface.Take (); // above, left and right, none below: the pane reaches the end
+    REQUIRE (calls.size () == 8);
     CHECK (Words_t (calls.end () - 4, calls.end ()) ==
            Words_t{ "> FillRect 40,20,80,70", "> CopyCanvas 10,10,130,20 from 0,0",
                     "> CopyCanvas 10,20,40,70 from 0,10", "> CopyCanvas 80,20,130,70 from 70,10" });
