@@ -33,10 +33,10 @@ Texts Listing (const KPRD_Entries& entries, const std::string& before = "")
     return lines;
 }
 
-KPRD_Entries Loaded (const fs::path& folder)
+KPRD_Entries Loaded (const std::vector<fs::path>& folders)
 {
     KPRD_Entries entries;
-    KPRD_LinuxCollectionImp ({ folder }).Load (entries);
+    KPRD_LinuxCollectionImp (folders).Load (entries);
     return entries;
 }
 
@@ -57,9 +57,9 @@ TEST_CASE ("Linux collection: lists files of the extension, here and one level b
     folder.Write ("caf\xC3\xA9.kpd", "yes");
     folder.Write ("Voice/Soft.kpd", "soft");
     folder.Write ("Voice/Deep/Lost.kpd", "lost"); // a level too deep
-    CHECK (Listing (Loaded (folder.Path ())) ==
+    CHECK (Listing (Loaded ({ folder.Path () })) ==
            Texts{ "Bare/", "Empty/", "One 4", "TWO.two 1000", "Voice/", "Voice/Soft 4", "caf\xC3\xA9 3" });
-    const auto entries = Loaded (folder / "Voice/Deep");
+    const auto entries = Loaded ({ folder / "Voice/Deep", folder / "gone", folder / "Voice/../Voice/Deep" });
     REQUIRE (entries.size () == 1);
     CHECK (std::string (entries[0]->Data (), entries[0]->Data () + entries[0]->Size ()) == "lost");
 }
@@ -76,8 +76,9 @@ TEST_CASE ("Linux collection: no link, device, pipe or huge file stalls or break
     fs::create_symlink ("Real.kpd", folder / "Linked.kpd");
     REQUIRE (mkfifo ((folder / "Pipe.kpd").c_str (), 0600) == 0);
     fs::resize_file (folder.Write ("Huge.kpd", ""), 10'000'000'000); // without blocks on the disk
-    CHECK (Listing (Loaded (folder.Path ())) == Texts{ "Folder.kpd/", "Huge 65536", "Linked 4", "Loop/",
-                                                       "Loop/Huge 65536", "Loop/Linked 4", "Loop/Real 4", "Real 4" });
+    CHECK (Listing (Loaded ({ folder.Path () })) == Texts{ "Folder.kpd/", "Huge 65536", "Linked 4", "Loop/",
+                                                           "Loop/Huge 65536", "Loop/Linked 4", "Loop/Real 4",
+                                                           "Real 4" });
 }
 
 TEST_CASE ("Linux collection: what is read has bounds, in names and in bytes")
@@ -86,52 +87,29 @@ TEST_CASE ("Linux collection: what is read has bounds, in names and in bytes")
     for (int i = 0; i <= KPRD_LinuxCollectionImp::kMostEntries; ++i)
         fs::create_symlink ("target", folder / ("l" + std::to_string (i) + ".kpd"));
     folder.Write ("target", "x");
-    CHECK (Loaded (folder.Path ()).size () <= KPRD_LinuxCollectionImp::kMostEntries);
+    CHECK (Loaded ({ folder.Path () }).size () <= KPRD_LinuxCollectionImp::kMostEntries);
 
     const TempFolder heavy;
     for (int i = 0; i < 300; ++i)
         fs::resize_file (heavy.Write ("h" + std::to_string (i) + ".kpd", ""), 100'000);
-    CHECK (Loaded (heavy.Path ()).size () ==
+    CHECK (Loaded ({ heavy.Path () }).size () ==
            KPRD_LinuxCollectionImp::kMostBytes / KPRD_LinuxCollectionImp::kLongestFile);
 }
 
-TEST_CASE ("Linux collection: the machine's data folders come first, then the user's, each once and if it exists")
+TEST_CASE ("Linux collection: the machine's data folders come first, then the user's, only absolute ones")
 {
-    const TempFolder folder;
-    const auto make = [&] (const std::string& name, const std::string& set)
+    const auto folders = [] (const char* machine, const char* user, const char* home)
     {
-        fs::create_directories (folder / name / "Hollin/KPRD");
-        folder.Write (name + "/Hollin/KPRD/" + set + ".kpd", "x");
-        return (folder / name).string ();
+        const EnvironmentVariable dirs ("XDG_DATA_DIRS", machine);
+        const EnvironmentVariable userData ("XDG_DATA_HOME", user);
+        const EnvironmentVariable homeFolder ("HOME", home);
+        std::string found;
+        for (const auto& folder : KeyPointFolders ())
+            found += folder.string () + " ";
+        return found;
     };
-    const auto machine = make ("machine", "m");
-    const auto local = make ("local", "l");
-    const auto user = make ("user", "u");
-    const auto home = make ("home/.local/share", "h");
-    const EnvironmentVariable dirs ("XDG_DATA_DIRS",
-                                    (local + ":relative::/nowhere:" + machine + "/:" + local).c_str ());
-    const EnvironmentVariable homeFolder ("HOME", (folder / "home").c_str ());
-    const auto order = []
-    {
-        KPRD_Entries entries;
-        MakePlatformCollection ()->Load (entries);
-        std::string names;
-        for (const auto& entry : entries)
-            names += entry->Name ();
-        return names;
-    };
-    {
-        const EnvironmentVariable userData ("XDG_DATA_HOME", user.c_str ());
-        CHECK (order () == "lmu");
-        CHECK (UserKeyPointFolder () == user + "/Hollin/KPRD");
-    }
-    {
-        const EnvironmentVariable userData ("XDG_DATA_HOME", "relative");
-        CHECK (order () == "lmh");
-    }
-    const EnvironmentVariable noData ("XDG_DATA_HOME", "");
-    const EnvironmentVariable noHome ("HOME", nullptr);
-    const EnvironmentVariable noDirs ("XDG_DATA_DIRS", nullptr);
-    CHECK (UserKeyPointFolder ().empty ());
-    CHECK (KeyPointFolders () == std::vector<fs::path>{ "/usr/local/share/Hollin/KPRD", "/usr/share/Hollin/KPRD" });
+    CHECK (folders ("/b:relative::/a/:/b", "/user", "/home") ==
+           "/b/Hollin/KPRD /a/Hollin/KPRD /b/Hollin/KPRD /user/Hollin/KPRD ");
+    CHECK (folders ("/b", "relative", "/home") == "/b/Hollin/KPRD /home/.local/share/Hollin/KPRD ");
+    CHECK (folders (nullptr, "", nullptr) == "/usr/local/share/Hollin/KPRD /usr/share/Hollin/KPRD ");
 }
