@@ -2,6 +2,8 @@
 
 #include "cairo_canvas_imp.h"
 #include "geometry.h"
+#include <algorithm>
+#include <array>
 #include <cairo.h>
 #include <cstdint>
 #include <cstdlib>
@@ -109,12 +111,12 @@ public:
 
 private:
     static constexpr std::string_view kLetters = ".123456789#RGB";
-    static constexpr std::uint32_t kColors[]{ 0xFFFF0000, 0xFF00FF00, 0xFF0000FF };
+    static constexpr std::array<std::uint32_t, 3> kColors{ 0xFFFF0000, 0xFF00FF00, 0xFF0000FF };
 
     static std::uint32_t PixelOf (char letter)
     {
         const auto index = kLetters.find (letter);
-        return index > 10 ? kColors[index - 11] : static_cast<std::uint32_t> (index * 255 / 10) << 24;
+        return index > 10 ? kColors.at (index - 11) : static_cast<std::uint32_t> (index * 255 / 10) << 24;
     }
     static char LetterOf (std::uint32_t pixel)
     {
