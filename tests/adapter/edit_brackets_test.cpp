@@ -7,75 +7,60 @@ using namespace tessaly;
 namespace
 {
 
-/// Writes each call down: "b3" begins the edit of 3, "e3" ends it.
-class Recorder final : public EditHost
+/// Edits whose host writes each call down: "b3" begins the edit of 3, "e3" ends it.
+struct Brackets : EditHost
 {
-public:
     void BeginHostEdit (std::uint32_t id) override { log += "b" + std::to_string (id) + " "; }
-    void EndHostEdit (std::uint32_t id) override { log += "e" + std::to_string (id) + " "; }
+    void EndHostEdit (std::uint32_t id) override
+    {
+        log += "e" + std::to_string (id) + " ";
+        if (comesBackIn)
+            edits.EndExpired (9000);
+    }
+    EditBrackets edits{ *this };
+    bool comesBackIn = false;
     std::string log;
 };
 
 } // namespace
 
-TEST_CASE ("Edit brackets: timed edits end together, last first, more than two seconds after the last change")
+TEST_CASE_FIXTURE (Brackets, "Edit brackets: timed edits end together, last first, two seconds after the last change")
 {
-    Recorder host;
-    EditBrackets edits (host);
     edits.BeginTimed (1, 1000);
     edits.BeginTimed (2, 1500);
     edits.BeginTimed (1, 2000); // a change of an open edit begins nothing, but all wait anew
     edits.EndExpired (4000);
-    CHECK (host.log == "b1 b2 ");
+    CHECK (log == "b1 b2 ");
     edits.EndExpired (4001);
-    CHECK (host.log == "b1 b2 e2 e1 ");
     edits.EndExpired (9000);
-    CHECK (host.log == "b1 b2 e2 e1 ");
+    CHECK (log == "b1 b2 e2 e1 ");
 }
 
-TEST_CASE ("Edit brackets: a held edit takes a timed one over, and ends it")
+TEST_CASE_FIXTURE (Brackets, "Edit brackets: a held edit takes a timed one over and ends it, once")
 {
-    Recorder host;
-    EditBrackets edits (host);
     edits.BeginTimed (5, 0);
     edits.BeginHeld (5, 10);
     edits.BeginTimed (5, 20); // held already
     edits.EndTimed (5);       // no timed edit of it is left
     edits.EndHeld (5);
     edits.EndHeld (5);
-    CHECK (host.log == "b5 b5 e5 ");
+    CHECK (log == "b5 b5 e5 ");
 }
 
-TEST_CASE ("Edit brackets: a host that comes back in while it hears an end hears it once")
+TEST_CASE_FIXTURE (Brackets, "Edit brackets: a held edit that nobody ends expires, across the clock's wrap")
 {
-    class Returning final : public EditHost
-    {
-    public:
-        void BeginHostEdit (std::uint32_t) override {}
-        void EndHostEdit (std::uint32_t) override
-        {
-            ++ended;
-            edits->EndExpired (9000);
-        }
-        EditBrackets* edits = nullptr; // not owned: the test
-        int ended = 0;
-    };
-    Returning host;
-    EditBrackets edits (host);
-    host.edits = &edits;
+    edits.BeginHeld (7, 0xFFFFFF00u);
+    edits.EndExpired (0xFFFFFF00u + 2000u);
+    CHECK (log == "b7 ");
+    edits.EndExpired (0xFFFFFF00u + 2001u);
+    CHECK (log == "b7 e7 ");
+}
+
+TEST_CASE_FIXTURE (Brackets, "Edit brackets: a host that comes back in while it hears an end hears each end once")
+{
+    comesBackIn = true;
     edits.BeginHeld (1, 0);
     edits.BeginHeld (2, 0);
     edits.EndHeld (1);
-    CHECK (host.ended == 2);
-}
-
-TEST_CASE ("Edit brackets: a held edit that nobody ends expires too, across the clock's wrap")
-{
-    Recorder host;
-    EditBrackets edits (host);
-    edits.BeginHeld (7, 0xFFFFFF00u);
-    edits.EndExpired (0xFFFFFF00u + 2000u);
-    CHECK (host.log == "b7 ");
-    edits.EndExpired (0xFFFFFF00u + 2001u);
-    CHECK (host.log == "b7 e7 ");
+    CHECK (log == "b1 b2 e1 e2 ");
 }

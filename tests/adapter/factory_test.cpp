@@ -1,60 +1,32 @@
-#include "class_id.h"
-#include "pluginterfaces/vst/ivstaudioprocessor.h"
-#include "pluginterfaces/vst/ivsteditcontroller.h"
 #include "strip_in_host.h"
 #include <doctest/doctest.h>
 
-using namespace Steinberg;
 using namespace tessaly;
 using namespace tessaly::test;
 
-TEST_CASE ("The factory offers the processor first and the controller second, under their derived ids")
+TEST_CASE ("The one factory offers the processor first, then the controller that it names, under the ids of all time")
 {
-    const auto factory = LoadedBundle ().Factory ().get ();
-    PFactoryInfo info;
-    REQUIRE (factory->getFactoryInfo (&info) == kResultOk);
-    CHECK (std::string (info.vendor) == "Arrowmere Sound Works");
-    CHECK (info.flags == PFactoryInfo::kUnicode);
-    REQUIRE (factory->countClasses () == 2);
-
-    const FUnknownPtr<IPluginFactory2> second (factory);
-    PClassInfo2 processor;
-    PClassInfo2 controller;
-    REQUIRE (second->getClassInfo2 (0, &processor) == kResultOk);
-    REQUIRE (second->getClassInfo2 (1, &controller) == kResultOk);
-    CHECK (std::string (processor.category) == "Audio Module Class");
-    CHECK (std::string (processor.name) == "Tessaly Bench [m]");
-    CHECK (std::string (processor.subCategories) == "Fx|Dynamics");
-    CHECK (std::string (processor.version) == "1.1.2.4");
-    CHECK (std::string (processor.sdkVersion) == "VST 3.5.0");
-    CHECK (processor.classFlags == Vst::kDistributable);
-    CHECK (std::string (controller.category) == "Component Controller Class");
-    CHECK (std::string (controller.name) == "Tessaly Bench [m] Controller");
-    CHECK (controller.classFlags == 0);
-
+    const auto& factory = LoadedBundle ().Factory ();
+    CHECK (factory.info ().vendor () == "Arrowmere Sound Works");
+    CHECK (factory.info ().flags () == Steinberg::PFactoryInfo::kUnicode);
+    const auto classes = factory.classInfos ();
+    REQUIRE (classes.size () == 2);
+    CHECK (classes[0].category () == "Audio Module Class");
+    CHECK (classes[0].name () == "Tessaly Bench [m]");
+    CHECK (classes[0].subCategoriesString () == "Fx|Dynamics");
+    CHECK (classes[0].version () == "1.1.2.4");
+    CHECK (classes[0].sdkVersion () == "VST 3.5.0");
+    CHECK (classes[0].classFlags () == Steinberg::Vst::kDistributable);
+    CHECK (classes[1].category () == "Component Controller Class");
+    CHECK (classes[1].name () == "Tessaly Bench [m] Controller");
+    CHECK (classes[1].classFlags () == 0);
     // "VST" or "VSE", "cstM", "tessaly r" in ASCII codes.
-    char text[33]{};
-    FUID::fromTUID (processor.cid).toString (text);
-    CHECK (std::string (text) == "5653546373744D74657373616C792072");
-    FUID::fromTUID (controller.cid).toString (text);
-    CHECK (std::string (text) == "5653456373744D74657373616C792072");
-}
+    CHECK (classes[0].ID ().toString () == "5653546373744D74657373616C792072");
+    CHECK (classes[1].ID ().toString () == "5653456373744D74657373616C792072");
 
-TEST_CASE ("A class id pads a short name and lower-cases letters only")
-{
-    char text[33]{};
-    MakeClassId (0x41424344, "Ab1Z", false).toString (text);
-    CHECK (std::string (text) == "56535441424344616231"
-                                 "7A0000000000");
-}
-
-TEST_CASE ("The processor names its controller and the host gets one factory however often it asks")
-{
     StripInHost strip;
-    TUID id{};
-    REQUIRE (strip.instance.Component ().getControllerClassId (id) == kResultOk);
-    CHECK (FUID::fromTUID (id) == ControllerClassId ());
-
-    const host::Bundle again{ TESSALY_BUNDLE };
-    CHECK (again.Factory ().get ().get () == LoadedBundle ().Factory ().get ().get ());
+    Steinberg::TUID id{};
+    REQUIRE (strip.instance.Component ().getControllerClassId (id) == Steinberg::kResultOk);
+    CHECK (VST3::UID::fromTUID (id) == classes[1].ID ());
+    CHECK (host::Bundle (TESSALY_BUNDLE).Factory ().get () == factory.get ());
 }

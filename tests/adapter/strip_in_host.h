@@ -2,10 +2,14 @@
 
 #include "hand_run_loop.h"
 #include "plugin_instance.h"
+#include "pluginterfaces/base/funknownimpl.h"
 #include "pluginterfaces/vst/ivstmessage.h"
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <doctest/doctest.h>
 #include <functional>
+#include <numeric>
 #include <vector>
 
 /// The built bundle in a host, with what the host hears. One channel, 48 kHz unless a test sets it up anew.
@@ -19,38 +23,43 @@ inline const host::Bundle& LoadedBundle ()
 }
 
 /// Takes the host context back from the factory, which outlives each test's context.
-class ContextReturn
+struct ContextReturn
 {
-public:
     ~ContextReturn () { LoadedBundle ().Factory ().setHostContext (nullptr); }
 };
 
 /// Stands between the halves, in place of the peer of one of them.
-class Relay final : public Steinberg::Vst::IConnectionPoint
+struct Relay final
+    : public Steinberg::U::ImplementsNonDestroyable<Steinberg::U::Directly<Steinberg::Vst::IConnectionPoint>>
 {
-public:
-    using Notify = std::function<Steinberg::tresult (Steinberg::Vst::IMessage*)>;
-
-    explicit Relay (Notify onMessage)
-        : notifyFunction (std::move (onMessage))
-    {
-    }
     Steinberg::tresult PLUGIN_API connect (IConnectionPoint*) override { return Steinberg::kResultOk; }
     Steinberg::tresult PLUGIN_API disconnect (IConnectionPoint*) override { return Steinberg::kResultOk; }
-    Steinberg::tresult PLUGIN_API notify (Steinberg::Vst::IMessage* message) override
-    {
-        return notifyFunction (message);
-    }
-    Steinberg::tresult PLUGIN_API queryInterface (const Steinberg::TUID, void**) override
-    {
-        return Steinberg::kNoInterface;
-    }
-    Steinberg::uint32 PLUGIN_API addRef () override { return 1; }
-    Steinberg::uint32 PLUGIN_API release () override { return 1; }
-
-private:
-    Notify notifyFunction;
+    Steinberg::tresult PLUGIN_API notify (Steinberg::Vst::IMessage* message) override { return onMessage (message); }
+    std::function<Steinberg::tresult (Steinberg::Vst::IMessage*)> onMessage;
 };
+
+/// One channel of a level, processed in place, as a host hands it in.
+struct MonoBlock
+{
+    explicit MonoBlock (float level = 0.25f)
+    {
+        samples.fill (level);
+        bus.numChannels = 1;
+        bus.channelBuffers32 = &channel;
+        data.numSamples = 64;
+        data.numInputs = data.numOutputs = 1;
+        data.inputs = data.outputs = &bus;
+    }
+    std::array<float, 64> samples{};
+    float* channel = samples.data ();
+    Steinberg::Vst::AudioBusBuffers bus;
+    Steinberg::Vst::ProcessData data;
+};
+
+inline bool AllFinite (const auto& samples)
+{
+    return std::ranges::all_of (samples, [] (float sample) { return std::isfinite (sample); });
+}
 
 /// One instance with a record of the controller's calls.
 class StripInHost
@@ -79,12 +88,16 @@ public:
         return out;
     }
 
+    double Value (Steinberg::Vst::ParamID id) const { return instance.Parameters ().Normalized (id); }
+    Steinberg::tresult Set (Steinberg::Vst::ParamID id, double normalized)
+    {
+        return instance.Parameters ().SetNormalized (id, normalized);
+    }
+
     std::vector<host::HandlerCall> Calls (host::HandlerCall::Kind kind) const
     {
-        std::vector<host::HandlerCall> found;
-        for (const auto& call : calls)
-            if (call.kind == kind)
-                found.push_back (call);
+        auto found = calls;
+        std::erase_if (found, [kind] (const auto& call) { return call.kind != kind; });
         return found;
     }
 
@@ -107,16 +120,24 @@ private:
     }
 };
 
+/// The begun edits less the ended ones, none of which ends before it begins.
+inline int OpenEdits (const std::vector<host::HandlerCall>& calls)
+{
+    std::array<int, 22> open{};
+    for (const auto& call : calls)
+    {
+        using Kind = host::HandlerCall::Kind;
+        open[call.id % 22] += call.kind == Kind::beginEdit ? 1 : call.kind == Kind::endEdit ? -1 : 0;
+        CHECK (open[call.id % 22] >= 0);
+    }
+    return std::accumulate (open.begin (), open.end (), 0);
+}
+
 /// Hands a message to one half, as its peer's connection would.
 /// @param data  `size` bytes under the attribute of all messages; null leaves the attribute out
-inline Steinberg::tresult Send (StripInHost& strip, Steinberg::FUnknown* half, const char* id, const void* data,
-                                Steinberg::uint32 size)
+inline Steinberg::tresult Send (Steinberg::FUnknown* half, const char* id, const void* data, Steinberg::uint32 size)
 {
-    Steinberg::TUID iid;
-    Steinberg::Vst::IMessage::iid.toTUID (iid);
-    Steinberg::Vst::IMessage* raw = nullptr;
-    strip.context.createInstance (iid, iid, reinterpret_cast<void**> (&raw));
-    const auto message = Steinberg::owned (raw);
+    const auto message = Steinberg::owned (new Steinberg::Vst::HostMessage);
     message->setMessageID (id);
     if (data != nullptr)
         message->getAttributes ()->setBinary ("Ptr4", data, size);
