@@ -5,12 +5,11 @@
 #include "key_point_block.h"
 #include "loudness.h"
 #include "recording.h"
+#include "temp_folder.h"
 #include <algorithm>
 #include <cmath>
 #include <doctest/doctest.h>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <memory>
 #include <span>
@@ -56,10 +55,13 @@ std::map<std::string, fs::path> FilesBelow (const fs::path& folder, const char* 
     return files;
 }
 
-std::vector<char> Bytes (const fs::path& file)
+/// Above any sane level for a sample that is no finite number.
+float Peak (std::span<const float> samples)
 {
-    std::ifstream in (file, std::ios::binary);
-    return { std::istreambuf_iterator<char> (in), {} };
+    float peak = 0.0f;
+    for (const float sample : samples)
+        peak = std::isfinite (sample) ? std::max (peak, std::abs (sample)) : 1e9f;
+    return peak;
 }
 
 /// A second and a half of one channel, its peak at full scale; what is shorter is played again.
@@ -74,9 +76,7 @@ Recording Excerpt (std::string_view place)
     while (excerpt.samples.size () < length)
         excerpt.samples.insert (excerpt.samples.end (), recorded.begin (), recorded.end ());
     excerpt.samples.resize (length);
-    float peak = 0.0f;
-    for (const float sample : excerpt.samples)
-        peak = std::max (peak, std::abs (sample));
+    const float peak = Peak (excerpt.samples);
     for (float& sample : excerpt.samples)
         sample /= peak;
     return excerpt;
@@ -86,7 +86,7 @@ Recording Excerpt (std::string_view place)
 class LoadedSet
 {
 public:
-    explicit LoadedSet (const fs::path& file, double rateHz = 48000.0)
+    LoadedSet (const fs::path& file, double rateHz)
     {
         const auto program = ChannelStripProgram ();
         effect.SetStorage (std::make_unique<ZChannel_StripStorage> (), ChannelStripRecords ().data (), &program, 1,
@@ -96,7 +96,7 @@ public:
         effect.SetPluginCore (std::make_unique<Channel_Strip> (&effect));
         effect.SetSampleRate (rateHz);
         effect.SetActive (true);
-        const auto bytes = Bytes (file);
+        const auto bytes = ReadFile (file);
         effect.LoadKeyPointBlock (bytes.data (), static_cast<std::int32_t> (bytes.size ()));
     }
 
@@ -119,15 +119,6 @@ public:
     ZParameterStorageBase* storage = nullptr; // not owned: the effect
 };
 
-/// Above any sane level for a sample that is no finite number.
-float Peak (std::span<const float> samples)
-{
-    float peak = 0.0f;
-    for (const float sample : samples)
-        peak = std::isfinite (sample) ? std::max (peak, std::abs (sample)) : 1e9f;
-    return peak;
-}
-
 } // namespace
 
 TEST_CASE ("Ship sets: each table is built into a set that the plug-in takes, with no step beyond its parameter")
@@ -140,11 +131,7 @@ TEST_CASE ("Ship sets: each table is built into a set that the plug-in takes, wi
         CAPTURE (place);
         CHECK (std::count (place.begin (), place.end (), '/') == 1); // the collection shows one level of folders
         REQUIRE (built.contains (place));
-        const auto bytes = Bytes (built.at (place));
-        REQUIRE (bytes.size () == 512);
-        CHECK (std::string_view (bytes.data (), 4) == "KPRD");
-
-        LoadedSet set (built.at (place));
+        LoadedSet set (built.at (place), 48000.0);
         std::int32_t filled = 0;
         for (std::uint32_t row = 0; row < 9; ++row)
             for (std::uint32_t column = 0; column < kKeyPointColumns; ++column)
@@ -152,15 +139,12 @@ TEST_CASE ("Ship sets: each table is built into a set that the plug-in takes, wi
                 CAPTURE (row);
                 CAPTURE (column);
                 const auto step = static_cast<float> (set.effect.KeyPointStep (row, column));
-                if (!set.effect.HasKeyPoint (row))
-                {
-                    CHECK (step == kEmptyCell); // not one by mistake
-                    continue;
-                }
-                ++filled;
                 const auto index = ZChannel_StripEffect::KeyPointParameter (row, column);
-                CHECK (step >= set.storage->GetMinimum (index));
-                CHECK (step <= set.storage->GetMaximum (index));
+                filled += step == kEmptyCell ? 0 : 1;
+                if (set.effect.HasKeyPoint (row))
+                    CHECK ((step >= set.storage->GetMinimum (index) && step <= set.storage->GetMaximum (index)));
+                else
+                    CHECK (step == kEmptyCell); // not one by mistake
             }
         CHECK (filled >= 3 * 17);
         CHECK (set.effect.KeyPointStep (0, 0) != builtInKeyPoints.rows[0][0]); // taken, not the built-in set
@@ -178,14 +162,14 @@ TEST_CASE ("Ship sets: the dial swept over a recording of its kind stays below +
             LoadedSet set (file, audio.rateHz);
             set.SetPlain (kDrive, drive);
             const auto length = audio.samples.size () / kPositions;
+            const auto swept = std::span (audio.samples).first (length * kPositions);
             for (std::int32_t position = 0; position < kPositions; ++position)
             {
                 set.SetPlain (kMorph, position);
-                set.Process (std::span (audio.samples).subspan (length * static_cast<std::size_t> (position), length));
+                set.Process (swept.subspan (length * static_cast<std::size_t> (position), length));
             }
-            const float peak = Peak (std::span (audio.samples).first (length * kPositions));
-            CHECK (peak < kSanePeak);
-            CHECK (peak > 0.1f);
+            CHECK (Peak (swept) < kSanePeak);
+            CHECK (Peak (swept) > 0.1f);
         }
 }
 
@@ -199,13 +183,11 @@ TEST_CASE ("Ship sets: from key point to key point the loudness of a recording m
         std::vector<double> levels;
         for (std::int32_t position = 0; position < kPositions; position += 15)
         {
-            CAPTURE (position);
             set.SetPlain (kMorph, position);
             auto audio = recorded.samples;
             set.Process (std::span (audio).first (audio.size () / 4)); // settles
             audio = recorded.samples;
             set.Process (audio);
-            CHECK (Peak (audio) < kSanePeak);
             levels.push_back (Loudness (audio, recorded.rateHz));
         }
         const auto [low, high] = std::minmax_element (levels.begin (), levels.end ());
