@@ -1,29 +1,22 @@
 #include "host_error.h"
 #include "loaded_strip.h"
-#include "temp_folder.h"
+#include "progress.h"
 
 #include <array>
-#include <doctest/doctest.h>
 
 using namespace tessaly::host;
 using namespace tessaly::test;
 
-TEST_CASE ("Host: what is no bundle is refused with the reason")
+TEST_CASE ("Host: what is no bundle is refused with the reason, a trailing separator is not")
 {
     const TempFolder folder;
+    std::filesystem::create_directories (folder / "empty.vst3" / "Contents");
     CHECK_THROWS_WITH_AS (Bundle (folder / "none.vst3"),
                           doctest::Contains (("no plug-in bundle at \"" + (folder / "none.vst3").string ()).c_str ()),
                           HostError);
     CHECK_THROWS_WITH_AS (Bundle (folder.Path ()), doctest::Contains ("is not a VST 3 bundle"), HostError);
-
-    std::filesystem::create_directories (folder / "empty.vst3" / "Contents");
     CHECK_THROWS_WITH_AS (Bundle (folder / "empty.vst3"), doctest::Contains ("does not load"), HostError);
-}
-
-TEST_CASE ("Host: a bundle loads by a path with a trailing separator too")
-{
-    const Bundle bundle (std::string (TESSALY_BUNDLE) + "/");
-    CHECK (bundle.FirstAudioEffect ().name () == "Tessaly Bench [m]");
+    CHECK (Bundle (std::string (TESSALY_BUNDLE) + "/").FirstAudioEffect ().name () == "Tessaly Bench [m]");
 }
 
 TEST_CASE_FIXTURE (LoadedStrip, "Host: a block outside what was set up is refused before the plug-in sees it")
@@ -37,4 +30,13 @@ TEST_CASE_FIXTURE (LoadedStrip, "Host: a block outside what was set up is refuse
     CHECK_THROWS_AS (instance.Process ({ inputs, outputs, 17, {} }), HostError);
     CHECK_THROWS_AS (instance.Process ({ {}, outputs, 16, {} }), HostError);
     CHECK_THROWS_AS (instance.Setup (44100.0, 16, Steinberg::Vst::kRealtime), HostError);
+}
+
+TEST_CASE ("The progress bar keeps its width from start to end and beyond")
+{
+    using tessaly::render::ProgressBar;
+    CHECK (ProgressBar (0.0, 10) == "[----------]   0 %");
+    CHECK (ProgressBar (0.999, 10) == "[#########-]  99 %");
+    CHECK (ProgressBar (1.5, 10) == "[##########] 100 %"); // a recording longer than its header says
+    CHECK (ProgressBar (-1.0, 10) == "[----------]   0 %");
 }

@@ -3,10 +3,6 @@
 #include "render_error.h"
 #include "typed_value.h"
 
-#include <cmath>
-#include <doctest/doctest.h>
-#include <string>
-
 using namespace tessaly::render;
 using tessaly::test::LoadedStrip;
 
@@ -22,25 +18,19 @@ struct TypedValues : LoadedStrip
         const auto& entry = names.Find (name);
         return parameters.ToPlain (entry.info.id, TypedValue (parameters, entry, text));
     }
-
-    std::string Refusal (const std::string& name, const std::string& text) const
-    {
-        try
-        {
-            TypedValue (parameters, names.Find (name), text);
-        }
-        catch (const RenderError& error)
-        {
-            return error.what ();
-        }
-        return "";
-    }
 };
 
-bool Contains (const std::string& text, const std::string& part)
+struct Typed
 {
-    return text.find (part) != std::string::npos;
-}
+    std::string name, text;
+    double step;
+};
+
+struct Refused
+{
+    std::string name, text;
+    const char* reason;
+};
 
 } // namespace
 
@@ -61,39 +51,41 @@ TEST_CASE_FIXTURE (TypedValues, "What a parameter shows at any step can be typed
     }
 }
 
-TEST_CASE_FIXTURE (TypedValues, "Values are typed as on the panel")
+TEST_CASE_FIXTURE (TypedValues, "Values are typed as on the panel, untitled parameters by names of our own")
 {
     // Preferred numbers R40 from 16 Hz: the 84th after it is 2000 Hz, the 60th 500 Hz.
-    CHECK (Step ("Mid F", "2k") == 84);
-    CHECK (Step ("Mid F", " 2 000 ") == 84);
-    CHECK (Step ("High F", "100") == 60); // the scale's low end
-    CHECK (Step ("Mid G", "-3") == 150);  // 0.1 dB a step, 0 dB at 180
-    CHECK (Step ("Mid G", "+99") == 360);
-    CHECK (Step ("Knee", "hard") == 2);
-    CHECK (Step ("Knee", "1") == 1);
-    CHECK (Step ("Bypass", "ON") == 1);
+    for (const auto& [name, text, step] : { Typed{ "Mid F", "2k", 84 },
+                                            { "Mid F", " 2 000 ", 84 },
+                                            { "High F", "100", 60 }, // the scale's low end
+                                            { "Mid G", "-3", 150 },  // 0.1 dB a step, 0 dB at 180
+                                            { "Mid G", "+99", 360 },
+                                            { "Knee", "hard", 2 },
+                                            { "Knee", "1", 1 },
+                                            { "Bypass", "ON", 1 },
+                                            { "Drive Offset", "0.5", 100 },
+                                            { "MAKEUP  AMOUNT", "0.25", 50 } })
+    {
+        INFO (name << " = " << text);
+        CHECK (Step (name, text) == step);
+    }
 }
 
-TEST_CASE_FIXTURE (TypedValues, "The two parameters without a title are set by names of our own, from 0 to 1")
+TEST_CASE_FIXTURE (TypedValues,
+                   "A text that is no value is refused with what is accepted, a name with the nearest ones")
 {
-    CHECK (Step ("Drive Offset", "0.5") == 100);
-    CHECK (Step ("MAKEUP  AMOUNT", "0.25") == 50);
-    CHECK (Contains (Refusal ("Makeup Amount", "1.5"), "0.000 to 1.000"));
-}
-
-TEST_CASE_FIXTURE (TypedValues, "A text that is no value is refused with what is accepted")
-{
-    CHECK (Refusal ("Mid F", "2 kHz") ==
-           "\"2 kHz\" is no value for \"Mid F\", which takes a number from 20.0 to 20.0k Hz, k standing for thousands");
-    CHECK (Contains (Refusal ("Knee", "Medium"), "one of Soft, Middle, Hard"));
-    for (const auto& [name, text] :
-         { std::pair{ "Knee", "3" }, { "Morph", "121" }, { "Mid F", "inf" }, { "Attack", "" }, { "Release", "0,5" } })
-        CHECK (Contains (Refusal (name, text), "no value"));
-}
-
-TEST_CASE_FIXTURE (TypedValues, "An unknown name is refused with the nearest ones")
-{
-    CHECK (Contains (Refusal ("Atack", "1"), "the nearest are \"Attack\""));
-    CHECK (Contains (Refusal ("VU", "1"), "no parameter \"VU\"")); // a meter is not to be set
-    CHECK (Contains (Refusal ("", "1"), "no parameter \"\""));
+    for (const auto& [name, text, reason] :
+         { Refused{ "Mid F", "2 kHz",
+                    "\"2 kHz\" is no value for \"Mid F\", which takes a number from 20.0 to 20.0k Hz, k standing for "
+                    "thousands" },
+           { "Makeup Amount", "1.5", "0.000 to 1.000" },
+           { "Knee", "Medium", "one of Soft, Middle, Hard" },
+           { "Knee", "3", "no value" },
+           { "Morph", "121", "no value" },
+           { "Mid F", "inf", "no value" },
+           { "Attack", "", "no value" },
+           { "Release", "0,5", "no value" },
+           { "Atack", "1", "the nearest are \"Attack\"" },
+           { "VU", "1", "no parameter \"VU\"" }, // a meter is not to be set
+           { "", "1", "no parameter \"\"" } })
+        CHECK_THROWS_WITH_AS (Step (name, text), doctest::Contains (reason), RenderError);
 }

@@ -17,10 +17,9 @@ namespace tessaly::test
 class RunningProgram
 {
 public:
-    RunningProgram (const std::string& program, const std::vector<std::string>& arguments)
+    RunningProgram (const std::string& program, std::vector<std::string> words)
     {
-        std::vector<std::string> words{ program };
-        words.insert (words.end (), arguments.begin (), arguments.end ());
+        words.insert (words.begin (), program);
         std::vector<char*> pointers;
         for (std::string& word : words)
             pointers.push_back (word.data ());
@@ -44,14 +43,6 @@ public:
         int status = 0;
         waitpid (id, &status, 0);
         return WIFEXITED (status) ? WEXITSTATUS (status) : -WTERMSIG (status);
-    }
-
-    /// Does not take the exit status away from Wait.
-    bool HasEnded () const
-    {
-        siginfo_t info{};
-        waitid (P_PID, static_cast<id_t> (id), &info, WEXITED | WNOHANG | WNOWAIT);
-        return info.si_pid != 0;
     }
 
     pid_t Id () const { return id; }

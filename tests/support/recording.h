@@ -1,7 +1,7 @@
 #pragma once
 
 #include <filesystem>
-#include <sndfile.h>
+#include <sndfile.hh>
 #include <stdexcept>
 #include <vector>
 
@@ -33,30 +33,21 @@ struct Recording
 
 inline Recording Load (const std::filesystem::path& path)
 {
-    SF_INFO info{};
-    SNDFILE* file = sf_open (path.c_str (), SFM_READ, &info);
-    if (!file)
+    SndfileHandle file (path.c_str ());
+    Recording recording{ file.channels (), file.samplerate (), file.format () };
+    recording.samples.resize (static_cast<std::size_t> (file.frames () * file.channels ()));
+    if (file.error () != 0 || file.readf (recording.samples.data (), file.frames ()) != file.frames ())
         throw std::runtime_error ("cannot read " + path.string ());
-    Recording recording{ info.channels, info.samplerate, info.format, {} };
-    recording.samples.resize (static_cast<std::size_t> (info.frames * info.channels));
-    const sf_count_t count = sf_readf_float (file, recording.samples.data (), info.frames);
-    sf_close (file);
-    if (count != info.frames)
-        throw std::runtime_error ("damaged: " + path.string ());
     return recording;
 }
 
 inline void Save (const Recording& recording, const std::filesystem::path& path)
 {
-    SF_INFO info{};
-    info.channels = recording.channels;
-    info.samplerate = recording.rateHz;
-    info.format = SF_FORMAT_WAV | SF_FORMAT_FLOAT;
-    SNDFILE* file = sf_open (path.c_str (), SFM_WRITE, &info);
-    if (!file)
+    SndfileHandle file (path.c_str (), SFM_WRITE, SF_FORMAT_WAV | SF_FORMAT_FLOAT, recording.channels,
+                        recording.rateHz);
+    if (file.error () != 0)
         throw std::runtime_error ("cannot write " + path.string ());
-    sf_write_float (file, recording.samples.data (), static_cast<sf_count_t> (recording.samples.size ()));
-    sf_close (file);
+    file.write (recording.samples.data (), static_cast<sf_count_t> (recording.samples.size ()));
 }
 
 } // namespace tessaly::test

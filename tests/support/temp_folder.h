@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <stdlib.h>
 #include <string>
@@ -40,10 +41,8 @@ public:
     /// Hidden files count too.
     std::size_t FileCount () const
     {
-        std::size_t count = 0;
-        for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator (path))
-            ++count;
-        return count;
+        const std::filesystem::directory_iterator files (path);
+        return static_cast<std::size_t> (std::distance (begin (files), end (files)));
     }
 
 private:
