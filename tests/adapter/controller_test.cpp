@@ -164,7 +164,6 @@ TEST_CASE ("A host's value beyond the range counts as its end, what is no number
                                                     { HUGE_VAL, 1.0 },
                                                     { std::nan (""), 1.0, kResultFalse } })
         {
-            CAPTURE (value);
             CHECK (access.SetNormalized (id, value) == answer);
             CHECK (access.Normalized (id) == taken);
             CHECK (access.ToPlain (id, value) == access.ToPlain (id, taken));

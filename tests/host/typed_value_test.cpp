@@ -54,19 +54,19 @@ TEST_CASE_FIXTURE (TypedValues, "What a parameter shows at any step can be typed
 TEST_CASE_FIXTURE (TypedValues, "Values are typed as on the panel, untitled parameters by names of our own")
 {
     // Preferred numbers R40 from 16 Hz: the 84th after it is 2000 Hz, the 60th 500 Hz.
-    for (const auto& [name, text, step] : { Typed{ "Mid F", "2k", 84 },
-                                            { "Mid F", " 2 000 ", 84 },
-                                            { "High F", "100", 60 }, // the scale's low end
-                                            { "Mid G", "-3", 150 },  // 0.1 dB a step, 0 dB at 180
-                                            { "Mid G", "+99", 360 },
-                                            { "Knee", "hard", 2 },
-                                            { "Knee", "1", 1 },
-                                            { "Bypass", "ON", 1 },
-                                            { "Drive Offset", "0.5", 100 },
-                                            { "MAKEUP  AMOUNT", "0.25", 50 } })
+    for (const Typed& typed : { Typed{ "Mid F", "2k", 84 },
+                                { "Mid F", " 2 000 ", 84 },
+                                { "High F", "100", 60 }, // the scale's low end
+                                { "Mid G", "-3", 150 },  // 0.1 dB a step, 0 dB at 180
+                                { "Mid G", "+99", 360 },
+                                { "Knee", "hard", 2 },
+                                { "Knee", "1", 1 },
+                                { "Bypass", "ON", 1 },
+                                { "Drive Offset", "0.5", 100 },
+                                { "MAKEUP  AMOUNT", "0.25", 50 } })
     {
-        INFO (name << " = " << text);
-        CHECK (Step (name, text) == step);
+        INFO (typed.name << " = " << typed.text);
+        CHECK (Step (typed.name, typed.text) == typed.step);
     }
 }
 
