@@ -83,7 +83,7 @@ TEST_CASE ("A point that is no number is dropped, one beyond the range counts as
     CHECK (valueAfter (std::nan ("")) == 0.25);
 }
 
-TEST_CASE ("Each block gives one point a meter at its first sample, a flush gives none, an empty block repeats them")
+TEST_CASE ("Each block gives one point a meter, an empty one repeats it, a flush gives none, and a stop clears it")
 {
     StripInHost strip;
     strip.Start ();
@@ -110,6 +110,10 @@ TEST_CASE ("Each block gives one point a meter at its first sample, a flush give
     CHECK (strip.instance.Processor ().process (flush) == kResultOk);
     CHECK (outputs.getParameterCount () == 0);
     CHECK (strip.instance.SaveState () == before);
+
+    strip.instance.Deactivate ();
+    strip.Run (0.0f, 0);
+    CHECK (strip.meters[1].value == 0.0);
 }
 
 TEST_CASE ("The output never counts as silent, and doubles or a channel without memory are left as they are")
