@@ -1,7 +1,5 @@
 #pragma once
 
-#include "canvas.h"
-#include "event.h"
 #include "fake_editor_wrapper.h"
 #include "fake_event.h"
 #include "gui_editor.h"
@@ -62,7 +60,7 @@ private:
 /// An editor of the controls that a test puts in, driven as a window does: a pointer, a clock, a canvas that keeps what
 /// is drawn.
 template <typename Base = ZGuiEditor>
-class EditorDesk
+class EditorDesk : public Hands
 {
 public:
     virtual ~EditorDesk () = default;
@@ -100,7 +98,6 @@ public:
     };
 
     FakeEditorWrapper wrapper;
-    FakeEvent window;
     RecordingCanvasImp surface;
     Words_t log;                       // of the editor and its probes
     std::vector<std::int32_t> changed; // ids of ParameterChanged in order
@@ -115,48 +112,29 @@ public:
     void Tick (std::uint32_t milliseconds = 30)
     {
         window.time += milliseconds;
-        ZEvent event (window);
-        editor.Idle (event, Mouse ());
+        editor.Idle (event, At (window.pointer, window.buttons));
     }
     void Hover (ZPoint point, std::uint32_t milliseconds = 30) ///< moves the pointer and ticks
     {
         window.pointer = point;
         Tick (milliseconds);
     }
-    bool Press (ZPoint point) { return Send (&ZGuiEditor::MouseDown, point, kLeftButton); }
-    bool Drag (ZPoint point) { return Send (&ZGuiEditor::MouseMove, point, kLeftButton); }
-    void Release (ZPoint point) { Send (&ZGuiEditor::MouseUp, point, 0); }
+    bool Press (ZPoint point) { return Hands::Press (editor, point); }
+    bool Drag (ZPoint point) { return Hands::Drag (editor, point); }
+    void Release (ZPoint point) { Hands::Release (editor, point); }
     void Click (ZPoint point)
     {
         Press (point);
         Release (point);
     }
-    bool Wheel (std::int32_t delta)
-    {
-        ZEvent event (window);
-        return editor.MouseWheel (event, { window.pointer, delta, window.time });
-    }
-    bool Key (std::int32_t key, char character = 0)
-    {
-        ZEvent event (window);
-        return editor.KeyDown (event, { character, 0, key, window.time });
-    }
+    bool Wheel (std::int32_t delta) { return Hands::Wheel (editor, delta); }
+    bool Key (std::int32_t key, char character = 0) { return Hands::Key (editor, key, 0, character); }
     Words_t Paint () ///< the calls of one pass on the window's surface
     {
         surface.Take ();
         ZOnscreenCanvas canvas (surface);
         editor.Draw (canvas, {}, window.time);
         return surface.Take ();
-    }
-
-private:
-    ZMouseInput Mouse () const { return { window.pointer, window.buttons, 0, window.time }; }
-    bool Send (bool (ZGuiEditor::*call) (ZEvent&, const ZMouseInput&), ZPoint point, std::int32_t buttons)
-    {
-        window.pointer = point;
-        window.buttons = buttons;
-        ZEvent event (window);
-        return (editor.*call) (event, Mouse ());
     }
 };
 

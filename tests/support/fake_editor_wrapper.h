@@ -54,7 +54,7 @@ public:
     std::unique_ptr<ZBitmapImp> CreateBitmap (std::string_view name) override
     {
         loaded.emplace_back (name);
-        return name == "missing" ? nullptr : std::make_unique<NamedBitmapImp> (std::string (name), 200, 100);
+        return name == "missing" ? nullptr : std::make_unique<NamedBitmapImp> (std::string (name));
     }
     std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () override { return std::make_unique<ZCanvasMenuImp> (measure); }
     std::unique_ptr<ZTextEditImp> CreateTextEditImp () override

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "event.h"
 #include "event_imp.h"
 #include "input.h"
 
@@ -11,13 +12,12 @@ struct FakeEvent final : ZEventImp
 {
     ZPoint pointer;
     std::int32_t buttons = 0;
-    std::int32_t modifiers = 0;
     std::uint32_t time = 10000; // milliseconds
     int cursorShown = 1;        // counted
 
     ZPoint GetMousePos () override { return pointer; }
     std::int32_t GetButtons () override { return buttons; }
-    std::int32_t GetModifiers () override { return modifiers; }
+    std::int32_t GetModifiers () override { return 0; }
     std::uint32_t GetTime () override { return time; }
     std::uint32_t GetDoubleClickTime () override { return 400; }
     void SetDefaultCursor () override {}
@@ -28,6 +28,38 @@ struct FakeEvent final : ZEventImp
     ZPoint GetRawMousePos () override { return pointer; }
     void SetOverPane (bool) override {}
     bool IsOverPane () override { return true; }
+};
+
+/// The hands at a window: what they do reaches a pane, or an editor. Points are in root coordinates.
+class Hands
+{
+public:
+    FakeEvent window;
+    ZEvent event{ window };
+
+    ZMouseInput At (ZPoint point, std::int32_t buttons = kLeftButton, std::int32_t modifiers = 0)
+    {
+        window.pointer = point;
+        window.buttons = buttons;
+        return { point, buttons, modifiers, window.time };
+    }
+    bool Press (auto& target, ZPoint point, std::int32_t modifiers = 0, std::int32_t buttons = kLeftButton)
+    {
+        return target.MouseDown (event, At (point, buttons, modifiers));
+    }
+    bool Drag (auto& target, ZPoint point, std::int32_t modifiers = 0)
+    {
+        return target.MouseMove (event, At (point, kLeftButton, modifiers));
+    }
+    bool Release (auto& target, ZPoint point) { return target.MouseUp (event, At (point, 0)); }
+    bool Wheel (auto& target, std::int32_t delta)
+    {
+        return target.MouseWheel (event, { window.pointer, delta, window.time });
+    }
+    bool Key (auto& target, std::int32_t key, std::int32_t modifiers = 0, char character = 0)
+    {
+        return target.KeyDown (event, { character, modifiers, key, window.time });
+    }
 };
 
 } // namespace tessaly

@@ -1,13 +1,15 @@
 #pragma once
 
 #include "control.h"
-#include "event.h"
 #include "fake_event.h"
 #include "listener.h"
 #include "matrix_menu_imp.h"
 #include "pane_owner.h"
+#include "recording_canvas.h"
 #include "text_edit_imp.h"
 #include "view.h"
+#include <doctest/doctest.h>
+#include <initializer_list>
 #include <utility>
 #include <vector>
 
@@ -15,15 +17,18 @@ namespace tessaly
 {
 
 /// The least owner under which controls work: it listens to them, writes down what they want and, as an editor does,
-/// sets it on every control that it was shown.
-class PaneDesk : public ZPaneOwner, public ZListener
+/// sets it on every control that it was shown. It has a surface to draw panes on, and a strip whose frames are one row
+/// high, so that the row that is drawn is the number of the frame.
+class PaneDesk : public Hands, public ZPaneOwner, public ZListener
 {
 public:
-    FakeEvent window;
     ZPane* modal = nullptr;   // not owned: the test's, as all below
     ZPane* capture = nullptr; //
     ZPane* hover = nullptr;
     ZView* root = nullptr;
+    RecordingCanvasImp surface;
+    ZOnscreenCanvas canvas{ surface };
+    ZBitmap strip = NamedBitmap ("strip");
 
     void Adopt (ZControl& control) ///< borrowed: the control ends before the desk
     {
@@ -32,36 +37,19 @@ public:
     }
     std::vector<float> TakeValues () { return std::exchange (wanted, {}); } ///< broadcast so far, and then forgotten
 
-    // A mouse over one control: points in root coordinates, the left button unless told otherwise
-    ZMouseInput At (ZPoint point, std::int32_t buttons = kLeftButton, std::int32_t modifiers = 0)
+    RecordingCanvasImp::Log Drawn (ZPane& pane)
     {
-        window.pointer = point;
-        return { point, buttons, modifiers, window.time };
+        surface.Take ();
+        canvas.SetOrigin (pane.GetOrigin ());
+        pane.Draw (canvas, window.time);
+        return surface.Take ();
     }
-    bool Press (ZPane& pane, ZPoint point, std::int32_t modifiers = 0, std::int32_t buttons = kLeftButton)
+    int FrameShown (ZPane& pane) ///< the frame of the strip that a control shows; -1 if it shows none
     {
-        ZEvent event (window);
-        return pane.MouseDown (event, At (point, buttons, modifiers));
-    }
-    bool Drag (ZPane& pane, ZPoint point, std::int32_t modifiers = 0)
-    {
-        ZEvent event (window);
-        return pane.MouseMove (event, At (point, kLeftButton, modifiers));
-    }
-    bool Release (ZPane& pane, ZPoint point)
-    {
-        ZEvent event (window);
-        return pane.MouseUp (event, At (point, 0));
-    }
-    bool Wheel (ZPane& pane, std::int32_t delta)
-    {
-        ZEvent event (window);
-        return pane.MouseWheel (event, { window.pointer, delta, window.time });
-    }
-    bool Key (ZPane& pane, std::int32_t key, std::int32_t modifiers = 0, char character = 0)
-    {
-        ZEvent event (window);
-        return pane.KeyDown (event, { character, modifiers, key, window.time });
+        for (const auto& call : Drawn (pane))
+            if (call.starts_with ("DrawBitmap strip"))
+                return std::stoi (call.substr (call.rfind (',') + 1));
+        return -1;
     }
 
     void OnValue (std::int32_t id, float value) override
@@ -85,6 +73,62 @@ public:
 private:
     std::vector<float> wanted;       // in the order of the broadcasts
     std::vector<ZControl*> controls; // not owned: the test's
+};
+
+/// A desk with a single control.
+template <typename Control>
+struct DeskOf : PaneDesk
+{
+    using Values = std::vector<float>;
+
+    Control control;
+
+    explicit DeskOf (const ZRect& frame)
+        : control (this, frame, 3)
+    {
+        Adopt (control);
+    }
+    DeskOf (const ZRect& frame, std::int32_t dragMode, float value)
+        : DeskOf (frame)
+    {
+        control.SetDragMode (dragMode);
+        control.SetValue (value);
+    }
+
+    // A gesture over the control, and what that broadcasts
+    Values Pressed (ZPoint point, std::int32_t modifiers = 0)
+    {
+        Press (control, point, modifiers);
+        return TakeValues ();
+    }
+    Values Dragged (ZPoint point)
+    {
+        Drag (control, point);
+        return TakeValues ();
+    }
+    Values Released (ZPoint point)
+    {
+        Release (control, point);
+        return TakeValues ();
+    }
+
+    struct Leg
+    {
+        ZPoint to;
+        double value; // of the control when the pointer is there
+        std::int32_t modifiers = 0;
+    };
+    void CheckDrag (std::initializer_list<Leg> legs)
+    {
+        for (const auto& leg : legs)
+        {
+            CAPTURE (Words (leg.to));
+            CAPTURE (leg.modifiers);
+            Drag (control, leg.to, leg.modifiers);
+            CHECK (control.GetValue () == doctest::Approx (leg.value));
+        }
+        TakeValues ();
+    }
 };
 
 } // namespace tessaly

@@ -2,7 +2,6 @@
 #include "multi_text_view.h"
 #include "offscreen_view.h"
 #include "pane_desk.h"
-#include "recording_canvas.h"
 #include <doctest/doctest.h>
 
 using namespace tessaly;
@@ -26,20 +25,17 @@ struct Patch final : ZPane
 
 /// One view on a window's surface, 100 by 50 pixels at (10, 20), and two panes for it.
 template <typename View>
-struct Surface
+struct DeskWith : PaneDesk
 {
-    PaneDesk desk;
-    RecordingCanvasImp back;
-    View view{ &desk, { 10, 20, 110, 70 } };
-    Patch one{ &desk, { 0, 0, 10, 10 }, 1 };
-    Patch two{ &desk, { 5, 5, 15, 15 }, 2 };
+    View view{ this, { 10, 20, 110, 70 } };
+    Patch one{ this, { 0, 0, 10, 10 }, 1 };
+    Patch two{ this, { 5, 5, 15, 15 }, 2 };
 
     Calls Paint (const ZRect& update = {}, ZPoint origin = {})
     {
-        ZOnscreenCanvas canvas (back);
         canvas.SetOrigin (origin);
         view.Paint (canvas, 0, update);
-        return back.Take ();
+        return surface.Take ();
     }
 };
 
@@ -47,61 +43,59 @@ struct Surface
 
 TEST_CASE ("ZOffscreenView: paints what is dirty into its pixels and copies them on every pass")
 {
-    Surface<ZOffscreenView> surface;
-    surface.view.AddPane (&surface.one);
-    surface.view.AddPane (&surface.two);
+    DeskWith<ZOffscreenView> desk;
+    desk.view.AddPane (&desk.one);
+    desk.view.AddPane (&desk.two);
     const Calls everything{ "CreateOffscreen 10,20,110,70", "> FillRect 0,0,10,10", "> FillRect 5,5,15,15",
                             "CopyCanvas 10,20,110,70 from 0,0" };
-    CHECK (surface.Paint () == everything);
-    CHECK (surface.Paint () == Calls{ "CopyCanvas 10,20,110,70 from 0,0" });
-    surface.two.SetDirty (true);
-    CHECK (surface.Paint () == Calls (everything.begin () + 2, everything.end ()));
-    CHECK (surface.back.clip.IsZero ()); // left as it was
+    CHECK (desk.Paint () == everything);
+    CHECK (desk.Paint () == Calls{ "CopyCanvas 10,20,110,70 from 0,0" });
+    desk.two.SetDirty (true);
+    CHECK (desk.Paint () == Calls (everything.begin () + 2, everything.end ()));
+    CHECK (desk.surface.clip.IsZero ()); // left as it was
 
     // Repainted whole for an update rectangle that reaches the view; another place and another density need new pixels
-    CHECK (surface.Paint ({ 0, 0, 5, 5 }).size () == 1);
-    CHECK (surface.Paint ({ 100, 60, 200, 200 }) == Calls (everything.begin () + 1, everything.end ()));
-    CHECK (surface.Paint ({}, { 1, 2 }).front () == "CreateOffscreen 11,22,111,72"); // what it lies in has moved
-    surface.back.scale = 1.5;
-    CHECK (surface.Paint ().size () == 4);
-    CHECK (surface.Paint ().size () == 1);
+    CHECK (desk.Paint ({ 0, 0, 5, 5 }).size () == 1);
+    CHECK (desk.Paint ({ 100, 60, 200, 200 }) == Calls (everything.begin () + 1, everything.end ()));
+    CHECK (desk.Paint ({}, { 1, 2 }).front () == "CreateOffscreen 11,22,111,72"); // what it lies in has moved
+    desk.surface.scale = 1.5;
+    CHECK (desk.Paint ().size () == 4);
+    CHECK (desk.Paint ().size () == 1);
 
-    surface.view.Hide ();
-    CHECK (surface.Paint ().empty ());
-    surface.view.Show ();
-    surface.view.SetFrame ({ 10, 20, 10, 20 }); // without a size: straight on the canvas
-    CHECK (surface.Paint () == Calls{ "FillRect 10,20,20,30", "FillRect 15,25,25,35" });
+    desk.view.Hide ();
+    CHECK (desk.Paint ().empty ());
+    desk.view.Show ();
+    desk.view.SetFrame ({ 10, 20, 10, 20 }); // without a size: straight on the canvas
+    CHECK (desk.Paint () == Calls{ "FillRect 10,20,20,30", "FillRect 15,25,25,35" });
 }
 
 TEST_CASE ("ZHoverView: repaints the lower layer where dirty and the upper one always, wherever the view lies")
 {
-    Surface<ZHoverView> surface;
-    surface.view.GetLowerView ().AddPane (&surface.one);
-    surface.view.GetUpperView ().AddPane (&surface.two);
+    DeskWith<ZHoverView> desk;
+    desk.view.GetLowerView ().AddPane (&desk.one);
+    desk.view.GetUpperView ().AddPane (&desk.two);
     const Calls all{ "CreateOffscreen 10,20,110,70", "CreateOffscreen 10,20,110,70",
                      "> FillRect 0,0,10,10",         "> CopyCanvas 0,0,100,50 from 0,0",
                      "> FillRect 5,5,15,15",         "CopyCanvas 10,20,110,70 from 0,0" };
-    CHECK (surface.Paint () == all);
-    surface.two.SetDirty (true);
-    CHECK (surface.Paint () == Calls (all.begin () + 3, all.end ()));
-    CHECK (surface.Paint () == Calls (all.begin () + 3, all.end ()));
-    surface.one.SetDirty (true);
-    CHECK (surface.Paint () == Calls (all.begin () + 2, all.end ()));
-    surface.back.scale = 2.0;
-    CHECK (surface.Paint () == all);
+    CHECK (desk.Paint () == all);
+    desk.two.SetDirty (true);
+    CHECK (desk.Paint () == Calls (all.begin () + 3, all.end ()));
+    CHECK (desk.Paint () == Calls (all.begin () + 3, all.end ()));
+    desk.one.SetDirty (true);
+    CHECK (desk.Paint () == Calls (all.begin () + 2, all.end ()));
+    desk.surface.scale = 2.0;
+    CHECK (desk.Paint () == all);
 
     // The pointer finds panes where they are drawn, the upper one first
-    ZEvent event (surface.desk.window);
-    CHECK (surface.view.FindPane (event, surface.desk.At ({ 12, 22 })) == &surface.one);
-    CHECK (surface.view.FindPane (event, surface.desk.At ({ 17, 27 })) == &surface.two);
+    CHECK (desk.view.FindPane (desk.event, desk.At ({ 12, 22 })) == &desk.one);
+    CHECK (desk.view.FindPane (desk.event, desk.At ({ 17, 27 })) == &desk.two);
 }
 
 TEST_CASE ("ZMultiTextView: a dragged control's text shows and stays for half a second, else that under the pointer")
 {
-    Surface<ZMultiTextView> surface;
-    auto& desk = surface.desk;
-    surface.view.AddPane (&surface.one);
-    surface.view.AddPane (&surface.two);
+    DeskWith<ZMultiTextView> desk;
+    desk.view.AddPane (&desk.one);
+    desk.view.AddPane (&desk.two);
     Patch first (nullptr, {}, 1); // controls
     Patch second (nullptr, {}, 2);
     Patch other (nullptr, {}, 3); // has no text
@@ -121,10 +115,9 @@ TEST_CASE ("ZMultiTextView: a dragged control's text shows and stays for half a 
         desk.capture = row.capture;
         desk.hover = row.hover;
         desk.window.time += row.milliseconds;
-        ZEvent event (desk.window);
-        surface.view.Idle (event, desk.At ({}, 0));
-        CHECK (surface.one.IsVisible () == (row.shown == 1));
-        CHECK (surface.two.IsVisible () == (row.shown == 2));
+        desk.view.Idle (desk.event, desk.At ({}, 0));
+        CHECK (desk.one.IsVisible () == (row.shown == 1));
+        CHECK (desk.two.IsVisible () == (row.shown == 2));
     }
-    CHECK_FALSE (surface.one.IsMouseEnabled ());
+    CHECK_FALSE (desk.one.IsMouseEnabled ());
 }

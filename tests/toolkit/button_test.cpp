@@ -1,7 +1,7 @@
 #include "anim_click_button.h"
 #include "anim_on_off_button.h"
-#include "control_board.h"
 #include "multi_button.h"
+#include "pane_desk.h"
 #include <array>
 #include <doctest/doctest.h>
 
@@ -33,7 +33,7 @@ void CheckPresses (std::initializer_list<Row> rows)
     {
         CAPTURE (row.behaviour);
         CAPTURE (row.on);
-        BoardOf<Button> board (kPlace);
+        DeskOf<Button> board (kPlace);
         board.control.SetAnimActive (&board.strip, 9, 1, {});
         board.control.SetBehaviour (row.behaviour);
         board.control.SetBool (row.on);
@@ -64,7 +64,7 @@ TEST_CASE ("ZClickButton: presses, releases and repeats as its behaviour says, a
 
 TEST_CASE ("ZClickButton: without repeats a leave ends the press, with them they come one interval apart")
 {
-    BoardOf<ZClickButton> board (kPlace);
+    DeskOf<ZClickButton> board (kPlace);
     CHECK (board.Press (board.control, kInside));
     CHECK_FALSE (board.Drag (board.control, kOutside));
     board.control.SetBehaviour (kClickRepeat);
@@ -93,7 +93,7 @@ TEST_CASE ("ZOnOffButton: switches when its behaviour says, and shows where a pr
 
 TEST_CASE ("Buttons: have a table of frames for each look, and presets of it")
 {
-    BoardOf<ZAnimOnOffButton> board (kPlace);
+    DeskOf<ZAnimOnOffButton> board (kPlace);
     auto& button = board.control;
     button.SetAnimActive (&board.strip, 9, 1, {});
     button.SetAnimInactive (&board.strip, 9, 1, {});
@@ -110,7 +110,7 @@ TEST_CASE ("Buttons: have a table of frames for each look, and presets of it")
 
 TEST_CASE ("ZMultiButton: one of the group is on, a press selects another or falls back, and all show it")
 {
-    ControlBoard board;
+    PaneDesk board;
     ZMultiButton group (&board, 7);
     group.SetStep (1.0f / 3);
     for (std::int32_t i = 0; i < 3; ++i)
@@ -146,9 +146,8 @@ TEST_CASE ("ZMultiButton: one of the group is on, a press selects another or fal
     board.Press (group, { 25, 5 });
     board.Release (group, { 25, 5 });
     CHECK (lit () == "020"); // a second press falls back to the off index
-    ZEvent event (board.window);
-    CHECK (root.FindPane (event, board.At ({ 15, 5 })) == &group);
-    CHECK (root.FindPane (event, board.At ({ 35, 5 })) == nullptr);
+    CHECK (root.FindPane (board.event, board.At ({ 15, 5 })) == &group);
+    CHECK (root.FindPane (board.event, board.At ({ 35, 5 })) == nullptr);
     CHECK_FALSE (board.Press (group, { 35, 5 }));
     board.Press (group, { 5, 5 });
     group.DeleteAllButtons (); // in mid-press

@@ -1,5 +1,5 @@
-#include "control_board.h"
 #include "dial.h"
+#include "pane_desk.h"
 #include <doctest/doctest.h>
 
 using namespace tessaly;
@@ -12,7 +12,7 @@ constexpr ZPoint kLeft{ 110, 130 };
 constexpr ZPoint kAbove{ 130, 110 };
 constexpr ZPoint kRight{ 150, 130 };
 
-using Board = BoardOf<ZDial>;
+using Board = DeskOf<ZDial>;
 
 constexpr ZRect kPlace{ 100, 100, 160, 160 }; // with the usual sweep: 90 degrees are 0.3 of it
 

@@ -1,7 +1,7 @@
 #include "anim_matrix_menu.h"
-#include "control_board.h"
 #include "draw_matrix_menu.h"
 #include "overlay_desk.h"
+#include "pane_desk.h"
 #include "parameter_storage_base.h"
 #include <doctest/doctest.h>
 
@@ -33,7 +33,7 @@ struct Choice : OverlayDesk<ZDrawMatrixMenu>
     {
         return Rect ().TopLeft () + ZPoint{ kEdge + 10 + column * 42, kEdge + row * kRow + 5 };
     }
-    std::string Highlighted () { return Drawn ("SetColor 52,92,148,255"); }
+    std::string Highlighted () { return Text ("SetColor 52,92,148,255"); }
 };
 
 } // namespace
@@ -47,19 +47,19 @@ TEST_CASE ("ZMatrixMenu: the value selects and checks its item, a picked item is
 
     c.Click (kMiddle); // a quick click leaves it open
     CHECK (c.Rect () == ZRect{ 100, 70, 150, 70 + 2 * kEdge + 3 * kRow });
-    c.surface.SetDirty (false);
+    c.whole.SetDirty (false);
     c.Click (c.Row (2));
     CHECK (c.TakeValues () == Values{ 1.0f });
     CHECK (c.control.GetSelected () == 2);
     CHECK_FALSE (c.control.IsItemChecked (1)); // any more
-    CHECK (c.surface.IsDirty ());
+    CHECK (c.whole.IsDirty ());
     CHECK (c.Rect () == ZRect{ 100, 50, 160, 70 });
 
     c.Click (kMiddle);
-    c.surface.SetDirty (false);
+    c.whole.SetDirty (false);
     c.Click (kMiddle); // the control itself, beside the open menu
     CHECK_FALSE (c.IsOpen ());
-    CHECK (c.surface.IsDirty ());
+    CHECK (c.whole.IsDirty ());
     CHECK (c.TakeValues ().empty ());
 }
 
@@ -213,7 +213,7 @@ TEST_CASE ("ZMatrixMenu: a parameter's list fills the menu, and its value is sho
     c.Click (kMiddle); // it may change while it is open
     c.control.RemoveAllItems ();
     CHECK (c.control.GetSelected () == -1);
-    c.Painted ();
+    c.Drawn (c.control);
     c.Stroke (kKeyDown);
     c.Click (c.Row (1));
     CHECK (c.TakeValues ().empty ());
@@ -239,7 +239,7 @@ TEST_CASE ("ZMatrixMenu: with nothing selected the first step only selects")
 
 TEST_CASE ("ZAnimMatrixMenu: shows the frame of its item, and does not open without menus at the owner")
 {
-    BoardOf<ZAnimMatrixMenu> board ({ 0, 0, 60, 20 });
+    DeskOf<ZAnimMatrixMenu> board ({ 0, 0, 60, 20 });
     auto& menu = board.control;
     menu.SetAnimActive (&board.strip, 2, 1, {});
     for (const char* text : { "two", "one" })

@@ -4,7 +4,6 @@
 #include "canvas_text_edit_imp.h"
 #include "clipboard.h"
 #include "pane_desk.h"
-#include "recording_canvas.h"
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -26,33 +25,30 @@ struct FakeClipboard final : ZClipboard
 template <typename Control>
 struct OverlayDesk : PaneDesk
 {
-    RecordingCanvasImp ruler;
-    ZOnscreenCanvas measure{ ruler };
     FakeClipboard clipboard;
-    ZView surface{ this, { 0, 0, 400, 200 } };
+    ZView whole{ this, { 0, 0, 400, 200 } };
     ZView view{ this, { 100, 50, 300, 150 } };
     Control control{ this, { 0, 0, 60, 20 }, 3 };
 
     OverlayDesk ()
     {
-        root = &surface;
-        surface.AddPane (&view);
-        view.AddPane (&control);
         Adopt (control);
+        root = &whole;
+        whole.AddPane (&view);
+        view.AddPane (&control);
         control.SetFontActive ({}, kAlignLeft, 2, 0);
     }
     std::unique_ptr<ZTextEditImp> CreateTextEditImp () override
     {
-        return std::make_unique<ZCanvasTextEditImp> (measure, &clipboard);
+        return std::make_unique<ZCanvasTextEditImp> (canvas, &clipboard);
     }
-    std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () override { return std::make_unique<ZCanvasMenuImp> (measure); }
+    std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () override { return std::make_unique<ZCanvasMenuImp> (canvas); }
     bool IsOpen () const { return modal == &control; }
 
     void Down (ZPoint point, std::int32_t modifiers = 0)
     {
-        ZEvent event (window);
         const auto mouse = At (point, kLeftButton, modifiers);
-        auto* hit = surface.FindPane (event, mouse);
+        auto* hit = whole.FindPane (event, mouse);
         if (modal != nullptr && modal->FindPane (event, mouse) != nullptr)
             hit = modal;
         else if (modal != nullptr)
@@ -92,27 +88,18 @@ struct OverlayDesk : PaneDesk
     }
     bool TickDirties (std::uint32_t milliseconds) ///< whether a tick so much later has the control painted
     {
-        for (auto* pane : std::initializer_list<ZPane*>{ &surface, &view, &control })
+        for (auto* pane : std::initializer_list<ZPane*>{ &whole, &view, &control })
             pane->SetDirty (false);
         window.time += milliseconds;
-        ZEvent event (window);
-        surface.Idle (event, At (window.pointer, 0));
+        whole.Idle (event, At (window.pointer, 0));
         return control.IsDirty ();
-    }
-    RecordingCanvasImp::Log Painted () ///< what drawing the control takes
-    {
-        RecordingCanvasImp paper;
-        ZOnscreenCanvas canvas (paper);
-        canvas.SetOrigin (control.GetOrigin ());
-        control.Draw (canvas, window.time);
-        return paper.Take ();
     }
 
     /// The call that draws the first text after that one.
     std::string TextCall (std::string_view after = "")
     {
         bool passed = after.empty ();
-        for (const auto& call : Painted ())
+        for (const auto& call : Drawn (control))
         {
             passed = passed || call == after;
             if (passed && call.starts_with ("DrawText"))
@@ -120,7 +107,7 @@ struct OverlayDesk : PaneDesk
         }
         return "DrawText ''";
     }
-    std::string Drawn (std::string_view after = "") ///< that text
+    std::string Text (std::string_view after = "") ///< that text
     {
         const auto call = TextCall (after);
         return call.substr (10, call.rfind ('\'') - 10);

@@ -1,5 +1,4 @@
 #include "pane_desk.h"
-#include "recording_canvas.h"
 #include "value_index.h"
 #include <doctest/doctest.h>
 
@@ -27,25 +26,22 @@ struct ProbePane : ZPane
     void DrawInactive (ZCanvas& canvas, std::uint32_t) override { canvas.FrameRect (GetFrame ()); }
 };
 
-/// A root with a view in it and a pane in that: (100, 50) and (10, 20) deep.
-struct Tree
+/// A view at (100, 50) in the whole, and a pane at (10, 20) in it.
+struct Tree : PaneDesk
 {
-    PaneDesk desk;
-    ZView root{ &desk, { 0, 0, 500, 300 } };
-    ZView view{ &desk, { 100, 50, 300, 250 } };
-    ProbePane pane{ &desk };
-    RecordingCanvasImp surface;
-    ZOnscreenCanvas canvas{ surface };
+    ZView whole{ this, { 0, 0, 500, 300 } };
+    ZView view{ this, { 100, 50, 300, 250 } };
+    ProbePane pane{ this };
 
     Tree ()
     {
         pane.SetFrame ({ 10, 20, 40, 60 });
-        root.AddPane (&view);
+        whole.AddPane (&view);
         view.AddPane (&pane);
     }
     std::string Pass () ///< the only call of a pass; empty without one
     {
-        root.Paint (canvas, 0, {});
+        whole.Paint (canvas, 0, {});
         const auto calls = surface.Take ();
         CHECK (calls.size () <= 1);
         return calls.empty () ? "" : calls[0];
@@ -54,9 +50,8 @@ struct Tree
 
 } // namespace
 
-TEST_CASE ("ZPane: a double click is a second press on the same pixel within the window's time, and a third is plain")
+TEST_CASE_FIXTURE (Tree, "ZPane: a double click is a second press on the same pixel in the window's time, no third one")
 {
-    Tree tree;
     struct Row
     {
         std::uint32_t time;
@@ -68,30 +63,28 @@ TEST_CASE ("ZPane: a double click is a second press on the same pixel within the
                              Row{ 2810, 116, false }, Row{ 0xFFFFFFF0u, 116, false }, Row{ 100, 116, true } }) // wraps
     {
         CAPTURE (row.time);
-        tree.desk.window.time = row.time;
-        tree.desk.Press (tree.pane, { row.x, 75 });
-        CHECK (tree.pane.pressed.IsDoubleClick () == row.isDouble);
+        window.time = row.time;
+        Press (pane, { row.x, 75 });
+        CHECK (pane.pressed.IsDoubleClick () == row.isDouble);
     }
 }
 
-TEST_CASE ("ZPane: a handler sees its parent's coordinates, and its release when it is disabled in mid-drag")
+TEST_CASE_FIXTURE (Tree, "ZPane: a handler sees its parent's coordinates, and its release when disabled in mid-drag")
 {
-    Tree tree;
-    ZEvent event (tree.desk.window);
     event.SetOrigin ({ 3, 4 });
-    tree.pane.MouseDown (event, tree.desk.At ({ 115, 75 }));
-    CHECK (tree.pane.pressed.point == ZPoint{ 15, 25 });
-    CHECK (tree.desk.window.pointer == ZPoint{ 115, 75 });
+    Press (pane, { 115, 75 });
+    CHECK (pane.pressed.point == ZPoint{ 15, 25 });
+    CHECK (window.pointer == ZPoint{ 115, 75 });
     CHECK (event.GetOrigin () == ZPoint{ 3, 4 });
 
-    CHECK (tree.desk.Drag (tree.pane, { 116, 75 }));
-    tree.view.SetMouseEnabled (false);
-    CHECK_FALSE (tree.desk.Drag (tree.pane, { 117, 75 }));
-    CHECK (tree.pane.ups == 1);
-    CHECK_FALSE (tree.desk.Press (tree.pane, { 115, 75 }));
+    CHECK (Drag (pane, { 116, 75 }));
+    view.SetMouseEnabled (false);
+    CHECK_FALSE (Drag (pane, { 117, 75 }));
+    CHECK (pane.ups == 1);
+    CHECK_FALSE (Press (pane, { 115, 75 }));
 }
 
-TEST_CASE ("ZPane: one that ends in its own handler leaves nothing behind")
+TEST_CASE_FIXTURE (Tree, "ZPane: one that ends in its own handler leaves nothing behind")
 {
     struct Brief final : ZPane
     {
@@ -104,63 +97,59 @@ TEST_CASE ("ZPane: one that ends in its own handler leaves nothing behind")
             return true;
         }
     };
-    Tree tree;
-    auto* pane = new Brief (&tree.desk);
-    tree.view.AddPane (pane);
-    CHECK (tree.desk.Press (*pane, { 115, 75 }));
-    pane = new Brief (&tree.desk);
-    tree.view.AddPane (pane);
-    CHECK (tree.desk.Press (*pane, { 115, 75 }, kShift));
-    CHECK (pane->CloseModal (true));
-    CHECK (tree.view.GetPaneCount () == 1);
-    CHECK (tree.desk.modal == nullptr);
+    auto* brief = new Brief (this);
+    view.AddPane (brief);
+    CHECK (Press (*brief, { 115, 75 }));
+    brief = new Brief (this);
+    view.AddPane (brief);
+    CHECK (Press (*brief, { 115, 75 }, kShift));
+    CHECK (brief->CloseModal (true));
+    CHECK (view.GetPaneCount () == 1);
+    CHECK (modal == nullptr);
 }
 
-TEST_CASE ("ZView: a pass draws what is dirty and nothing else, in the coordinates of its place")
+TEST_CASE_FIXTURE (Tree, "ZView: a pass draws what is dirty and nothing else, in the coordinates of its place")
 {
-    Tree tree;
-    CHECK (tree.Pass () == "FillRect 110,70,140,110");
-    tree.pane.SetFrame ({ 10, 20, 40, 60 }); // as it is
-    CHECK (tree.Pass () == "");
-    tree.view.HideById (5); // another one's
-    tree.view.SetActive (false);
-    CHECK (tree.Pass () == "FrameRect 110,70,140,110");
-    tree.pane.SetDirty (true);
-    tree.view.HideById (kEveryPane);
-    CHECK (tree.Pass () == "");
-    tree.view.ShowById (kNewPaneId); // its own
-    CHECK (tree.Pass () == "FrameRect 110,70,140,110");
-    tree.pane.SetDirty (true);
-    tree.pane.Hide ();
-    CHECK_FALSE (tree.pane.IsDirty ());
-    CHECK (tree.surface.clip.IsZero ()); // every pane gave the clip back
+    CHECK (Pass () == "FillRect 110,70,140,110");
+    pane.SetFrame ({ 10, 20, 40, 60 }); // as it is
+    CHECK (Pass () == "");
+    view.HideById (5); // another one's
+    view.SetActive (false);
+    CHECK (Pass () == "FrameRect 110,70,140,110");
+    pane.SetDirty (true);
+    view.HideById (kEveryPane);
+    CHECK (Pass () == "");
+    view.ShowById (kNewPaneId); // its own
+    CHECK (Pass () == "FrameRect 110,70,140,110");
+    pane.SetDirty (true);
+    pane.Hide ();
+    CHECK_FALSE (pane.IsDirty ());
+    CHECK (surface.clip.IsZero ()); // every pane gave the clip back
 }
 
-TEST_CASE ("ZView: the topmost pane is found, a disabled one and the view itself are not, panes may end in any order")
+TEST_CASE_FIXTURE (Tree, "ZView: the topmost pane is found, a disabled one and the view are not, and panes may end")
 {
-    Tree tree;
-    ZEvent event (tree.desk.window);
-    const auto found = [&] (ZPoint point) { return tree.root.FindPane (event, tree.desk.At (point)); };
+    const auto found = [this] (ZPoint point) { return whole.FindPane (event, At (point)); };
     {
-        ProbePane top (&tree.desk);
+        ProbePane top (this);
         top.SetFrame ({ 20, 20, 50, 60 });
-        CHECK (tree.view.AddPane (&top));
-        CHECK_FALSE (tree.view.AddPane (nullptr));
-        CHECK_FALSE (tree.view.AddPane (&tree.view));
-        CHECK (tree.root.AddPane (&top)); // leaves the first
-        CHECK (found ({ 125, 75 }) == &tree.pane);
-        CHECK (tree.view.AddPane (&top));
+        CHECK (view.AddPane (&top));
+        CHECK_FALSE (view.AddPane (nullptr));
+        CHECK_FALSE (view.AddPane (&view));
+        CHECK (whole.AddPane (&top)); // leaves the first
+        CHECK (found ({ 125, 75 }) == &pane);
+        CHECK (view.AddPane (&top));
         CHECK (found ({ 125, 75 }) == &top);
-        CHECK (found ({ 115, 75 }) == &tree.pane);
+        CHECK (found ({ 115, 75 }) == &pane);
         top.SetMouseEnabled (false);
-        CHECK (found ({ 125, 75 }) == &tree.pane);
-        tree.desk.modal = &top;
+        CHECK (found ({ 125, 75 }) == &pane);
+        modal = &top;
     }
-    CHECK (tree.desk.modal == nullptr);
-    CHECK (found ({ 125, 75 }) == &tree.pane);
-    tree.pane.MoveTo ({ 190, 10 });
-    tree.view.FitToPanes ();
-    CHECK (tree.view.GetFrame () == ZRect{ 100, 50, 320, 250 });
+    CHECK (modal == nullptr);
+    CHECK (found ({ 125, 75 }) == &pane);
+    pane.MoveTo ({ 190, 10 });
+    view.FitToPanes ();
+    CHECK (view.GetFrame () == ZRect{ 100, 50, 320, 250 });
 }
 
 TEST_CASE ("Positions of a switch: a step is one over their number, and the range is cut into equal parts")

@@ -2,7 +2,7 @@
 #include "anim_rotary_switch.h"
 #include "anim_vu_meter.h"
 #include "bitmap_picture.h"
-#include "control_board.h"
+#include "pane_desk.h"
 #include <doctest/doctest.h>
 #include <limits>
 
@@ -15,7 +15,7 @@ namespace
 template <typename Control>
 int FrameAt (float value, std::int32_t frames)
 {
-    BoardOf<Control> board ({ 0, 0, 10, 10 });
+    DeskOf<Control> board ({ 0, 0, 10, 10 });
     board.control.SetAnimActive (&board.strip, frames, 1, {});
     board.control.SetStep (0.25f);
     board.control.SetValue (value);
@@ -37,14 +37,13 @@ TEST_CASE ("Strips: a dial shows the frame nearest to its value, a meter its par
 
 TEST_CASE ("Pictures and meters: show themselves, and the mouse reaches what lies below")
 {
-    ControlBoard board;
+    PaneDesk board;
     ZView root (&board, { 0, 0, 100, 100 });
     const auto picture = CreateBitmapPicture (&board, { 0, 0, 40, 30 }, 1, &board.strip, { 3, 4 });
     const auto meter = CreateAnim<ZAnimVuMeter> (&board, { 0, 0, 10, 10 }, 2, &board.strip, 20, 1, {});
     root.AddPane (picture.get ());
     root.AddPane (meter.get ());
-    ZEvent event (board.window);
-    CHECK (root.FindPane (event, board.At ({ 5, 5 })) == nullptr);
+    CHECK (root.FindPane (board.event, board.At ({ 5, 5 })) == nullptr);
     CHECK (board.Drawn (*picture) == std::vector<std::string>{ "DrawBitmap strip 0,0,40,30 from 3,4" });
     CHECK (board.FrameShown (*meter) == 0);
 }

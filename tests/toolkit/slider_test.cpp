@@ -1,5 +1,5 @@
-#include "control_board.h"
 #include "knob_slider.h"
+#include "pane_desk.h"
 #include <doctest/doctest.h>
 
 using namespace tessaly;
@@ -8,7 +8,7 @@ using Values = std::vector<float>;
 namespace
 {
 
-using Board = BoardOf<ZKnobSlider>;
+using Board = DeskOf<ZKnobSlider>;
 
 // 100 long with a knob of 10: its travel is 90 from x 55, where its knob's centre is at value 0.
 constexpr ZRect kPlace{ 50, 50, 150, 60 };

@@ -1,7 +1,7 @@
 #include "anim_rotary_switch.h"
 #include "anim_slide_switch.h"
 #include "anim_toggle_switch.h"
-#include "control_board.h"
+#include "pane_desk.h"
 #include <algorithm>
 #include <array>
 #include <doctest/doctest.h>
@@ -15,7 +15,7 @@ using Values = std::vector<float>;
 
 const Values kNone, kLow{ 0.0f }, kHigh{ 1.0f };
 
-using Rotary = BoardOf<ZAnimRotarySwitch>;
+using Rotary = DeskOf<ZAnimRotarySwitch>;
 
 constexpr ZRect kPlace{ 100, 100, 160, 160 }; // of a rotary switch
 
@@ -90,7 +90,7 @@ TEST_CASE ("ZRotarySwitch: a press on a label chooses its position at once, in e
 
 TEST_CASE ("ZSlideSwitch: rests on positions, each with an equal part of the whole track, and takes presses on labels")
 {
-    BoardOf<ZAnimSlideSwitch> board ({ 0, 0, 90, 10 });
+    DeskOf<ZAnimSlideSwitch> board ({ 0, 0, 90, 10 });
     auto& slide = board.control;
     slide.SetStep (1.0f / 3);
     slide.SetDragMode (kSliderKnob); // jumps nevertheless
@@ -106,7 +106,7 @@ TEST_CASE ("ZSlideSwitch: rests on positions, each with an equal part of the who
 
 TEST_CASE ("ZToggleSwitch: an end zone sets its position at once, the middle flips at the release")
 {
-    BoardOf<ZAnimToggleSwitch> board ({ 10, 10, 100, 40 }); // its zones' borders are at x 40 and 70
+    DeskOf<ZAnimToggleSwitch> board ({ 10, 10, 100, 40 }); // its zones' borders are at x 40 and 70
     const auto frame = [&board] { return board.FrameShown (board.control); };
     board.control.SetStep (0.5f);
     board.control.SetAnimActive (&board.strip, 9, 1, {});

@@ -33,17 +33,17 @@ struct Readout : OverlayDesk<ZDrawTextEdit>
 TEST_CASE ("ZTextEdit: a double click opens the field over the text, and what is typed and returned is the value")
 {
     Readout r;
-    CHECK (r.Drawn () == "3 whole");
+    CHECK (r.Text () == "3 whole");
     r.Open ();
     REQUIRE (r.IsOpen ());
-    CHECK (r.Drawn () == "2.50"); // not the text at rest
+    CHECK (r.Text () == "2.50"); // not the text at rest
     r.Type ("7 .5");
-    r.surface.SetDirty (false);
+    r.whole.SetDirty (false);
     CHECK (r.Stroke (kKeyReturn, 0, '\r'));
     CHECK_FALSE (r.IsOpen ());
     CHECK (r.TakeValues () == Values{ 0.75f });
-    CHECK (r.surface.IsDirty ());
-    CHECK (r.Drawn () == "8 whole");
+    CHECK (r.whole.IsDirty ());
+    CHECK (r.Text () == "8 whole");
 
     r.control.SetFrame ({ 20, 4, 40, 14 }); // too small for a field
     r.DoubleClick ({ 121, 55 });
@@ -66,14 +66,14 @@ TEST_CASE ("ZTextEdit: escape, a press elsewhere and an unreadable text close th
         CAPTURE (text);
         r.Open ();
         r.Type (text);
-        r.surface.SetDirty (false);
+        r.whole.SetDirty (false);
         if (key == kKeyNone)
             r.Click (kElsewhere);
         else
             r.Stroke (key);
         CHECK_FALSE (r.IsOpen ());
         CHECK (r.TakeValues ().empty ());
-        CHECK (r.surface.IsDirty ()); // what the field covered
+        CHECK (r.whole.IsDirty ()); // what the field covered
     }
 }
 
@@ -144,7 +144,7 @@ TEST_CASE ("ZCanvasTextEditImp: keys edit and copy, characters arrive byte by by
         for (const auto& stroke : row.strokes)
             CHECK (r.Stroke (stroke.key, stroke.modifiers, stroke.character));
         CHECK (r.clipboard.held == row.clipboard);
-        CHECK (r.Drawn () == row.result);
+        CHECK (r.Text () == row.result);
     }
 }
 
@@ -172,7 +172,7 @@ TEST_CASE ("ZCanvasTextEditImp: the mouse sets the caret, selects by dragging, w
         r.Move (at (row.to));
         r.Up (at (row.to));
         r.Type ("x");
-        CHECK (r.Drawn () == row.result);
+        CHECK (r.Text () == row.result);
         r.Stroke (kKeyEscape);
     }
 
@@ -189,7 +189,7 @@ TEST_CASE ("ZCanvasTextEditImp: the mouse sets the caret, selects by dragging, w
     r.Move (kMiddle + ZPoint{ 1, 1 });
     r.Up (kMiddle);
     r.Type ("1");
-    CHECK (r.Drawn () == "1");
+    CHECK (r.Text () == "1");
 }
 
 TEST_CASE ("ZCanvasTextEditImp: a long text scrolls with the caret, also under a pointer that rests outside")
@@ -205,9 +205,8 @@ TEST_CASE ("ZCanvasTextEditImp: a long text scrolls with the caret, also under a
     r.Down ({ 150, 60 });
     r.Move ({ 170, 60 });
     CHECK (textLeft () == "91,");
-    ZEvent event (r.window);
     for (int i = 0; i < 10; ++i)
-        r.surface.Idle (event, r.At ({ 170, 60 }));
+        r.whole.Idle (r.event, r.At ({ 170, 60 }));
     CHECK (textLeft () == "37,");
 }
 
@@ -218,9 +217,9 @@ TEST_CASE ("ZCanvasTextEditImp: the caret blinks by the clock, paints only when 
     r.Open ();
     CHECK_FALSE (r.TickDirties (10));
     CHECK_FALSE (r.TickDirties (499));
-    const auto on = r.Painted ().size ();
+    const auto on = r.Drawn (r.control).size ();
     CHECK (r.TickDirties (1));
-    CHECK (r.Painted ().size () < on);
+    CHECK (r.Drawn (r.control).size () < on);
     r.Stroke (kKeyEnd);
     CHECK (r.control.IsDirty ());
     CHECK_FALSE (r.TickDirties (300));
