@@ -54,7 +54,7 @@ public:
     std::unique_ptr<ZBitmapImp> CreateBitmap (std::string_view name) override
     {
         loaded.emplace_back (name);
-        return name == "missing" ? nullptr : std::make_unique<NamedBitmapImp> (std::string (name));
+        return name == "missing" ? nullptr : std::make_unique<NamedBitmapImp> (name);
     }
     std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () override { return std::make_unique<ZCanvasMenuImp> (measure); }
     std::unique_ptr<ZTextEditImp> CreateTextEditImp () override
@@ -75,7 +75,7 @@ private:
         }
         void Show (const ZRect& area, std::string_view text) override
         {
-            log.push_back (std::string (text) + " at " + Words (area));
+            log.push_back ((std::ostringstream () << text << " at " << area).str ());
         }
         void Hide () override { log.emplace_back ("hidden"); }
         std::vector<std::string>& log; // not owned: the wrapper's

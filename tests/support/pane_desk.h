@@ -122,7 +122,7 @@ struct DeskOf : PaneDesk
     {
         for (const auto& leg : legs)
         {
-            CAPTURE (Words (leg.to));
+            CAPTURE (leg.to);
             CAPTURE (leg.modifiers);
             Drag (control, leg.to, leg.modifiers);
             CHECK (control.GetValue () == doctest::Approx (leg.value));

@@ -4,6 +4,7 @@
 #include "bitmap_imp.h"
 #include "canvas.h"
 #include <memory>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -12,43 +13,31 @@
 namespace tessaly
 {
 
-inline std::string Words (std::string_view text)
+inline std::ostream& operator<< (std::ostream& out, ZPoint p)
 {
-    return std::string (text);
+    return out << p.x << "," << p.y;
 }
 
-inline std::string Words (std::int32_t number)
+inline std::ostream& operator<< (std::ostream& out, const ZRect& r)
 {
-    return std::to_string (number);
-}
-
-inline std::string Words (ZPoint p)
-{
-    return std::to_string (p.x) + "," + std::to_string (p.y);
-}
-
-inline std::string Words (const ZRect& r)
-{
-    return Words (r.TopLeft ()) + "," + Words (r.BottomRight ());
+    return out << r.TopLeft () << "," << r.BottomRight ();
 }
 
 /// An image that is nothing but a name and a size.
-class NamedBitmapImp final : public ZBitmapImp
+struct NamedBitmapImp final : ZBitmapImp
 {
-public:
-    explicit NamedBitmapImp (std::string imageName)
-        : name (std::move (imageName))
+    std::string name;
+
+    explicit NamedBitmapImp (std::string_view itsName)
+        : name (itsName)
     {
     }
     const std::string& GetName () const override { return name; }
     std::uint32_t GetWidth () const override { return 200; }
     std::uint32_t GetHeight () const override { return 100; }
-
-private:
-    std::string name;
 };
 
-inline ZBitmap NamedBitmap (const std::string& name)
+inline ZBitmap NamedBitmap (std::string_view name)
 {
     return ZBitmap (std::make_unique<NamedBitmapImp> (name));
 }
@@ -135,9 +124,10 @@ public:
 private:
     void Write (const auto& call, const auto&... rest)
     {
-        std::string words = before + call;
-        ((words += " " + Words (rest)), ...);
-        log->push_back (words);
+        std::ostringstream words;
+        words << before << call;
+        ((words << ' ' << rest), ...);
+        log->push_back (words.str ());
     }
 
     std::shared_ptr<Log> log = std::make_shared<Log> (); // shared with the offscreen ones made from this
