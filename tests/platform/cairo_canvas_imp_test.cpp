@@ -100,13 +100,10 @@ TEST_CASE ("canvas: neighbours meet without gap or overlap, and lines are as muc
             canvas.SetClipRect ({ x, 1, x + 1, 2 });
             canvas.FillRect ({ 0, 0, 41, 3 });
         }
-        const Picture picture (canvas);
-        CHECK (picture.Width () == std::lround (41 * scale));
-        int odd = 0;
-        for (std::int32_t y = 0; y < picture.Height (); ++y)
-            for (std::int32_t x = 0; x < picture.Width (); ++x)
-                odd += picture.At (x, y) != 0x80000000;
-        CHECK (odd == 0);
+        ZCairoCanvasImp whole (41, 2, scale);
+        whole.SetColor ({ 0, 0, 0 }, 128);
+        whole.FillRect ({ 0, 0, 50, 50 });
+        CHECK (Picture (canvas).IsLike (Picture (whole), 0));
 
         ZCairoCanvasImp lines (20, 20, scale);
         lines.SetLineWidth (8);

@@ -69,16 +69,21 @@ TEST_CASE ("text: baseline and ends lie where font and rectangle say, in all nin
     CHECK (InkAt (63, 1.0) == InkAt (kAlignLeft | kAlignTop, 1.0)); // the first bit wins
 }
 
-TEST_CASE ("text: is cut at its rectangle and at the clip")
+TEST_CASE ("text: is cut at its rectangle and at the clip, leans in italics, and has a line below if underlined")
 {
-    ZCairoCanvasImp canvas (60, 30, 1.0);
-    canvas.SetFont ("Arial", 24, kBold);
-    canvas.DrawText ("MMMMMM", { 20, 10, 40, 16 }, 0);
-    CHECK (Picture (canvas).InkBox () == ZRect{ 20, 10, 40, 16 });
-    canvas.Clear ({ 0, 0, 60, 30 });
-    canvas.SetClipRect ({ 25, 0, 60, 12 });
-    canvas.DrawText ("MMMMMM", { 20, 10, 40, 16 }, 0);
-    CHECK (Picture (canvas).InkBox () == ZRect{ 25, 10, 40, 12 });
+    const auto paint = [] (std::int32_t style, const ZRect& rect)
+    {
+        ZCairoCanvasImp canvas (60, 40, 1.0);
+        canvas.SetClipRect ({ 25, 0, 60, 40 });
+        canvas.SetFont ("Arial", 24, style);
+        canvas.DrawText ("MMMMMM", rect, 0);
+        return Picture (canvas);
+    };
+    CHECK (paint (kBold, { 20, 10, 40, 16 }).InkBox () == ZRect{ 25, 10, 40, 16 });
+    const ZRect all{ 0, 0, 60, 40 };
+    const Picture plain = paint (0, all);
+    CHECK_FALSE (paint (kItalic, all).IsLike (plain, 100));
+    CHECK (paint (kUnderline, all).InkBox ().bottom > plain.InkBox ().bottom);
 }
 
 TEST_CASE ("text: widths are whole pixels, the same at every scale, and grow with text, size and weight")
@@ -98,21 +103,6 @@ TEST_CASE ("text: widths are whole pixels, the same at every scale, and grow wit
         canvas.SetFontSize (index, kBold);
         CHECK (canvas.GetTextWidth ("Ratio 4.0:1") > width);
     }
-}
-
-TEST_CASE ("text: bold is wider, italic leans, underline draws a line below")
-{
-    const auto paint = [] (std::int32_t style)
-    {
-        ZCairoCanvasImp canvas (60, 40, 1.0);
-        canvas.SetFont ("Arial", 20, style);
-        canvas.DrawText ("III", { 0, 0, 60, 40 }, kAlignLeft);
-        return Picture (canvas);
-    };
-    const Picture plain = paint (0);
-    CHECK (paint (kBold).InkBox ().Width () > plain.InkBox ().Width ());
-    CHECK_FALSE (paint (kItalic).IsLike (plain, 100));
-    CHECK (paint (kUnderline).InkBox ().bottom > plain.InkBox ().bottom);
 }
 
 TEST_CASE ("text: bytes that are no text, long texts and unknown fonts do no harm")
