@@ -80,7 +80,6 @@ TEST_CASE ("ZHoverView: repaints the lower layer where dirty and the upper one a
     CHECK (desk.Paint () == all);
     desk.two.SetDirty (true);
     CHECK (desk.Paint () == Calls (all.begin () + 3, all.end ()));
-    CHECK (desk.Paint () == Calls (all.begin () + 3, all.end ()));
     desk.one.SetDirty (true);
     CHECK (desk.Paint () == Calls (all.begin () + 2, all.end ()));
     desk.surface.scale = 2.0;

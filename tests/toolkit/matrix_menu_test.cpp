@@ -219,34 +219,24 @@ TEST_CASE ("ZMatrixMenu: a parameter's list fills the menu, and its value is sho
     CHECK (c.TakeValues ().empty ());
 }
 
-TEST_CASE ("ZMatrixMenu: with nothing selected the first step only selects")
-{
-    Choice c ("abcd");
-    const auto selectedBy = [&c] (std::int32_t delta)
-    {
-        CHECK (c.Wheel (c.control, delta));
-        return c.control.GetSelected ();
-    };
-    CHECK (selectedBy (1) == 0);
-    CHECK (c.TakeValues ().empty ()); // the value is what it was
-    CHECK (selectedBy (1) == 1);
-    c.control.SetSelected (-1);
-    CHECK (selectedBy (3) == 3);
-    c.control.SetSelected (-1);
-    CHECK (selectedBy (-2) == 2);
-    CHECK_FALSE (c.Wheel (c.control, 0));
-}
-
-TEST_CASE ("ZAnimMatrixMenu: shows the frame of its item, and does not open without menus at the owner")
+TEST_CASE ("ZAnimMatrixMenu: shows its item's frame, is stepped with nothing selected, and opens only with menus")
 {
     DeskOf<ZAnimMatrixMenu> board ({ 0, 0, 60, 20 });
     auto& menu = board.control;
-    menu.SetAnimActive (&board.strip, 2, 1, {});
-    for (const char* text : { "two", "one" })
+    menu.SetAnimActive (&board.strip, 4, 1, {});
+    menu.SetStep (0.25f);
+    for (const char* text : { "four", "three", "two", "one" })
         menu.InsertItem (0, text);
     menu.SetSelected (1);
     CHECK (board.FrameShown (menu) == 1);
+    for (const auto& [delta, selected] : { std::pair{ 1, 0 }, { 3, 2 }, { -2, 1 } })
+    {
+        menu.SetSelected (-1);
+        CHECK (board.Wheel (menu, delta));
+        CHECK (menu.GetSelected () == selected);
+    }
+    menu.SetSelected (3);
     CHECK (menu.RemoveItem (1));
-    CHECK (menu.GetSelected () == -1);
+    CHECK (menu.GetSelected () == -1); // there is no item 3 any more
     CHECK_FALSE (board.Press (menu, { 1, 1 }));
 }
