@@ -27,8 +27,7 @@ struct PlainDesk : EditorDesk<ZOldGuiEditor>
 /// Two pages, and on the front one a control in each layer and a text for the lower one.
 struct HoverDesk : EditorDesk<ZOldHoverGuiEditor>
 {
-    ProbeControl* upperControl = nullptr; // not owned, as below: the editor's panes
-    ProbeControl* text = nullptr;
+    ProbeControl* upperControl = nullptr; // not owned: the editor's pane
 
     void CreateControls () override
     {
@@ -36,7 +35,7 @@ struct HoverDesk : EditorDesk<ZOldHoverGuiEditor>
         editor.SetBackBackground ("back");
         AddProbe (editor.GetFrontLayer (), { 0, 0, 20, 20 }, 0);
         upperControl = AddProbe (editor.GetFrontUpperLayer (), { 40, 0, 60, 20 }, 2);
-        text = editor.AddFrontText (std::make_unique<ProbeControl> (&editor, ZRect{ 60, 0, 80, 20 }, 0, log));
+        editor.AddFrontText (std::make_unique<ProbeControl> (&editor, ZRect{ 60, 0, 80, 20 }, 0, log));
     }
 };
 
@@ -96,4 +95,8 @@ TEST_CASE_FIXTURE (HoverDesk, "ZOldHoverGuiEditor: the upper layer moves over an
     CHECK (editor.NeedsRedraw ()); // so that the text goes
     CHECK (Paint () == upper);
     CHECK_FALSE (editor.NeedsRedraw ());
+    surface.scale = 2.0; // new pixels for both layers
+    CHECK (Paint ().size () == first.size ());
+    CHECK (Press ({ 45, 5 }));
+    CHECK (editor.GetCapturePane () == upperControl);
 }

@@ -1,4 +1,3 @@
-#include "hover_view.h"
 #include "multi_text_view.h"
 #include "offscreen_view.h"
 #include "pane_desk.h"
@@ -41,7 +40,7 @@ struct DeskWith : PaneDesk
 
 } // namespace
 
-TEST_CASE ("ZOffscreenView: paints what is dirty into its pixels and copies them on every pass")
+TEST_CASE ("ZOffscreenView: paints again what an update reaches, and everything elsewhere or at another density")
 {
     DeskWith<ZOffscreenView> desk;
     desk.view.AddPane (&desk.one);
@@ -49,12 +48,7 @@ TEST_CASE ("ZOffscreenView: paints what is dirty into its pixels and copies them
     const Calls everything{ "CreateOffscreen 10,20,110,70", "> FillRect 0,0,10,10", "> FillRect 5,5,15,15",
                             "CopyCanvas 10,20,110,70 from 0,0" };
     CHECK (desk.Paint () == everything);
-    CHECK (desk.Paint () == Calls{ "CopyCanvas 10,20,110,70 from 0,0" });
-    desk.two.SetDirty (true);
-    CHECK (desk.Paint () == Calls (everything.begin () + 2, everything.end ()));
     CHECK (desk.surface.clip.IsZero ()); // left as it was
-
-    // Repainted whole for an update rectangle that reaches the view; another place and another density need new pixels
     CHECK (desk.Paint ({ 0, 0, 5, 5 }).size () == 1);
     CHECK (desk.Paint ({ 100, 60, 200, 200 }) == Calls (everything.begin () + 1, everything.end ()));
     CHECK (desk.Paint ({}, { 1, 2 }).front () == "CreateOffscreen 11,22,111,72"); // what it lies in has moved
@@ -67,27 +61,6 @@ TEST_CASE ("ZOffscreenView: paints what is dirty into its pixels and copies them
     desk.view.Show ();
     desk.view.SetFrame ({ 10, 20, 10, 20 }); // without a size: straight on the canvas
     CHECK (desk.Paint () == Calls{ "FillRect 10,20,20,30", "FillRect 15,25,25,35" });
-}
-
-TEST_CASE ("ZHoverView: repaints the lower layer where dirty and the upper one always, wherever the view lies")
-{
-    DeskWith<ZHoverView> desk;
-    desk.view.GetLowerView ().AddPane (&desk.one);
-    desk.view.GetUpperView ().AddPane (&desk.two);
-    const Calls all{ "CreateOffscreen 10,20,110,70", "CreateOffscreen 10,20,110,70",
-                     "> FillRect 0,0,10,10",         "> CopyCanvas 0,0,100,50 from 0,0",
-                     "> FillRect 5,5,15,15",         "CopyCanvas 10,20,110,70 from 0,0" };
-    CHECK (desk.Paint () == all);
-    desk.two.SetDirty (true);
-    CHECK (desk.Paint () == Calls (all.begin () + 3, all.end ()));
-    desk.one.SetDirty (true);
-    CHECK (desk.Paint () == Calls (all.begin () + 2, all.end ()));
-    desk.surface.scale = 2.0;
-    CHECK (desk.Paint () == all);
-
-    // The pointer finds panes where they are drawn, the upper one first
-    CHECK (desk.view.FindPane (desk.event, desk.At ({ 12, 22 })) == &desk.one);
-    CHECK (desk.view.FindPane (desk.event, desk.At ({ 17, 27 })) == &desk.two);
 }
 
 TEST_CASE ("ZMultiTextView: a dragged control's text shows and stays for half a second, else that under the pointer")
