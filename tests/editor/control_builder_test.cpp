@@ -13,23 +13,22 @@ namespace
 {
 
 /// An editor of nothing but described controls.
-class DescribedDesk : public EditorDesk<>
+struct DescribedDesk : EditorDesk<>
 {
-public:
+    std::vector<ZControlDescription> records;
+
     explicit DescribedDesk (std::vector<ZControlDescription> table)
         : records (std::move (table))
     {
-        editor.Open ({});
+        Open ({});
     }
+    void CreateControls () override { ZControlBuilder (*this).BuildControls (records); }
+
     template <typename Control>
     Control& First () const
     {
-        return dynamic_cast<Control&> (*editor.GetRootView ()->GetPane (0));
+        return dynamic_cast<Control&> (*GetRootView ()->GetPane (0));
     }
-    void CreateControls () override { ZControlBuilder (editor).BuildControls (records); }
-
-private:
-    std::vector<ZControlDescription> records;
 };
 
 ZControlDescription Described (std::int32_t kind)
@@ -56,9 +55,9 @@ TEST_CASE ("ZControlBuilder: radio buttons of one id make one group, and a kind 
     table.back ().x = 100;
     table.back ().buttonIndex = 1;
     DescribedDesk desk (table);
-    CHECK (desk.editor.GetControls ().GetCount () == 2); // the picture bears the id, but is no group
-    CHECK (desk.editor.GetRootView ()->GetPaneCount () == 2);
-    desk.editor.GetRootView ()->SetFrame ({ 0, 0, 400, 100 });
+    CHECK (desk.GetControls ().GetCount () == 2); // the picture bears the id, but is no group
+    CHECK (desk.GetRootView ()->GetPaneCount () == 2);
+    desk.GetRootView ()->SetFrame ({ 0, 0, 400, 100 });
     CHECK (desk.Press ({ 105, 25 }));
     CHECK_FALSE (desk.Press ({ 90, 25 })); // between the two buttons
 }
@@ -72,7 +71,7 @@ TEST_CASE ("ZControlBuilder: a meter is no control, shows its strip and has a co
     DescribedDesk desk ({ record });
     CHECK (desk.Paint () ==
            Words_t{ "SetColor 1,2,3,255", "FillRect 10,20,70,40", "DrawBitmap strip 10,20,70,40 from 5,0" });
-    CHECK (desk.editor.GetControls ().GetCount () == 0);
+    CHECK (desk.GetControls ().GetCount () == 0);
     desk.wrapper.meters.SetDirect (1, 1.0f);
     desk.Tick ();
     CHECK (desk.Paint ().back () == "DrawBitmap strip 10,20,70,40 from 5,60");

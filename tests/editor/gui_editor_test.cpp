@@ -22,10 +22,10 @@ struct SmallDesk : EditorDesk<>
 
     void CreateControls () override
     {
-        auto& root = *editor.GetRootView ();
+        auto& root = *GetRootView ();
         row = { AddProbe (root, { 0, 0, 40, 40 }, 0), AddProbe (root, { 40, 0, 80, 40 }, 1),
                 AddProbe (root, { 80, 0, 120, 40 }, kCommandTag) };
-        meter = editor.AddMeter (root, std::make_unique<ZControl> (&editor, ZRect{ 0, 40, 20, 60 }, 0));
+        meter = AddMeter (root, std::make_unique<ZControl> (this, ZRect{ 0, 40, 20, 60 }, 0));
         meter->SetMouseEnabled (false);
     }
 };
@@ -38,67 +38,67 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: opens with the effect's values, close
     CHECK_FALSE (Press ({ 5, 5 }));
     for (int round = 0; round < 2; ++round)
     {
-        editor.Open ({ 10, 20 });
-        editor.Open ({ 0, 0 }); // open already
-        CHECK (editor.GetRootView ()->GetFrame () == ZRect{ 10, 20, 130, 80 });
+        Open ({ 10, 20 });
+        Open ({ 0, 0 }); // open already
+        CHECK (GetRootView ()->GetFrame () == ZRect{ 10, 20, 130, 80 });
         CHECK (row[1]->GetValue () == 0.75f);
         CHECK (rate == 96000.0);
-        CHECK (editor.NeedsRedraw ());
-        CHECK (editor.GetBitmap ("knob") == editor.GetBitmap ("knob"));
-        CHECK (editor.GetBitmap ("missing")->GetWidth () == 0);
+        CHECK (NeedsRedraw ());
+        CHECK (GetBitmap ("knob") == GetBitmap ("knob"));
+        CHECK (GetBitmap ("missing")->GetWidth () == 0);
 
-        editor.SetSize (300, 200);
+        SetSize (300, 200);
         CHECK (wrapper.size == ZPoint{ 300, 200 });
-        CHECK (editor.GetRootView ()->GetFrame () == ZRect{ 10, 20, 310, 220 });
-        editor.Close ();
-        CHECK_FALSE (editor.NeedsRedraw ());
+        CHECK (GetRootView ()->GetFrame () == ZRect{ 10, 20, 310, 220 });
+        Close ();
+        CHECK_FALSE (NeedsRedraw ());
         Tick ();
         CHECK (Paint ().empty ());
     }
     CHECK (wrapper.loaded == Words_t{ "knob", "missing", "knob", "missing" });
 
     wrapper.hasEffect = false;
-    editor.Open ({});
+    Open ({});
     CHECK (rate == 44100.0);
-    editor.SetParameter (0, 0.5f); // no effect to write to
+    SetParameter (0, 0.5f); // no effect to write to
     CHECK (row[0]->GetValue () == 0.5f);
     CHECK (wrapper.written.empty ());
 }
 
 TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a press is captured until a second press, a refused move or its pane's end")
 {
-    editor.Open ({ 10, 10 });
+    Open ({ 10, 10 });
     CHECK (Press ({ 15, 15 }));
     CHECK (Drag ({ 500, 500 }));
     CHECK (Press ({ 55, 15 }));
     CHECK (log == Words_t{ "0 down", "0 move", "0 up", "1 down" });
     row[1]->takesMove = false;
     CHECK_FALSE (Drag ({ 55, 16 }));
-    CHECK (editor.GetCapturePane () == nullptr);
+    CHECK (GetCapturePane () == nullptr);
     CHECK_FALSE (Press ({ 400, 15 })); // nothing there
-    CHECK (editor.GetFocusPane () == row[1]);
+    CHECK (GetFocusPane () == row[1]);
 
     SUBCASE ("closing in mid-drag leaves nothing behind")
     {
         Press ({ 15, 15 });
-        editor.Close ();
-        editor.Open ({ 10, 10 });
+        Close ();
+        Open ({ 10, 10 });
         CHECK_FALSE (Drag ({ 20, 20 }));
-        CHECK (editor.GetFocusPane () == nullptr);
+        CHECK (GetFocusPane () == nullptr);
     }
     SUBCASE ("a press may end another control")
     {
-        row[0]->onPress = [&] { editor.Remove (row[1]); };
+        row[0]->onPress = [&] { Remove (row[1]); };
         CHECK (Press ({ 15, 15 }));
-        CHECK (editor.GetFocusPane () == row[0]);
-        CHECK (editor.GetControls ().GetCount () == 2);
+        CHECK (GetFocusPane () == row[0]);
+        CHECK (GetControls ().GetCount () == 2);
     }
     SUBCASE ("who calls back into the mouse entries is not entered again")
     {
         log.clear ();
         row[0]->onPress = [&] { Click ({ 55, 15 }); };
         CHECK (Press ({ 15, 15 }));
-        editor.SetInputLocked (true);
+        SetInputLocked (true);
         CHECK (Drag ({ 15, 16 })); // nothing moves, but the drag is still on
         CHECK (log == Words_t{ "0 down" });
     }
@@ -106,7 +106,7 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a press is captured until a second pr
 
 TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: the pointer enters panes on ticks, not during a drag or beside a modal pane")
 {
-    editor.Open ({});
+    Open ({});
     Hover ({ 5, 5 });
     Hover ({ 45, 5 });
     Tick ();
@@ -120,27 +120,27 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: the pointer enters panes on ticks, no
     row[1]->opensModal = true;
     Press ({ 45, 5 });
     Tick ();
-    editor.FocusLost (); // closes what is modal
-    editor.FocusGained ();
+    FocusLost (); // closes what is modal
+    FocusGained ();
     CHECK (log == Words_t{ "1 open", "0 exit", "1 close", "lost", "gained" });
 }
 
 TEST_CASE_FIXTURE (SmallDesk,
                    "ZGuiEditor: wheel and keys go to the modal pane, then to hover or focus, then the editor")
 {
-    editor.Open ({});
+    Open ({});
     Hover ({ 45, 5 });
     CHECK (Wheel (10));
-    CHECK (editor.GetFocusPane () == row[1]);
+    CHECK (GetFocusPane () == row[1]);
     CHECK (wrapper.storage.GetNormalized (1) == doctest::Approx (0.1));
     CHECK_FALSE (Wheel (0)); // changes nothing, so nobody took it
 
     log.clear ();
     row[0]->opensModal = true;
     Press ({ 5, 5 });
-    editor.SetFocusPane (row[1]);
+    SetFocusPane (row[1]);
     CHECK (Key (kKeyReturn));
-    editor.SetFocusPane (row[0]); // asked once only
+    SetFocusPane (row[0]); // asked once only
     CHECK (Key (kKeyReturn));
     row[0]->takesKeys = true;
     CHECK (Key (kKeyReturn));
@@ -149,7 +149,7 @@ TEST_CASE_FIXTURE (SmallDesk,
 
 TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: values go from control to effect, and come from outside by polling")
 {
-    editor.Open ({});
+    Open ({});
     Tick ();
     changed.clear ();
     row[0]->BroadcastValue (0, 1.5f); // written within its range, shown as it is
@@ -180,17 +180,17 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: values go from control to effect, and
 
 TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a meter sinks to nothing when faded out, and is back at once")
 {
-    editor.Open ({});
+    Open ({});
     wrapper.meters.SetDirect (0, 0.5f);
     Tick ();
     CHECK (meter->GetValue () == 0.5f);
-    editor.SetMeterFade (false);
+    SetMeterFade (false);
     Tick ();
     CHECK (meter->GetValue () == doctest::Approx (0.5 * std::exp (-0.1)));
     for (int i = 0; i < 300; ++i)
         Tick ();
     CHECK (meter->GetValue () == 0.0f);
-    editor.SetMeterFade (true);
+    SetMeterFade (true);
     Tick ();
     CHECK (meter->GetValue () == 0.5f);
 }
@@ -199,36 +199,36 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: takes the effect's events, and asks f
 {
     std::int32_t number = 2;
     double newRate = 192000.0;
-    CHECK (editor.OnEffectEvent (kCodeNumInputs, &number)); // heard by a closed editor, too
-    editor.Open ({});
-    CHECK (editor.GetChannelCount () == 2);
-    CHECK (editor.OnEffectEvent (kCodeSampleRate, &newRate));
+    CHECK (OnEffectEvent (kCodeNumInputs, &number)); // heard by a closed editor, too
+    Open ({});
+    CHECK (GetChannelCount () == 2);
+    CHECK (OnEffectEvent (kCodeSampleRate, &newRate));
     CHECK (rate == 192000.0);
     for (auto code : { 0, 11, 14, -1, 10000 })
-        CHECK_FALSE (editor.OnEffectEvent (code, &number));
+        CHECK_FALSE (OnEffectEvent (code, &number));
     for (auto code : { 5, 6, 9, 10, 12, 13 })
-        CHECK_FALSE (editor.OnEffectEvent (code, nullptr));
+        CHECK_FALSE (OnEffectEvent (code, nullptr));
 
     wrapper.storage.SetNormalized (1, 0.5f);
     wrapper.storage.SetDefaultNormalized (1, 0.5f);
     number = 1;
-    CHECK (editor.OnEffectEvent (kCodePostHost, &number));
+    CHECK (OnEffectEvent (kCodePostHost, &number));
     CHECK (row[1]->GetValue () == 0.5f);
     CHECK (row[1]->GetDefault () == 0.5f);
     CHECK (changed.back () == 1);
     ZParameterStorageBase other;
     other.Allocate (1, 6);
     other.SetNormalized (0, 0.875f);
-    CHECK (editor.OnEffectEvent (kCodeStorage, &other));
+    CHECK (OnEffectEvent (kCodeStorage, &other));
     CHECK (row[0]->GetValue () == 0.875f);
-    CHECK (editor.OnEffectEvent (kCodeStorage, nullptr)); // it is gone: nothing may look at it any more
-    CHECK (editor.OnEffectEvent (kCodeVuBuffer, nullptr));
+    CHECK (OnEffectEvent (kCodeStorage, nullptr)); // it is gone: nothing may look at it any more
+    CHECK (OnEffectEvent (kCodeVuBuffer, nullptr));
     Tick ();
 }
 
 TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: what another thread posts is carried out in the next tick")
 {
-    editor.Open ({});
+    Open ({});
     Tick ();
     std::atomic<bool> done = false;
     constexpr int kLast = 500;
@@ -240,8 +240,8 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: what another thread posts is carried 
                 {
                     double newRate = i;
                     wrapper.storage.SetDefaultNormalized (id, static_cast<float> (i) / kLast);
-                    editor.OnEffectEvent (kCodePostHost, &id);
-                    editor.OnEffectEvent (kCodeSampleRate, &newRate);
+                    OnEffectEvent (kCodePostHost, &id);
+                    OnEffectEvent (kCodeSampleRate, &newRate);
                 }
             done = true;
         });
@@ -256,17 +256,17 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: what another thread posts is carried 
 
 TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a pass draws what changed, and the modal pane over it")
 {
-    editor.Open ({ 10, 10 });
+    Open ({ 10, 10 });
     CHECK (Paint ().size () == 3);
-    CHECK_FALSE (editor.NeedsRedraw ());
+    CHECK_FALSE (NeedsRedraw ());
     CHECK (Paint ().empty ());
     wrapper.storage.SetNormalized (1, 0.5f);
     Tick ();
-    CHECK (editor.NeedsRedraw ());
+    CHECK (NeedsRedraw ());
     CHECK (Paint () == Words_t{ "FillRect 50,10,90,50" });
     row[1]->Hide ();
     row[1]->SetDirty (true); // never painted, so no reason for a pass
-    CHECK_FALSE (editor.NeedsRedraw ());
+    CHECK_FALSE (NeedsRedraw ());
     row[1]->Show ();
     Paint ();
 
@@ -278,7 +278,7 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a pass draws what changed, and the mo
 
     ZOffscreenCanvas target (ZOnscreenCanvas (surface), { 0, 0, 130, 70 });
     surface.Take ();
-    editor.Draw (target, {}, 0);
+    Draw (target, {}, 0);
     const auto calls = surface.Take (); // above, left and right, none below: the pane reaches the end
     REQUIRE (calls.size () == 8);
     CHECK (Words_t (calls.end () - 4, calls.end ()) ==
@@ -288,7 +288,7 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a pass draws what changed, and the mo
 
 TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a tooltip shows after a second and goes with the pointer or the pane")
 {
-    editor.Open ({ 10, 10 });
+    Open ({ 10, 10 });
     row[0]->SetTooltip ("Drive");
     Hover ({ 15, 15 });
     Tick (999);
@@ -299,6 +299,6 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a tooltip shows after a second and go
     Tick (5000); // has none
     Hover ({ 15, 15 });
     Tick (1000);
-    CHECK (editor.Remove (row[0]));
+    CHECK (Remove (row[0]));
     CHECK (wrapper.tooltipLog == Words_t{ "Drive at 10,10,50,50", "hidden", "Drive at 10,10,50,50", "hidden" });
 }

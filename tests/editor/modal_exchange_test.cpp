@@ -21,10 +21,10 @@ struct FormDesk : EditorDesk<>
 
     void CreateControls () override
     {
-        auto& root = *editor.GetRootView ();
-        view = editor.AddPane (root, std::make_unique<ZView> (&editor, ZRect{ 0, 0, 120, 20 }));
-        field = editor.AddControl (*view, std::make_unique<ZDrawTextEdit> (&editor, ZRect{ 0, 0, 40, 20 }, 0));
-        menu = editor.AddControl (*view, std::make_unique<ZDrawMatrixMenu> (&editor, ZRect{ 60, 0, 120, 20 }, 1));
+        auto& root = *GetRootView ();
+        view = AddPane (root, std::make_unique<ZView> (this, ZRect{ 0, 0, 120, 20 }));
+        field = AddControl (*view, std::make_unique<ZDrawTextEdit> (this, ZRect{ 0, 0, 40, 20 }, 0));
+        menu = AddControl (*view, std::make_unique<ZDrawMatrixMenu> (this, ZRect{ 60, 0, 120, 20 }, 1));
         menu->SetPlacement (kAtLeftBottom);
         for (const char* item : { "a", "b", "c" })
             menu->AddItem (item);
@@ -33,8 +33,8 @@ struct FormDesk : EditorDesk<>
     }
     void Reopen ()
     {
-        editor.Close ();
-        editor.Open ({});
+        Close ();
+        Open ({});
         Tick ();
     }
     void OpenField ()
@@ -42,14 +42,14 @@ struct FormDesk : EditorDesk<>
         window.time += 1000;
         Click (kField);
         Click (kField);
-        REQUIRE (editor.GetModalPane () == field);
+        REQUIRE (GetModalPane () == field);
         REQUIRE (Key (kKeyNone, '1'));
     }
     void OpenMenu ()
     {
         Click (kMenu);
         Tick ();
-        REQUIRE (editor.GetModalPane () == menu);
+        REQUIRE (GetModalPane () == menu);
     }
     ZPoint Item (std::int32_t row) const ///< a point on it, while open
     {
@@ -61,7 +61,7 @@ struct FormDesk : EditorDesk<>
 
 TEST_CASE_FIXTURE (FormDesk, "An open field ends without a word with its editor, its pane or view and a changed value")
 {
-    const std::vector<std::function<void ()>> endings{ [this] { view->Hide (); }, [this] { editor.Remove (field); },
+    const std::vector<std::function<void ()>> endings{ [this] { view->Hide (); }, [this] { Remove (field); },
                                                        [this] { wrapper.storage.SetNormalized (3, 0.5f); },
                                                        [this] { Reopen (); } };
     for (const auto& end : endings)
@@ -69,11 +69,11 @@ TEST_CASE_FIXTURE (FormDesk, "An open field ends without a word with its editor,
         Reopen ();
         OpenField ();
         Paint ();
-        CHECK_FALSE (editor.NeedsRedraw ());
+        CHECK_FALSE (NeedsRedraw ());
         end ();
         Tick ();
-        CHECK (editor.NeedsRedraw ());
-        CHECK (editor.GetModalPane () == nullptr);
+        CHECK (NeedsRedraw ());
+        CHECK (GetModalPane () == nullptr);
         CHECK (wrapper.written.empty ());
     }
 }
@@ -82,7 +82,7 @@ TEST_CASE_FIXTURE (FormDesk, "An open menu takes presses over what lies below it
 {
     Reopen ();
     OpenMenu ();
-    CHECK (editor.GetHoverPane () == nullptr);
+    CHECK (GetHoverPane () == nullptr);
     Click (Item (2));
     CHECK (log == Words_t{ "2 enter" }); // once the menu has gone
     CHECK (wrapper.storage.GetNormalized (1) == 1.0f);
@@ -90,7 +90,7 @@ TEST_CASE_FIXTURE (FormDesk, "An open menu takes presses over what lies below it
     Tick (); // for the changed value
     OpenMenu ();
     CHECK (Press ({ 190, 190 })); // which counts there
-    CHECK (editor.GetModalPane () == nullptr);
+    CHECK (GetModalPane () == nullptr);
     CHECK (log == Words_t{ "2 enter", "2 exit", "2 down" });
 
     // Hidden under a press on an item: no choice.
@@ -99,6 +99,6 @@ TEST_CASE_FIXTURE (FormDesk, "An open menu takes presses over what lies below it
     view->Hide ();
     Drag (Item (0));
     Tick ();
-    CHECK (editor.GetModalPane () == nullptr);
+    CHECK (GetModalPane () == nullptr);
     CHECK (wrapper.written.size () == 1);
 }

@@ -57,83 +57,74 @@ private:
     Words_t& log; // not owned: the test's
 };
 
+struct EditorSurroundings
+{
+    FakeEditorWrapper wrapper; // which outlives the editor
+};
+
 /// An editor of the controls that a test puts in, driven as a window does: a pointer, a clock, a canvas that keeps what
 /// is drawn.
 template <typename Base = ZGuiEditor>
-class EditorDesk : public Hands
+class EditorDesk : public EditorSurroundings, public Base, public Hands
 {
 public:
-    virtual ~EditorDesk () = default;
-    virtual void CreateControls () = 0;
-
-    class Editor final : public Base
+    EditorDesk ()
+        : Base (EditorSurroundings::wrapper)
     {
-    public:
-        explicit Editor (EditorDesk& itsDesk)
-            : Base (itsDesk.wrapper)
-            , desk (itsDesk)
-        {
-        }
-        ~Editor () override { this->Close (); }
-        void ParameterChanged (std::int32_t id, float value) override
-        {
-            Base::ParameterChanged (id, value);
-            desk.changed.push_back (id);
-        }
+    }
+    ~EditorDesk () override { this->Close (); }
 
-    protected:
-        void CreateControls () override { desk.CreateControls (); }
-        void DestroyControls () override {}
-        bool OnKeyDown (ZEvent&, const ZKeyInput&) override
-        {
-            desk.log.emplace_back ("editor key");
-            return true;
-        }
-        void OnFocusGained () override { desk.log.emplace_back ("gained"); }
-        void OnFocusLost () override { desk.log.emplace_back ("lost"); }
-        void OnSampleRate (double rateHz) override { desk.rate = rateHz; }
-
-    private:
-        EditorDesk& desk; // not owned: the editor is its
-    };
-
-    FakeEditorWrapper wrapper;
+    using EditorSurroundings::wrapper;
     RecordingCanvasImp surface;
     Words_t log;                       // of the editor and its probes
     std::vector<std::int32_t> changed; // ids of ParameterChanged in order
     double rate = 0.0;
-    Editor editor{ *this };
+
+    void ParameterChanged (std::int32_t id, float value) override
+    {
+        Base::ParameterChanged (id, value);
+        changed.push_back (id);
+    }
+    void DestroyControls () override {}
+    bool OnKeyDown (ZEvent&, const ZKeyInput&) override
+    {
+        log.emplace_back ("editor key");
+        return true;
+    }
+    void OnFocusGained () override { log.emplace_back ("gained"); }
+    void OnFocusLost () override { log.emplace_back ("lost"); }
+    void OnSampleRate (double rateHz) override { rate = rateHz; }
 
     ProbeControl* AddProbe (ZView& view, const ZRect& frame, std::int32_t tag)
     {
-        return editor.AddControl (view, std::make_unique<ProbeControl> (&editor, frame, tag, log));
+        return this->AddControl (view, std::make_unique<ProbeControl> (this, frame, tag, log));
     }
 
     void Tick (std::uint32_t milliseconds = 30)
     {
         window.time += milliseconds;
-        editor.Idle (event, At (window.pointer, window.buttons));
+        this->Idle (event, At (window.pointer, window.buttons));
     }
     void Hover (ZPoint point, std::uint32_t milliseconds = 30) ///< moves the pointer and ticks
     {
         window.pointer = point;
         Tick (milliseconds);
     }
-    bool Press (ZPoint point) { return Hands::Press (editor, point); }
-    bool Drag (ZPoint point) { return Hands::Drag (editor, point); }
-    void Release (ZPoint point) { Hands::Release (editor, point); }
+    bool Press (ZPoint point) { return Hands::Press (*this, point); }
+    bool Drag (ZPoint point) { return Hands::Drag (*this, point); }
+    void Release (ZPoint point) { Hands::Release (*this, point); }
     void Click (ZPoint point)
     {
         Press (point);
         Release (point);
     }
-    bool Wheel (std::int32_t delta) { return Hands::Wheel (editor, delta); }
-    bool Key (std::int32_t key, char character = 0) { return Hands::Key (editor, key, 0, character); }
+    bool Wheel (std::int32_t delta) { return Hands::Wheel (*this, delta); }
+    bool Key (std::int32_t key, char character = 0) { return Hands::Key (*this, key, 0, character); }
     Words_t Paint () ///< the calls of one pass on the window's surface
     {
         surface.Take ();
         ZOnscreenCanvas canvas (surface);
-        editor.Draw (canvas, {}, window.time);
+        this->Draw (canvas, {}, window.time);
         return surface.Take ();
     }
 };
