@@ -94,6 +94,10 @@ TEST_CASE ("ZOnOffButton: switches when its behaviour says, and shows where a pr
     board.control.SetActiveFrames (4, 5, 6, 7);
     board.control.SetActiveFramePreset (5); // there is none
     CHECK (board.FrameShown (board.control) == 4);
+    board.control.SetAnimInactive (&board.strip, 9, 1, {});
+    board.control.SetShownState (kStateGoingOff);
+    board.control.SetActive (false);
+    CHECK (board.FrameShown (board.control) == 3); // the other look has a table of its own
 }
 
 TEST_CASE ("ZMultiButton: one of the group is on, a press selects another or falls back, and all show it")

@@ -4,7 +4,7 @@
 #include "draw_font.h"
 #include "draw_knob.h"
 #include "draw_text.h"
-#include "recording_canvas.h"
+#include "pane_desk.h"
 #include <doctest/doctest.h>
 
 using namespace tessaly;
@@ -14,13 +14,9 @@ namespace
 
 using Calls = std::vector<std::string>;
 
-/// A surface, an image "art" and what a drawing call leaves on the surface.
-struct Sheet
+/// What a drawing call leaves on the surface.
+struct Sheet : PaneDesk
 {
-    RecordingCanvasImp surface;
-    ZOnscreenCanvas canvas{ surface };
-    ZBitmap art = NamedBitmap ("art");
-
     Calls Active (const auto& mixIn, const auto&... rest)
     {
         mixIn.DrawActive (canvas, 0, rest...);
@@ -40,13 +36,13 @@ TEST_CASE ("ZDrawBack: each look draws its own kind, and a kind switched off kee
     Sheet sheet;
     ZDrawBack back;
     const ZRect rect{ 1, 2, 11, 22 };
-    back.SetBitmapActive (&sheet.art, { 5, 6 });
+    back.SetBitmapActive (&sheet.strip, { 5, 6 });
     back.SetColorAlphaInactive ({ 1, 2, 3 }, 40);
     CHECK (sheet.Inactive (back, rect) == Calls{ "SetColor 1,2,3,40", "FillRect 1,2,11,22" });
     back.SetKindActive0 ();
     CHECK (sheet.Active (back, rect).empty ());
     back.SetKindActive1 ();
-    CHECK (sheet.Active (back, rect) == Calls{ "DrawBitmap art 1,2,11,22 from 5,6" });
+    CHECK (sheet.Active (back, rect) == Calls{ "DrawBitmap strip 1,2,11,22 from 5,6" });
     back.SetColorInactive ({ 7, 8, 9 });
     CHECK (sheet.Inactive (back, rect) == Calls{ "SetColor 7,8,9,255", "FillRect 1,2,11,22" });
     back.SetBitmapActive (nullptr, {});
@@ -61,16 +57,16 @@ TEST_CASE ("ZDrawAnim: a frame is looked up in the strip, at its own height or t
     Sheet sheet;
     ZDrawAnim anim;
     const ZRect rect{ 10, 10, 50, 50 };
-    anim.SetAnimActive (&sheet.art, 8, 0, { 3, 4 });
-    CHECK (sheet.Active (anim, rect, 5) == Calls{ "DrawBitmap art 10,10,50,50 from 3,204" });
-    CHECK (sheet.Active (anim, rect, -3) == Calls{ "DrawBitmap art 10,10,50,50 from 3,4" });
-    CHECK (sheet.Active (anim, rect, 1000) == Calls{ "DrawBitmap art 10,10,50,50 from 3,284" });
-    anim.SetStretchInactive (&sheet.art, 8, 7, 9, { 3, 4 });
-    CHECK (sheet.Inactive (anim, rect, 2) == Calls{ "StretchBitmap art 10,10,50,50 from 3,22,10,31" });
-    anim.SetStretchInactive (&sheet.art, 8, 0, 0, { 3, 4 });
-    CHECK (sheet.Inactive (anim, rect, 1) == Calls{ "StretchBitmap art 10,10,50,50 from 3,44,43,84" });
-    anim.SetAnimActive (&sheet.art, 0, 10, {}); // no frame at all
-    CHECK (sheet.Active (anim, rect, 3) == Calls{ "DrawBitmap art 10,10,50,50 from 0,0" });
+    anim.SetAnimActive (&sheet.strip, 8, 0, { 3, 4 });
+    CHECK (sheet.Active (anim, rect, 5) == Calls{ "DrawBitmap strip 10,10,50,50 from 3,204" });
+    CHECK (sheet.Active (anim, rect, -3) == Calls{ "DrawBitmap strip 10,10,50,50 from 3,4" });
+    CHECK (sheet.Active (anim, rect, 1000) == Calls{ "DrawBitmap strip 10,10,50,50 from 3,284" });
+    anim.SetStretchInactive (&sheet.strip, 8, 7, 9, { 3, 4 });
+    CHECK (sheet.Inactive (anim, rect, 2) == Calls{ "StretchBitmap strip 10,10,50,50 from 3,22,10,31" });
+    anim.SetStretchInactive (&sheet.strip, 8, 0, 0, { 3, 4 });
+    CHECK (sheet.Inactive (anim, rect, 1) == Calls{ "StretchBitmap strip 10,10,50,50 from 3,44,43,84" });
+    anim.SetAnimActive (&sheet.strip, 0, 10, {}); // no frame at all
+    CHECK (sheet.Active (anim, rect, 3) == Calls{ "DrawBitmap strip 10,10,50,50 from 0,0" });
     anim.SetAnimActive (nullptr, 2, 0, {});
     CHECK (sheet.Active (anim, rect, 0).empty ());
 }
@@ -93,12 +89,12 @@ TEST_CASE ("Bitmap fonts: a row stands left, in the middle or, without a word ab
                                             { 0, "77,23,87,43" },
                                             { kAlignLeft | kAlignCenter, "7,23,17,43" } })
     {
-        font.SetFontActive (&sheet.art, 10, 20, alignment, {});
+        font.SetFontActive (&sheet.strip, 10, 20, alignment, {});
         const auto calls = sheet.Active (font, ZRect{ 7, 3, 107, 43 }, "abc");
-        CHECK (calls.front () == std::string ("DrawBitmap art ") + place + " from 60,20");
+        CHECK (calls.front () == std::string ("DrawBitmap strip ") + place + " from 60,20");
     }
-    font.SetFontActive (&sheet.art, 10, 20, kAlignCenter, {}); // wider than the rectangle: half of -5, towards zero
-    CHECK (sheet.Active (font, ZRect{ 0, 0, 5, 20 }, "a") == Calls{ "DrawBitmap art -2,0,8,20 from 60,20" });
+    font.SetFontActive (&sheet.strip, 10, 20, kAlignCenter, {}); // wider than the rectangle: half of -5, towards zero
+    CHECK (sheet.Active (font, ZRect{ 0, 0, 5, 20 }, "a") == Calls{ "DrawBitmap strip -2,0,8,20 from 60,20" });
 }
 
 TEST_CASE ("Bitmap fonts: one finds its glyphs in its list, the other by the two halves of the code")
@@ -108,11 +104,11 @@ TEST_CASE ("Bitmap fonts: one finds its glyphs in its list, the other by the two
     ZDrawFont font;
     font.SetFontActive (nullptr, "abc", 5, 5, 0, {});
     CHECK (sheet.Active (font, rect, "a").empty ());
-    font.SetFontActive (&sheet.art, "abca", 10, 10, kAlignLeft, { 1, 2 });
-    CHECK (sheet.Active (font, rect, "ca?") == Calls{ "DrawBitmap art 0,0,10,10 from 1,22",
-                                                      "DrawBitmap art 10,0,20,10 from 1,2",
-                                                      "DrawBitmap art 20,0,30,10 from 1,2" });
+    font.SetFontActive (&sheet.strip, "abca", 10, 10, kAlignLeft, { 1, 2 });
+    CHECK (sheet.Active (font, rect, "ca?") == Calls{ "DrawBitmap strip 0,0,10,10 from 1,22",
+                                                      "DrawBitmap strip 10,0,20,10 from 1,2",
+                                                      "DrawBitmap strip 20,0,30,10 from 1,2" });
     ZDrawAsciiFont ascii;
-    ascii.SetFontInactive (&sheet.art, 10, 10, kAlignLeft, { 1, 2 });
-    CHECK (sheet.Inactive (ascii, rect, "\xFF") == Calls{ "DrawBitmap art 0,0,10,10 from 151,152" });
+    ascii.SetFontInactive (&sheet.strip, 10, 10, kAlignLeft, { 1, 2 });
+    CHECK (sheet.Inactive (ascii, rect, "\xFF") == Calls{ "DrawBitmap strip 0,0,10,10 from 151,152" });
 }

@@ -1,5 +1,5 @@
+#include "knob_slider.h"
 #include "pane_desk.h"
-#include "slider.h"
 #include <doctest/doctest.h>
 
 using namespace tessaly;
@@ -8,7 +8,7 @@ using Values = std::vector<float>;
 namespace
 {
 
-using Board = DeskOf<ZSlider>;
+using Board = DeskOf<ZKnobSlider>;
 
 // 100 long with a knob of 10: its travel is 90 from x 55, where its knob's centre is at value 0.
 constexpr ZRect kPlace{ 50, 50, 150, 60 };
@@ -120,4 +120,16 @@ TEST_CASE ("ZSlider: without travel nothing moves")
         board.CheckDrag ({ { { 90, 55 }, 0.5 } });
         CHECK (board.control.GetKnobRect ().left == 50);
     }
+}
+
+TEST_CASE ("ZKnobSlider: draws the background, and over it the knob in its place")
+{
+    Board board (kPlace, kSliderJump, 0.5f);
+    board.control.ZDrawBack::SetBitmapActive (&board.strip, { 7, 8 });
+    board.control.ZDrawKnob::SetBitmapActive (&board.strip, { 1, 2 });
+    board.control.ZDrawKnob::SetBitmapInactive (&board.strip, { 3, 4 });
+    CHECK (board.Drawn (board.control) == std::vector<std::string>{ "DrawBitmap strip 50,50,150,60 from 7,8",
+                                                                    "DrawBitmap strip 95,50,105,60 from 1,2" });
+    board.control.SetActive (false);
+    CHECK (board.Drawn (board.control) == std::vector<std::string>{ "DrawBitmap strip 95,50,105,60 from 3,4" });
 }
