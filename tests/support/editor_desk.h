@@ -12,6 +12,7 @@
 #include "vu_buffer.h"
 #include <functional>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>

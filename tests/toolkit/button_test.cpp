@@ -33,20 +33,20 @@ void CheckPresses (std::initializer_list<Row> rows)
     {
         CAPTURE (row.behaviour);
         CAPTURE (row.on);
-        DeskOf<Button> board (kPlace);
-        board.control.SetAnimActive (&board.strip, 9, 1, {});
-        board.control.SetBehaviour (row.behaviour);
-        board.control.SetBool (row.on);
-        CHECK (board.Pressed (kInside) == row.sends[0]);
-        CHECK (board.FrameShown (board.control) == row.frames[0]);
-        CHECK (board.Dragged (kOutside) == row.sends[1]);
-        CHECK (board.FrameShown (board.control) == row.frames[1]);
-        CHECK (board.Dragged (kInside) == row.sends[2]);
-        CHECK (board.FrameShown (board.control) == row.frames[2]);
-        CHECK (board.Released (kInside) == row.sends[3]);
-        CHECK (board.FrameShown (board.control) == row.frames[3]);
-        board.Pressed (kInside);
-        CHECK (board.Released (kOutside) == kNone);
+        DeskOf<Button> desk (kPlace);
+        desk.control.SetAnimActive (&desk.strip, 9, 1, {});
+        desk.control.SetBehaviour (row.behaviour);
+        desk.control.SetBool (row.on);
+        CHECK (desk.Pressed (kInside) == row.sends[0]);
+        CHECK (desk.FrameShown (desk.control) == row.frames[0]);
+        CHECK (desk.Dragged (kOutside) == row.sends[1]);
+        CHECK (desk.FrameShown (desk.control) == row.frames[1]);
+        CHECK (desk.Dragged (kInside) == row.sends[2]);
+        CHECK (desk.FrameShown (desk.control) == row.frames[2]);
+        CHECK (desk.Released (kInside) == row.sends[3]);
+        CHECK (desk.FrameShown (desk.control) == row.frames[3]);
+        desk.Pressed (kInside);
+        CHECK (desk.Released (kOutside) == kNone);
     }
 }
 
@@ -64,19 +64,19 @@ TEST_CASE ("ZClickButton: presses, releases and repeats as its behaviour says, a
 
 TEST_CASE ("ZClickButton: without repeats a leave ends the press, with them they come one interval apart")
 {
-    DeskOf<ZClickButton> board (kPlace);
-    CHECK (board.Press (board.control, kInside));
-    CHECK_FALSE (board.Drag (board.control, kOutside));
-    board.control.SetBehaviour (kClickRepeat);
-    CHECK (board.Drag (board.control, kOutside));
+    DeskOf<ZClickButton> desk (kPlace);
+    CHECK (desk.Press (desk.control, kInside));
+    CHECK_FALSE (desk.Drag (desk.control, kOutside));
+    desk.control.SetBehaviour (kClickRepeat);
+    CHECK (desk.Drag (desk.control, kOutside));
     for (const std::uint32_t start : { 10000u, 0xFFFFFFA0u, 0u }) // the clock may wrap
     {
-        board.window.time = start;
-        board.Pressed (kInside);
-        board.window.time = start + 200;
-        CHECK (board.Dragged (kInside) == kNone);
-        board.window.time = start + 201;
-        CHECK (board.Dragged (kInside) == kOne);
+        desk.window.time = start;
+        desk.Pressed (kInside);
+        desk.window.time = start + 200;
+        CHECK (desk.Dragged (kInside) == kNone);
+        desk.window.time = start + 201;
+        CHECK (desk.Dragged (kInside) == kOne);
     }
 }
 
@@ -89,59 +89,59 @@ TEST_CASE ("ZOnOffButton: switches when its behaviour says, and shows where a pr
           { kOnActsAtPress, true, { kZero, kOne, kZero, kNone }, { 3, 2, 3, 0 } },
           { kOffActsAtRelease, false, { kNone, kNone, kNone, kOne }, { 1, 0, 1, 2 } },
           { kOffActsAtRelease, true, { kNone, kNone, kNone, kNone }, { 1, 2, 1, 2 } } }); // from on it does nothing
-    DeskOf<ZAnimOnOffButton> board (kPlace);
-    board.control.SetAnimActive (&board.strip, 9, 1, {});
-    board.control.SetActiveFrames (4, 5, 6, 7);
-    board.control.SetActiveFramePreset (5); // there is none
-    CHECK (board.FrameShown (board.control) == 4);
-    board.control.SetAnimInactive (&board.strip, 9, 1, {});
-    board.control.SetShownState (kStateGoingOff);
-    board.control.SetActive (false);
-    CHECK (board.FrameShown (board.control) == 3); // the other look has a table of its own
+    DeskOf<ZAnimOnOffButton> desk (kPlace);
+    desk.control.SetAnimActive (&desk.strip, 9, 1, {});
+    desk.control.SetActiveFrames (4, 5, 6, 7);
+    desk.control.SetActiveFramePreset (5); // there is none
+    CHECK (desk.FrameShown (desk.control) == 4);
+    desk.control.SetAnimInactive (&desk.strip, 9, 1, {});
+    desk.control.SetShownState (kStateGoingOff);
+    desk.control.SetActive (false);
+    CHECK (desk.FrameShown (desk.control) == 3); // the other look has a table of its own
 }
 
 TEST_CASE ("ZMultiButton: one of the group is on, a press selects another or falls back, and all show it")
 {
-    PaneDesk board;
-    ZMultiButton group (&board, 7);
+    PaneDesk desk;
+    ZMultiButton group (&desk, 7);
     group.SetStep (1.0f / 3);
     for (std::int32_t i = 0; i < 3; ++i)
     {
-        auto button = std::make_unique<ZAnimOnOffButton> (&board, ZRect{ 10 * i, 0, 10 * i + 10, 10 }, -2);
-        button->SetAnimActive (&board.strip, 4, 1, {});
+        auto button = std::make_unique<ZAnimOnOffButton> (&desk, ZRect{ 10 * i, 0, 10 * i + 10, 10 }, -2);
+        button->SetAnimActive (&desk.strip, 4, 1, {});
         group.AddButton (i, std::move (button));
     }
-    board.Adopt (group);
-    ZView root (&board, { 0, 0, 100, 100 });
+    desk.Adopt (group);
+    ZView root (&desk, { 0, 0, 100, 100 });
     root.AddPane (&group);
     const auto lit = [&] // the frames of a pass
     {
-        root.Paint (board.canvas, 0, {});
+        root.Paint (desk.canvas, 0, {});
         std::string frames;
-        for (const auto& call : board.surface.Take ())
+        for (const auto& call : desk.surface.Take ())
             frames += call.back ();
         return frames;
     };
     CHECK (lit () == "200");
     CHECK (lit () == ""); // nothing has changed
     group.SetIndex (1);
-    CHECK (board.Press (group, { 25, 5 }));
+    CHECK (desk.Press (group, { 25, 5 }));
     CHECK (lit () == "001");
-    CHECK (board.Drag (group, { 25, 50 })); // off it: taken back
+    CHECK (desk.Drag (group, { 25, 50 })); // off it: taken back
     CHECK (lit () == "020");
-    CHECK (board.Drag (group, { 25, 5 }));
-    CHECK_FALSE (board.Release (group, { 25, 5 }));
+    CHECK (desk.Drag (group, { 25, 5 }));
+    CHECK_FALSE (desk.Release (group, { 25, 5 }));
     CHECK (lit () == "002");
-    CHECK (board.TakeValues () == Values{ 1.0f, 0.5f, 1.0f });
+    CHECK (desk.TakeValues () == Values{ 1.0f, 0.5f, 1.0f });
 
     group.SetOffIndex (1);
-    board.Press (group, { 25, 5 });
-    board.Release (group, { 25, 5 });
+    desk.Press (group, { 25, 5 });
+    desk.Release (group, { 25, 5 });
     CHECK (lit () == "020"); // a second press falls back to the off index
-    CHECK (root.FindPane (board.event, board.At ({ 15, 5 })) == &group);
-    CHECK (root.FindPane (board.event, board.At ({ 35, 5 })) == nullptr);
-    CHECK_FALSE (board.Press (group, { 35, 5 }));
-    board.Press (group, { 5, 5 });
+    CHECK (root.FindPane (desk.event, desk.At ({ 15, 5 })) == &group);
+    CHECK (root.FindPane (desk.event, desk.At ({ 35, 5 })) == nullptr);
+    CHECK_FALSE (desk.Press (group, { 35, 5 }));
+    desk.Press (group, { 5, 5 });
     group.DeleteAllButtons (); // in mid-press
-    CHECK_FALSE (board.Drag (group, { 5, 5 }));
+    CHECK_FALSE (desk.Drag (group, { 5, 5 }));
 }

@@ -12,7 +12,7 @@ constexpr ZPoint kLeft{ 110, 130 };
 constexpr ZPoint kAbove{ 130, 110 };
 constexpr ZPoint kRight{ 150, 130 };
 
-using Board = DeskOf<ZDial>;
+using Desk = DeskOf<ZDial>;
 
 constexpr ZRect kPlace{ 100, 100, 160, 160 }; // with the usual sweep: 90 degrees are 0.3 of it
 
@@ -40,63 +40,63 @@ TEST_CASE ("ZVectorToDegree: relative degrees begin opposite the middle of the s
 
 TEST_CASE ("ZDial: a jump goes to the pointer, with the fine modifier it does not, and a quarter of the turn counts")
 {
-    Board board (kPlace, kDialJump, 0.5f);
-    board.Pressed (kLeft);
-    board.CheckDrag ({ { kLeft, 0.2 }, { kAbove, 0.5 } });
-    CHECK (board.Pressed (kRight, kShift).empty ());
-    board.CheckDrag ({ { kAbove, 0.5 - 0.3 / 4, kShift },
-                       { kAbove, 0.5 - 0.3 / 4 }, // the pointer rests, so the value does
-                       { kLeft, 0.5 - 0.3 / 2, kShift },
-                       { kLeft, 0.5 - 0.3 / 2 },
-                       { kAbove, 0.5 } }); // and then it is where the pointer is
+    Desk desk (kPlace, kDialJump, 0.5f);
+    desk.Pressed (kLeft);
+    desk.CheckDrag ({ { kLeft, 0.2 }, { kAbove, 0.5 } });
+    CHECK (desk.Pressed (kRight, kShift).empty ());
+    desk.CheckDrag ({ { kAbove, 0.5 - 0.3 / 4, kShift },
+                      { kAbove, 0.5 - 0.3 / 4 }, // the pointer rests, so the value does
+                      { kLeft, 0.5 - 0.3 / 2, kShift },
+                      { kLeft, 0.5 - 0.3 / 2 },
+                      { kAbove, 0.5 } }); // and then it is where the pointer is
 }
 
 TEST_CASE ("ZDial: a jump into the gap stays at its end, and turning across the gap does not wrap")
 {
-    Board board (kPlace, kDialJump, 0.5f);
-    board.Pressed ({ 128, 150 });
-    board.CheckDrag ({ { { 132, 150 }, 0.0 }, { kRight, 0.0 }, { kBelow, 0.0 }, { kLeft, 0.2 } }); // all the way back
-    board.Pressed ({ 132, 150 });
-    board.CheckDrag ({ { { 128, 150 }, 1.0 }, { kLeft, 1.0 }, { kBelow, 1.0 }, { kRight, 0.8 } });
+    Desk desk (kPlace, kDialJump, 0.5f);
+    desk.Pressed ({ 128, 150 });
+    desk.CheckDrag ({ { { 132, 150 }, 0.0 }, { kRight, 0.0 }, { kBelow, 0.0 }, { kLeft, 0.2 } }); // all the way back
+    desk.Pressed ({ 132, 150 });
+    desk.CheckDrag ({ { { 128, 150 }, 1.0 }, { kLeft, 1.0 }, { kBelow, 1.0 }, { kRight, 0.8 } });
 }
 
 TEST_CASE ("ZDial: an opposite grip turns the dial from the far side without a jump")
 {
-    Board board (kPlace, kDialJump, 0.5f);
-    board.control.SetOppositeGripEnabled (true);
-    board.Pressed (kBelow);
-    board.CheckDrag ({ { kBelow, 0.5 }, { kRight, 0.2 } }); // its pointer has gone to the left
-    board.Pressed (kBelow);                                 // not opposite the pointer any more
-    CHECK (board.control.GetValue () == 0.0f);
+    Desk desk (kPlace, kDialJump, 0.5f);
+    desk.control.SetOppositeGripEnabled (true);
+    desk.Pressed (kBelow);
+    desk.CheckDrag ({ { kBelow, 0.5 }, { kRight, 0.2 } }); // its pointer has gone to the left
+    desk.Pressed (kBelow);                                 // not opposite the pointer any more
+    CHECK (desk.control.GetValue () == 0.0f);
 }
 
 TEST_CASE ("ZDial: a turn counts from where it began and remembers how far it went beyond the stop")
 {
-    Board board (kPlace, kDialTurn, 0.5f);
-    CHECK (board.Pressed (kLeft).empty ());
-    board.CheckDrag ({ { kAbove, 0.8 },
-                       { kRight, 1.0 }, // 1.1
-                       { kBelow, 1.0 }, // 1.4
-                       { kRight, 1.0 },
-                       { kAbove, 0.8 },
-                       { kLeft, 0.8 - 0.3 / 4, kShift } });
-    board.control.SetDegreeRange (90, 90); // no sweep: nothing to divide by
-    board.CheckDrag ({ { kAbove, 0.8 - 0.3 / 4 } });
+    Desk desk (kPlace, kDialTurn, 0.5f);
+    CHECK (desk.Pressed (kLeft).empty ());
+    desk.CheckDrag ({ { kAbove, 0.8 },
+                      { kRight, 1.0 }, // 1.1
+                      { kBelow, 1.0 }, // 1.4
+                      { kRight, 1.0 },
+                      { kAbove, 0.8 },
+                      { kLeft, 0.8 - 0.3 / 4, kShift } });
+    desk.control.SetDegreeRange (90, 90); // no sweep: nothing to divide by
+    desk.CheckDrag ({ { kAbove, 0.8 - 0.3 / 4 } });
 }
 
 TEST_CASE ("ZDial: a straight drag adds up and right, does not jump with the fine modifier, and turns at a stop")
 {
-    Board board (kPlace, kDialLinear, 0.5f);
-    CHECK_FALSE (board.Press (board.control, { 130, 130 }, 0, kRightButton));
-    CHECK (board.Press (board.control, { 130, 130 }));
-    board.CheckDrag ({ { { 120, 120 }, 0.5 }, // up and left
-                       { { 130, 110 }, 0.7 },
-                       { { 130, 90 }, 0.75, kShift },
-                       { { 130, 90 }, 0.75 },
-                       { { 130, -500 }, 1.0 },
-                       { { 130, -499 }, 0.99 },
-                       { { 130, 900 }, 0.0 },
-                       { { 131, 900 }, 0.01 } });
-    board.control.SetLinearScale (2.0f);
-    board.CheckDrag ({ { { 132, 900 }, 0.04 } }); // two pixels from the stop, two steps each
+    Desk desk (kPlace, kDialLinear, 0.5f);
+    CHECK_FALSE (desk.Press (desk.control, { 130, 130 }, 0, kRightButton));
+    CHECK (desk.Press (desk.control, { 130, 130 }));
+    desk.CheckDrag ({ { { 120, 120 }, 0.5 }, // up and left
+                      { { 130, 110 }, 0.7 },
+                      { { 130, 90 }, 0.75, kShift },
+                      { { 130, 90 }, 0.75 },
+                      { { 130, -500 }, 1.0 },
+                      { { 130, -499 }, 0.99 },
+                      { { 130, 900 }, 0.0 },
+                      { { 131, 900 }, 0.01 } });
+    desk.control.SetLinearScale (2.0f);
+    desk.CheckDrag ({ { { 132, 900 }, 0.04 } }); // two pixels from the stop, two steps each
 }

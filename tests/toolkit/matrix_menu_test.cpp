@@ -221,22 +221,22 @@ TEST_CASE ("ZMatrixMenu: a parameter's list fills the menu, and its value is sho
 
 TEST_CASE ("ZAnimMatrixMenu: shows its item's frame, is stepped with nothing selected, and opens only with menus")
 {
-    DeskOf<ZAnimMatrixMenu> board ({ 0, 0, 60, 20 });
-    auto& menu = board.control;
-    menu.SetAnimActive (&board.strip, 4, 1, {});
+    DeskOf<ZAnimMatrixMenu> desk ({ 0, 0, 60, 20 });
+    auto& menu = desk.control;
+    menu.SetAnimActive (&desk.strip, 4, 1, {});
     menu.SetStep (0.25f);
     for (const char* text : { "four", "three", "two", "one" })
         menu.InsertItem (0, text);
     menu.SetSelected (1);
-    CHECK (board.FrameShown (menu) == 1);
+    CHECK (desk.FrameShown (menu) == 1);
     for (const auto& [delta, selected] : { std::pair{ 1, 0 }, { 3, 2 }, { -2, 1 } })
     {
         menu.SetSelected (-1);
-        CHECK (board.Wheel (menu, delta));
+        CHECK (desk.Wheel (menu, delta));
         CHECK (menu.GetSelected () == selected);
     }
     menu.SetSelected (3);
     CHECK (menu.RemoveItem (1));
     CHECK (menu.GetSelected () == -1); // there is no item 3 any more
-    CHECK_FALSE (board.Press (menu, { 1, 1 }));
+    CHECK_FALSE (desk.Press (menu, { 1, 1 }));
 }

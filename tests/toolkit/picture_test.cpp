@@ -15,11 +15,11 @@ namespace
 template <typename Control>
 int FrameAt (float value, std::int32_t frames)
 {
-    DeskOf<Control> board ({ 0, 0, 10, 10 });
-    board.control.SetAnimActive (&board.strip, frames, 1, {});
-    board.control.SetStep (0.25f);
-    board.control.SetValue (value);
-    return board.FrameShown (board.control);
+    DeskOf<Control> desk ({ 0, 0, 10, 10 });
+    desk.control.SetAnimActive (&desk.strip, frames, 1, {});
+    desk.control.SetStep (0.25f);
+    desk.control.SetValue (value);
+    return desk.FrameShown (desk.control);
 }
 
 } // namespace
@@ -37,13 +37,13 @@ TEST_CASE ("Strips: a dial shows the frame nearest to its value, a meter its par
 
 TEST_CASE ("Pictures and meters: show themselves, and the mouse reaches what lies below")
 {
-    PaneDesk board;
-    ZView root (&board, { 0, 0, 100, 100 });
-    const auto picture = CreateBitmapPicture (&board, { 0, 0, 40, 30 }, 1, &board.strip, { 3, 4 });
-    const auto meter = CreateAnim<ZAnimVuMeter> (&board, { 0, 0, 10, 10 }, 2, &board.strip, 20, 1, {});
+    PaneDesk desk;
+    ZView root (&desk, { 0, 0, 100, 100 });
+    const auto picture = CreateBitmapPicture (&desk, { 0, 0, 40, 30 }, 1, &desk.strip, { 3, 4 });
+    const auto meter = CreateAnim<ZAnimVuMeter> (&desk, { 0, 0, 10, 10 }, 2, &desk.strip, 20, 1, {});
     root.AddPane (picture.get ());
     root.AddPane (meter.get ());
-    CHECK (root.FindPane (board.event, board.At ({ 5, 5 })) == nullptr);
-    CHECK (board.Drawn (*picture) == std::vector<std::string>{ "DrawBitmap strip 0,0,40,30 from 3,4" });
-    CHECK (board.FrameShown (*meter) == 0);
+    CHECK (root.FindPane (desk.event, desk.At ({ 5, 5 })) == nullptr);
+    CHECK (desk.Drawn (*picture) == std::vector<std::string>{ "DrawBitmap strip 0,0,40,30 from 3,4" });
+    CHECK (desk.FrameShown (*meter) == 0);
 }

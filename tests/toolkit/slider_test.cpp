@@ -8,7 +8,7 @@ using Values = std::vector<float>;
 namespace
 {
 
-using Board = DeskOf<ZKnobSlider>;
+using Desk = DeskOf<ZKnobSlider>;
 
 // 100 long with a knob of 10: its travel is 90 from x 55, where its knob's centre is at value 0.
 constexpr ZRect kPlace{ 50, 50, 150, 60 };
@@ -36,40 +36,40 @@ TEST_CASE ("ZSlider: the knob stands at its value, from the left or from the bot
 
 TEST_CASE ("ZSlider: a jump centres the knob on the pointer and follows it, a fine drag ends where the pointer is")
 {
-    Board board (kPlace, kSliderJump, 0.0f);
-    CHECK (board.Pressed ({ 100, 55 }) == Values{ 0.5f });
-    board.CheckDrag ({ { { 109, 55 }, 0.6 }, { { 500, 55 }, 1.0 }, { { -500, 55 }, 0.0 }, { { 136, 55 }, 0.9 } });
-    CHECK (board.Pressed ({ 64, 55 }, kShift).empty ());
-    board.CheckDrag ({ { { 28, 55 }, 0.8, kShift },     // 0.9 less a quarter of 36 / 90
-                       { { 73, 55 }, 0.2 },             // without shift: the pointer's place
-                       { { 109, 55 }, 0.3, kShift } }); // and finely on from there
+    Desk desk (kPlace, kSliderJump, 0.0f);
+    CHECK (desk.Pressed ({ 100, 55 }) == Values{ 0.5f });
+    desk.CheckDrag ({ { { 109, 55 }, 0.6 }, { { 500, 55 }, 1.0 }, { { -500, 55 }, 0.0 }, { { 136, 55 }, 0.9 } });
+    CHECK (desk.Pressed ({ 64, 55 }, kShift).empty ());
+    desk.CheckDrag ({ { { 28, 55 }, 0.8, kShift },     // 0.9 less a quarter of 36 / 90
+                      { { 73, 55 }, 0.2 },             // without shift: the pointer's place
+                      { { 109, 55 }, 0.3, kShift } }); // and finely on from there
 }
 
 TEST_CASE ("ZSlider: by the knob only, a press on the track is refused")
 {
-    Board board (kPlace, kSliderKnob, 0.5f);
-    CHECK_FALSE (board.Press (board.control, { 60, 55 }));
-    CHECK (board.Press (board.control, { 96, 55 }));
-    board.CheckDrag ({ { { 96, 55 }, 0.5 }, { { 105, 55 }, 0.6 } });
-    board.control.SetStyle (kHorizontal | kReversed);
-    CHECK (board.Press (board.control, { 92, 55 }));
-    board.CheckDrag ({ { { 101, 55 }, 0.5 } });
-    CHECK_FALSE (board.Press (board.control, { 100, 55 }, 0, kRightButton));
+    Desk desk (kPlace, kSliderKnob, 0.5f);
+    CHECK_FALSE (desk.Press (desk.control, { 60, 55 }));
+    CHECK (desk.Press (desk.control, { 96, 55 }));
+    desk.CheckDrag ({ { { 96, 55 }, 0.5 }, { { 105, 55 }, 0.6 } });
+    desk.control.SetStyle (kHorizontal | kReversed);
+    CHECK (desk.Press (desk.control, { 92, 55 }));
+    desk.CheckDrag ({ { { 101, 55 }, 0.5 } });
+    CHECK_FALSE (desk.Press (desk.control, { 100, 55 }, 0, kRightButton));
 }
 
 TEST_CASE ("ZSlider: in steps, one comes at the press, further ones after a while until the pointer is reached")
 {
     constexpr std::uint32_t kStart = 0xFFFFFF00u; // wraps on the way
-    Board board (kPlace, kSliderPage, 0.0f);
-    board.control.SetStep (0.1f);
-    const auto after = [&board] (std::uint32_t milliseconds, std::int32_t x, double value, std::int32_t modifiers = 0)
+    Desk desk (kPlace, kSliderPage, 0.0f);
+    desk.control.SetStep (0.1f);
+    const auto after = [&desk] (std::uint32_t milliseconds, std::int32_t x, double value, std::int32_t modifiers = 0)
     {
         CAPTURE (milliseconds);
-        board.window.time = kStart + milliseconds;
-        board.CheckDrag ({ { { x, 55 }, value, modifiers } });
+        desk.window.time = kStart + milliseconds;
+        desk.CheckDrag ({ { { x, 55 }, value, modifiers } });
     };
-    board.window.time = kStart;
-    board.Pressed ({ 85, 55 }); // at a third
+    desk.window.time = kStart;
+    desk.Pressed ({ 85, 55 }); // at a third
     after (0, 85, 0.1);
     after (500, 85, 0.1);
     after (501, 85, 0.2);
@@ -80,56 +80,56 @@ TEST_CASE ("ZSlider: in steps, one comes at the press, further ones after a whil
     after (700, 85, 0.4);   // passed
     after (1700, 145, 0.4); // for good
 
-    board.Pressed ({ 60, 55 });
-    after (1700, 60, 0.3);      // downwards
-    board.Pressed ({ 82, 55 }); // on the knob
+    desk.Pressed ({ 60, 55 });
+    after (1700, 60, 0.3);     // downwards
+    desk.Pressed ({ 82, 55 }); // on the knob
     after (1700, 91, 0.4);
 }
 
 TEST_CASE ("ZSlider: an endless drag holds the hidden cursor where it was pressed and shows it again, come what may")
 {
     constexpr ZPoint kPress{ 70, 55 };
-    Board board (kPlace, kSliderEndless, 0.5f);
-    board.Pressed (kPress);
-    CHECK (board.window.cursorShown == 0);
-    board.CheckDrag ({ { { 79, 55 }, 0.6 } });
-    CHECK (board.window.pointer == kPress);
-    board.CheckDrag ({ { { 79, 55 }, 0.7 },
-                       { { 106, 55 }, 0.8, kShift },
-                       { { 200, 55 }, 1.0 },
-                       { { 61, 55 }, 0.9 } }); // turns at the stop at once
-    board.Released ({ 61, 55 });
-    CHECK (board.window.pointer == kPress);
-    CHECK (board.window.cursorShown == 1);
+    Desk desk (kPlace, kSliderEndless, 0.5f);
+    desk.Pressed (kPress);
+    CHECK (desk.window.cursorShown == 0);
+    desk.CheckDrag ({ { { 79, 55 }, 0.6 } });
+    CHECK (desk.window.pointer == kPress);
+    desk.CheckDrag ({ { { 79, 55 }, 0.7 },
+                      { { 106, 55 }, 0.8, kShift },
+                      { { 200, 55 }, 1.0 },
+                      { { 61, 55 }, 0.9 } }); // turns at the stop at once
+    desk.Released ({ 61, 55 });
+    CHECK (desk.window.pointer == kPress);
+    CHECK (desk.window.cursorShown == 1);
 
-    board.Pressed (kPress);
-    board.Pressed (kPress); // again without a release
-    CHECK (board.window.cursorShown == 0);
-    board.control.SetMouseEnabled (false);
-    CHECK_FALSE (board.Drag (board.control, { 80, 55 }));
-    CHECK (board.window.cursorShown == 1);
+    desk.Pressed (kPress);
+    desk.Pressed (kPress); // again without a release
+    CHECK (desk.window.cursorShown == 0);
+    desk.control.SetMouseEnabled (false);
+    CHECK_FALSE (desk.Drag (desk.control, { 80, 55 }));
+    CHECK (desk.window.cursorShown == 1);
 }
 
 TEST_CASE ("ZSlider: without travel nothing moves")
 {
     for (const auto mode : { kSliderEndless, kSliderJump, kSliderKnob, kSliderPage })
     {
-        Board board (kPlace, mode, 0.5f);
-        board.control.SetKnobRect ({ 0, 0, mode == kSliderJump ? 300 : 100, 10 });
-        board.Pressed ({ 70, 55 });
-        board.CheckDrag ({ { { 90, 55 }, 0.5 } });
-        CHECK (board.control.GetKnobRect ().left == 50);
+        Desk desk (kPlace, mode, 0.5f);
+        desk.control.SetKnobRect ({ 0, 0, mode == kSliderJump ? 300 : 100, 10 });
+        desk.Pressed ({ 70, 55 });
+        desk.CheckDrag ({ { { 90, 55 }, 0.5 } });
+        CHECK (desk.control.GetKnobRect ().left == 50);
     }
 }
 
 TEST_CASE ("ZKnobSlider: draws the background, and over it the knob in its place")
 {
-    Board board (kPlace, kSliderJump, 0.5f);
-    board.control.ZDrawBack::SetBitmapActive (&board.strip, { 7, 8 });
-    board.control.ZDrawKnob::SetBitmapActive (&board.strip, { 1, 2 });
-    board.control.ZDrawKnob::SetBitmapInactive (&board.strip, { 3, 4 });
-    CHECK (board.Drawn (board.control) == std::vector<std::string>{ "DrawBitmap strip 50,50,150,60 from 7,8",
-                                                                    "DrawBitmap strip 95,50,105,60 from 1,2" });
-    board.control.SetActive (false);
-    CHECK (board.Drawn (board.control) == std::vector<std::string>{ "DrawBitmap strip 95,50,105,60 from 3,4" });
+    Desk desk (kPlace, kSliderJump, 0.5f);
+    desk.control.ZDrawBack::SetBitmapActive (&desk.strip, { 7, 8 });
+    desk.control.ZDrawKnob::SetBitmapActive (&desk.strip, { 1, 2 });
+    desk.control.ZDrawKnob::SetBitmapInactive (&desk.strip, { 3, 4 });
+    CHECK (desk.Drawn (desk.control) == std::vector<std::string>{ "DrawBitmap strip 50,50,150,60 from 7,8",
+                                                                  "DrawBitmap strip 95,50,105,60 from 1,2" });
+    desk.control.SetActive (false);
+    CHECK (desk.Drawn (desk.control) == std::vector<std::string>{ "DrawBitmap strip 95,50,105,60 from 3,4" });
 }

@@ -51,9 +51,9 @@ TEST_CASE ("ZRotarySwitch: by angle each position has an equal part of the widen
         ZPoint point;
         std::int32_t index; // -1: refused
     };
-    Rotary board (kPlace, kDialJump, 0.0f);
-    board.control.SetStep (0.1f);
-    board.control.SetDegreeRange (90, 270); // widened to 81 to 279, for ten positions
+    Rotary desk (kPlace, kDialJump, 0.0f);
+    desk.control.SetStep (0.1f);
+    desk.control.SetDegreeRange (90, 270); // widened to 81 to 279, for ten positions
     for (const auto& row :
          { Row{ { 130, 150 }, -1 }, Row{ { 110, 139 }, -1 }, // 65, beyond the half position that is left to the sweep
            Row{ { 110, 135 }, 0 },                           // 75
@@ -62,72 +62,72 @@ TEST_CASE ("ZRotarySwitch: by angle each position has an equal part of the widen
            Row{ { 130, 110 }, 5 } })                         // the middle, where the sixth position begins
     {
         CAPTURE (row.index);
-        CHECK (board.Press (board.control, row.point) == (row.index >= 0));
-        CHECK (board.control.GetIndex () == std::max (row.index, 0));
+        CHECK (desk.Press (desk.control, row.point) == (row.index >= 0));
+        CHECK (desk.control.GetIndex () == std::max (row.index, 0));
     }
-    board.control.SetOppositeGripEnabled (true);
-    CHECK (board.Press (board.control, { 130, 150 })); // opposite its pointer
-    CHECK (board.control.GetIndex () == 5);
+    desk.control.SetOppositeGripEnabled (true);
+    CHECK (desk.Press (desk.control, { 130, 150 })); // opposite its pointer
+    CHECK (desk.control.GetIndex () == 5);
 }
 
 TEST_CASE ("ZRotarySwitch: a press on a label chooses its position at once")
 {
-    Rotary board (kPlace, kDialTurn, 0.0f);
-    board.control.SetStep (1.0f / 3);
+    Rotary desk (kPlace, kDialTurn, 0.0f);
+    desk.control.SetStep (1.0f / 3);
     const std::array labels{ ZRect{ -30, 0, -10, 10 }, ZRect{ 20, -20, 40, -10 }, ZRect{ 70, 0, 90, 10 } };
-    board.control.AddRegions (labels);
-    board.control.AddRegion ({ 65, 0, 95, 10 }, 0);
-    CHECK (board.Pressed ({ 175, 105 }) == kHigh); // of two the first that holds it
-    CHECK (board.Pressed ({ 190, 105 }) == kLow);
-    CHECK (board.Pressed ({ 125, 85 }) == Values{ 0.5f });
+    desk.control.AddRegions (labels);
+    desk.control.AddRegion ({ 65, 0, 95, 10 }, 0);
+    CHECK (desk.Pressed ({ 175, 105 }) == kHigh); // of two the first that holds it
+    CHECK (desk.Pressed ({ 190, 105 }) == kLow);
+    CHECK (desk.Pressed ({ 125, 85 }) == Values{ 0.5f });
 }
 
 TEST_CASE ("ZSlideSwitch: rests on positions, each with an equal part of the whole track, and takes presses on labels")
 {
-    DeskOf<ZAnimSlideSwitch> board ({ 0, 0, 90, 10 });
-    auto& slide = board.control;
+    DeskOf<ZAnimSlideSwitch> desk ({ 0, 0, 90, 10 });
+    auto& slide = desk.control;
     slide.SetStep (1.0f / 3);
     slide.SetDragMode (kSliderKnob); // jumps nevertheless
-    board.Press (slide, { 45, 5 });
+    desk.Press (slide, { 45, 5 });
     for (const std::int32_t x : { 50, 59, 61, 89, 500, 31, 29, -7 })
-        board.Drag (slide, { x, 5 });
-    CHECK (board.TakeValues () == Values{ 0.5f, 1.0f, 0.5f, 0.0f });
+        desk.Drag (slide, { x, 5 });
+    CHECK (desk.TakeValues () == Values{ 0.5f, 1.0f, 0.5f, 0.0f });
     const std::array labels{ ZRect{ 0, 10, 30, 20 }, ZRect{ 30, 10, 60, 20 }, ZRect{ 60, 10, 90, 20 } };
     slide.AddRegions (labels);
-    CHECK (board.Press (slide, { 70, 15 }));
+    CHECK (desk.Press (slide, { 70, 15 }));
     CHECK (slide.GetIndex () == 2);
 }
 
 TEST_CASE ("ZToggleSwitch: an end zone sets its position at once, the middle flips at the release")
 {
-    DeskOf<ZAnimToggleSwitch> board ({ 10, 10, 100, 40 }); // its zones' borders are at x 40 and 70
-    const auto frame = [&board] { return board.FrameShown (board.control); };
-    board.control.SetStep (0.5f);
-    board.control.SetAnimActive (&board.strip, 9, 1, {});
-    CHECK (board.Pressed ({ 39, 20 }) == kNone); // it is there
-    CHECK (board.Pressed ({ 71, 20 }) == kHigh);
-    board.control.SetValue (0.0f); // by another hand, while the pointer rests
-    CHECK (board.Dragged ({ 71, 20 }) == kNone);
-    board.control.SetValue (1.0f);
-    CHECK (board.Released ({ 71, 20 }) == kNone);
-    CHECK (board.Pressed ({ 55, 20 }) == kNone);
+    DeskOf<ZAnimToggleSwitch> desk ({ 10, 10, 100, 40 }); // its zones' borders are at x 40 and 70
+    const auto frame = [&desk] { return desk.FrameShown (desk.control); };
+    desk.control.SetStep (0.5f);
+    desk.control.SetAnimActive (&desk.strip, 9, 1, {});
+    CHECK (desk.Pressed ({ 39, 20 }) == kNone); // it is there
+    CHECK (desk.Pressed ({ 71, 20 }) == kHigh);
+    desk.control.SetValue (0.0f); // by another hand, while the pointer rests
+    CHECK (desk.Dragged ({ 71, 20 }) == kNone);
+    desk.control.SetValue (1.0f);
+    CHECK (desk.Released ({ 71, 20 }) == kNone);
+    CHECK (desk.Pressed ({ 55, 20 }) == kNone);
     CHECK (frame () == 1); // of low, middle and high
-    CHECK (board.Released ({ 55, 20 }) == kLow);
+    CHECK (desk.Released ({ 55, 20 }) == kLow);
     CHECK (frame () == 0);
-    CHECK (board.Pressed ({ 55, 20 }) == kNone);
-    CHECK (board.Dragged ({ 70, 20 }) == kHigh);
+    CHECK (desk.Pressed ({ 55, 20 }) == kNone);
+    CHECK (desk.Dragged ({ 70, 20 }) == kHigh);
     CHECK (frame () == 2);
-    CHECK (board.Dragged ({ 69, 20 }) == kNone);
+    CHECK (desk.Dragged ({ 69, 20 }) == kNone);
     CHECK (frame () == 1);
-    board.control.SetActiveFramePreset (0); // without a middle
+    desk.control.SetActiveFramePreset (0); // without a middle
     CHECK (frame () == 1);
-    CHECK (board.Dragged ({ 40, 20 }) == kLow);
-    CHECK (board.Released ({ 40, 20 }) == kNone);
+    CHECK (desk.Dragged ({ 40, 20 }) == kLow);
+    CHECK (desk.Released ({ 40, 20 }) == kNone);
     CHECK (frame () == 0);
 
-    board.control.SetStyle (kHorizontal | kReversed);
-    CHECK (board.Pressed ({ 39, 20 }) == kHigh);
-    CHECK (board.Dragged ({ 71, 20 }) == kLow);
+    desk.control.SetStyle (kHorizontal | kReversed);
+    CHECK (desk.Pressed ({ 39, 20 }) == kHigh);
+    CHECK (desk.Dragged ({ 71, 20 }) == kLow);
 
     ZToggleSwitch upright (nullptr, { 0, 0, 10, 31 }, 0);
     CHECK (upright.WantedIndex ({ { 5, 10 } }) == 1); // up to a third from the top is the upper position
