@@ -7,22 +7,6 @@
 #include <thread>
 
 using namespace tessaly;
-using doctest::Approx;
-
-TEST_CASE ("BlendBiquad: starting up forgets the sound and takes the target up at once, and its response shows before")
-{
-    BlendBiquad filter;
-    filter.setTarget ({ 1.0, 0.5, 0.5, 0.9, 0.0 });
-    filter.startUp (44100);
-    filter.setTarget ({});
-    CHECK (filter.responseDb (1000, 44100) == -100.0);
-    oneSample (filter, 1.0);
-    filter.setTarget ({ 4.0 });
-    CHECK (filter.responseDb (1000, 44100) == Approx (20 * std::log10 (4.0)));
-    filter.startUp (48000);
-    CHECK (oneSample (filter, 0.0) == 0.0);
-    CHECK (oneSample (filter, 1.0) == 4.0);
-}
 
 TEST_CASE ("BlendBiquad: designs of two threads are heard and drawn whole")
 {

@@ -1,5 +1,6 @@
 #include "channel_strip.h"
 
+#include "gain_computer.h"
 #include "measure.h"
 #include "old_effect.h"
 #include <algorithm>
@@ -27,9 +28,8 @@ public:
     {
     }
     void SetMeter (std::int32_t index, float value) override { published.at (std::size_t (index)) = value; }
-    void SetParameter (std::int32_t index, float value) override { strip.SetParameter (index, value); }
 
-    void set (StripParameter parameter, float step) { SetParameter (std::int32_t (parameter), step); }
+    void set (StripParameter parameter, float step) { strip.SetParameterOld (std::int32_t (parameter), step); }
 
     std::vector<float> run (std::vector<float> samples)
     {
@@ -53,41 +53,44 @@ std::vector<float> whiteNoise (std::size_t count)
 
 } // namespace
 
-TEST_CASE ("Channel_Strip: the sound of the equalizer is the response that is drawn, after a resume at once")
+TEST_CASE ("Channel_Strip: the equalizer's response is drawn at once, and heard so after a resume")
 {
     StripUnderTest test;
     for (std::int32_t index = 0; index <= std::int32_t (StripParameter::lowGain); ++index)
-        test.SetParameter (index, float (40 + (7 + index) % 13));
+        test.strip.SetParameterOld (index, float (40 + (7 + index) % 13));
     test.set (StripParameter::totalGain, 180);
     test.set (StripParameter::compressorBypass, 1);
     for (const double f : { 20.0, 158.0, 1000.0, 5000.0, 18000.0 })
     {
-        test.strip.ResumeOld ();
-        const double heard = toDb (measuredGain ([&] (double x) { return test.run ({ float (x) })[0]; }, 44100, f));
         const double bands =
             test.strip.eqResponseDb (f, 1) + test.strip.eqResponseDb (f, 2) + test.strip.eqResponseDb (f, 3);
-        CHECK (test.strip.eqResponseDb (f, 0) == Approx (heard).epsilon (1e-4));
-        CHECK (bands == Approx (heard).epsilon (1e-4));
+        CHECK (test.strip.eqResponseDb (f, 0) == Approx (bands));
+        test.strip.ResumeOld ();
+        const double heard = measuredGain ([&] (double x) { return test.run ({ float (x) })[0]; }, 44100, f);
+        CHECK (bands == Approx (20 * std::log10 (heard)).epsilon (1e-4));
     }
     CHECK (test.strip.eqResponseDb (30000, 3) == test.strip.eqResponseDb (0.48 * 44100, 3));
 }
 
-TEST_CASE ("Channel_Strip: settings read back in their units, with steps truncated")
+TEST_CASE ("Channel_Strip: the compressor's curve is drawn as the textbook has it, with a knee around the threshold")
 {
-    StripUnderTest test;
-    for (std::int32_t index = 10; index <= 16; ++index)
-        test.SetParameter (index, float (4 * index) + 0.9F);
-    const double expected[] = { -1.0, 160, -13.6, 250, -12.8, 12.7, 500, -11.6, -1.0 };
-    for (std::int16_t index = 9; index <= 17; ++index)
-        CHECK (test.strip.eqValue (index) == Approx (expected[index - 9]));
-    const double bands[][2] = { { -1.0, -1.0 }, { 500, -11.6 }, { 250, -12.8 }, { 160, -13.6 }, { -1.0, -1.0 } };
-    for (std::int16_t band = 0; band <= 4; ++band)
-    {
-        CHECK (test.strip.bandFrequency (band) == Approx (bands[band][0]));
-        CHECK (test.strip.bandGain (band) == Approx (bands[band][1]));
-    }
-    test.strip.SetSampleRateOld (48000.5);
-    CHECK (test.strip.GetTail () == 336003);
+    constexpr double kThresholdDb = -30.0;
+    for (const auto& [knee, widthDb] : { std::pair (kSoftKnee, 52), { kMiddleKnee, 20 }, { kHardKnee, 0 } })
+        for (const auto& [ratioStep, slope] : { std::pair (0.0F, 0.0), { 60.0F, 0.75 }, { 120.0F, 1 - 1 / 3000.0 } })
+        {
+            StripUnderTest test;
+            test.set (StripParameter::knee, knee);
+            CHECK (test.strip.compressorCurveDb (-1.0) == -1.0); // at a threshold of 0 dB every knee is hard
+            test.set (StripParameter::drive, -5 * float (kThresholdDb));
+            test.set (StripParameter::ratio, ratioStep);
+            for (const double inputDb : { -57.0, -45.0, -33.0, -29.0, -23.0, -15.0, 0.0 })
+            {
+                const double over = inputDb - kThresholdDb;
+                const double intoKnee = std::max (over + widthDb / 2.0, 0.0);
+                const double shaped = 2 * over > widthDb ? over : intoKnee * intoKnee / (2 * std::max (widthDb, 1));
+                CHECK (test.strip.compressorCurveDb (inputDb) == Approx (inputDb - slope * shaped).epsilon (2e-5));
+            }
+        }
 }
 
 TEST_CASE ("Channel_Strip: samples that are no numbers are gone in the next block, from sound, detector and meters")

@@ -27,14 +27,4 @@ double oneSample (Stage& stage, double x)
     return x;
 }
 
-inline double fromDb (double db)
-{
-    return std::pow (10.0, db / 20);
-}
-
-inline double toDb (double gain)
-{
-    return 20 * std::log10 (gain);
-}
-
 } // namespace tessaly

@@ -148,27 +148,6 @@ TEST_CASE_FIXTURE (BundleAndModel, "every rate, block size and input, while ever
         }
 }
 
-TEST_CASE_FIXTURE (BundleAndModel, "the morph sweeps up and down on both roads")
-{
-    for (const Mode mode : { Mode::kRealtime, Mode::kOffline })
-    {
-        Duet duet (bundle, host);
-        duet.Start (48000.0, 800, mode);
-        const std::vector<float> drums = Signal (Material::kDrums, 48000.0, 1.0, dice);
-        for (int i = 0; i <= 240; ++i)
-        {
-            const Change step{ kMorph, (i <= 120 ? i : 240 - i) / 120.0 };
-            if (mode == Mode::kRealtime)
-                duet.SetFromController (step);
-            // Shorter than a fade at first, so that designs wait; long enough to hear each later.
-            const std::size_t size = i < 60 ? 150 : 800;
-            const std::size_t at = static_cast<std::size_t> (i) * 177;
-            duet.Process (std::span (drums).subspan (at % (drums.size () - size), size), { &step, 1 }); // live: dropped
-        }
-        CheckEqual (duet);
-    }
-}
-
 TEST_CASE_FIXTURE (BundleAndModel,
                    "stops, restarts, new rates, new modes and empty blocks keep bundle and model in step")
 {

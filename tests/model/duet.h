@@ -76,7 +76,13 @@ public:
             if (const double relative = difference / std::max (level, 1.0); !(relative <= largestDifference))
                 largestDifference = relative;
         }
-        CompareMeters (answers);
+        constexpr Steinberg::Vst::ParamID kFirstMeterId = 0x10000000;
+        const auto isMeter = [&] (unsigned i)
+        {
+            return answers[i].id == kFirstMeterId + i && answers[i].sampleOffset == 0 &&
+                   answers[i].value == static_cast<double> (model.Meters ()[i]);
+        };
+        unequalMeters += !(answers.size () == 2 && isMeter (0) && isMeter (1));
     }
 
     /// Compares what the controller answers for every parameter.
@@ -93,17 +99,6 @@ public:
     int unequalMeters = 0, unequalParameters = 0;
 
 private:
-    void CompareMeters (std::span<const host::ParameterPoint> points)
-    {
-        constexpr Steinberg::Vst::ParamID kFirstMeterId = 0x10000000;
-        const auto isMeter = [&] (unsigned i)
-        {
-            return points[i].id == kFirstMeterId + i && points[i].sampleOffset == 0 &&
-                   points[i].value == static_cast<double> (model.Meters ()[i]);
-        };
-        unequalMeters += !(points.size () == 2 && isMeter (0) && isMeter (1));
-    }
-
     host::PluginInstance instance;
     InstanceModel model;
     Mode blockMode = Mode::kRealtime;
