@@ -25,19 +25,30 @@ void Note (const char* function)
         hits.first = function;
 }
 
-#if defined(__x86_64__) && defined(PR_SET_SYSCALL_USER_DISPATCH)
+/// Calls the C library's function of a name: the next one in the loader's order.
+template <typename... Arguments>
+int HandOn (const char* name, Arguments*... arguments)
+{
+    return reinterpret_cast<int (*) (Arguments * ...)> (dlsym (RTLD_NEXT, name)) (arguments...);
+}
 
 // The kernel asks this byte before each of the thread's calls, and sends a signal instead of one that is not let in.
-thread_local volatile char dispatch = SYSCALL_DISPATCH_FILTER_ALLOW;
+constexpr char kLetIn = 0;
+constexpr char kBlock = 1;
+thread_local volatile char dispatch = kLetIn;
+
+} // namespace
+
+#if defined(__x86_64__) && defined(PR_SET_SYSCALL_USER_DISPATCH)
 
 /// Notes the first call of a guard, makes it in the thread's place and lets in all that follow: the way back from a
 /// signal handler is a call, too.
-void OnSystemCall (int, siginfo_t* info, void* context)
+static void OnSystemCall (int, siginfo_t* info, void* context)
 {
     constexpr int kUserDispatch = 2; // the kernel's SYS_USER_DISPATCH, which the C library may not name yet
     if (info->si_code != kUserDispatch)
         return;
-    dispatch = SYSCALL_DISPATCH_FILTER_ALLOW;
+    dispatch = kLetIn;
     Note ("a system call");
     auto& registers = static_cast<ucontext_t*> (context)->uc_mcontext.gregs;
     register greg_t r10 asm("r10") = registers[REG_R10];
@@ -51,8 +62,7 @@ void OnSystemCall (int, siginfo_t* info, void* context)
     registers[REG_RAX] = result;
 }
 
-/// Has the kernel ask for this thread. @return false if it can't
-bool Dispatch ()
+bool SeesAllSystemCalls ()
 {
     static const bool handles = []
     {
@@ -66,54 +76,30 @@ bool Dispatch ()
     return asks;
 }
 
-void LetIn (bool all)
-{
-    dispatch = all ? SYSCALL_DISPATCH_FILTER_ALLOW : SYSCALL_DISPATCH_FILTER_BLOCK;
-}
-
 #else
 
-bool Dispatch ()
+bool SeesAllSystemCalls ()
 {
     return false;
 }
 
-void LetIn (bool) {}
-
 #endif
 
-} // namespace
-
-RealtimeGuard::RealtimeGuard ()
+RealtimeHits Seen (const std::function<void ()>& action)
 {
-    const bool seesAll = Dispatch ();
-    guarded = true;
-    LetIn (!seesAll);
-}
-
-RealtimeGuard::~RealtimeGuard ()
-{
-    LetIn (true);
-    guarded = false;
-}
-
-bool RealtimeGuard::SeesAllSystemCalls ()
-{
-    return Dispatch ();
-}
-
-RealtimeHits TakeRealtimeHits ()
-{
-    const RealtimeHits taken = hits;
     hits = {};
-    return taken;
+    const bool seesAll = SeesAllSystemCalls ();
+    guarded = true;
+    dispatch = seesAll ? kBlock : kLetIn;
+    action ();
+    dispatch = kLetIn;
+    guarded = false;
+    return hits;
 }
 
 } // namespace tessaly::test
 
-using tessaly::test::Note;
-
-#define WATCHED extern "C" [[gnu::visibility ("default")]]
+using namespace tessaly::test;
 
 // The C library's own names for its memory: to ask the loader for them would take memory again.
 extern "C"
@@ -125,56 +111,27 @@ extern "C"
     void __libc_free (void* memory);
 }
 
-WATCHED void* malloc (std::size_t size) noexcept
-{
-    Note ("malloc");
-    return __libc_malloc (size);
-}
-
-WATCHED void* calloc (std::size_t count, std::size_t size) noexcept
-{
-    Note ("calloc");
-    return __libc_calloc (count, size);
-}
-
-WATCHED void* realloc (void* memory, std::size_t size) noexcept
-{
-    Note ("realloc");
-    return __libc_realloc (memory, size);
-}
-
-WATCHED void* aligned_alloc (std::size_t alignment, std::size_t size) noexcept
-{
-    Note ("aligned_alloc");
-    return __libc_memalign (alignment, size);
-}
-
-WATCHED int posix_memalign (void** memory, std::size_t alignment, std::size_t size) noexcept
-{
-    Note ("posix_memalign");
-    *memory = __libc_memalign (alignment, size);
-    return *memory != nullptr ? 0 : ENOMEM;
-}
-
-WATCHED void free (void* memory) noexcept
-{
-    Note ("free");
-    __libc_free (memory);
-}
-
 /// Defines `name`: notes the call and hands it on to the C library.
 #define WATCH(result, name, parameters, ...)                                                                           \
-    WATCHED result name parameters                                                                                     \
+    extern "C" [[gnu::visibility ("default")]] result name parameters                                                  \
     {                                                                                                                  \
         Note (#name);                                                                                                  \
-        static const auto next = reinterpret_cast<result (*) parameters> (dlsym (RTLD_NEXT, #name));                   \
-        return next (__VA_ARGS__);                                                                                     \
+        return __VA_ARGS__;                                                                                            \
     }
 
-WATCH (int, pthread_mutex_lock, (pthread_mutex_t * mutex), mutex)
-WATCH (int, pthread_mutex_trylock, (pthread_mutex_t * mutex), mutex)
-WATCH (int, pthread_spin_lock, (pthread_spinlock_t * lock), lock)
-WATCH (int, pthread_rwlock_rdlock, (pthread_rwlock_t * lock), lock)
-WATCH (int, pthread_rwlock_wrlock, (pthread_rwlock_t * lock), lock)
-WATCH (int, pthread_cond_wait, (pthread_cond_t * condition, pthread_mutex_t* mutex), condition, mutex)
-WATCH (int, sem_wait, (sem_t * semaphore), semaphore)
+WATCH (void*, malloc, (std::size_t size) noexcept, __libc_malloc (size))
+WATCH (void*, calloc, (std::size_t count, std::size_t size) noexcept, __libc_calloc (count, size))
+WATCH (void*, realloc, (void* memory, std::size_t size) noexcept, __libc_realloc (memory, size))
+WATCH (void*, aligned_alloc, (std::size_t alignment, std::size_t size) noexcept, __libc_memalign (alignment, size))
+WATCH (int, posix_memalign, (void** memory, std::size_t alignment, std::size_t size) noexcept,
+       (*memory = __libc_memalign (alignment, size)) != nullptr ? 0 : ENOMEM)
+WATCH (void, free, (void* memory) noexcept, __libc_free (memory))
+
+WATCH (int, pthread_mutex_lock, (pthread_mutex_t * mutex), HandOn ("pthread_mutex_lock", mutex))
+WATCH (int, pthread_mutex_trylock, (pthread_mutex_t * mutex), HandOn ("pthread_mutex_trylock", mutex))
+WATCH (int, pthread_spin_lock, (pthread_spinlock_t * lock), HandOn ("pthread_spin_lock", lock))
+WATCH (int, pthread_rwlock_rdlock, (pthread_rwlock_t * lock), HandOn ("pthread_rwlock_rdlock", lock))
+WATCH (int, pthread_rwlock_wrlock, (pthread_rwlock_t * lock), HandOn ("pthread_rwlock_wrlock", lock))
+WATCH (int, pthread_cond_wait, (pthread_cond_t * condition, pthread_mutex_t* mutex),
+       HandOn ("pthread_cond_wait", condition, mutex))
+WATCH (int, sem_wait, (sem_t * semaphore), HandOn ("sem_wait", semaphore))

@@ -24,13 +24,10 @@ constexpr Vst::ParamID kMorph = 20;
 /// The SDK's lists; they take memory for what is added before the block, not for what the plug-in adds.
 struct Changes : Vst::ParameterChanges
 {
+    using ParameterChanges::ParameterChanges;
+
     bool takesQueues = true; ///< false: has no room for what the plug-in adds
     bool hasGaps = false;    ///< true: every fifth queue is not there
-
-    Changes ()
-        : ParameterChanges (32)
-    {
-    }
 
     /// Adds `count` points that run from 0 to 1, beginning anew every seven.
     void Add (Vst::ParamID id, int32 count)
@@ -56,8 +53,7 @@ struct Block
 {
     Block ()
     {
-        for (std::size_t i = 0; i < in.size (); ++i)
-            in[i] = 0.5f * static_cast<float> (i % 64) / 64.0f;
+        in.fill (0.5f);
         inputBus.numChannels = outputBus.numChannels = 1;
         inputBus.channelBuffers32 = &inChannel;
         outputBus.channelBuffers32 = &outChannel;
@@ -76,8 +72,8 @@ struct Block
     float* outChannel = out.data ();
     Vst::AudioBusBuffers inputBus;
     Vst::AudioBusBuffers outputBus;
-    Changes points;
-    Changes meters;
+    Changes points{ 32 };
+    Changes meters{ 32 };
     Vst::ProcessContext context{};
     Vst::ProcessData data;
 };
@@ -117,60 +113,33 @@ const std::pair<const char*, void (*) (Block&)> kCases[] = {
       } },
 };
 
-/// What a guard sees of `action`.
-template <typename Action>
-RealtimeHits Seen (Action&& action)
-{
-    {
-        const RealtimeGuard guard;
-        action ();
-    }
-    return TakeRealtimeHits ();
-}
-
-struct Strip
-{
-    Strip ()
-    {
-        instance.Setup (48000.0, kPromised, Vst::kRealtime);
-        instance.Activate ();
-    }
-
-    /// Has a thread of its own process the block, so that what a thread does on first use counts too.
-    RealtimeHits Process (Block& block)
-    {
-        RealtimeHits hits;
-        tresult result = kResultFalse;
-        const auto process = [&] { result = instance.Processor ().process (block.data); };
-        std::thread ([&] { hits = Seen (process); }).join ();
-        CHECK (result == kResultOk);
-        return hits;
-    }
-
-    host::NamedHost context{ "realtime_tests" };
-    host::Bundle bundle{ TESSALY_BUNDLE };
-    host::PluginInstance instance{ bundle, context };
-};
-
 } // namespace
 
 TEST_CASE ("process takes no memory, waits for nobody and stays out of the system, whatever the block")
 {
+    host::NamedHost context{ "realtime_tests" };
+    const host::Bundle bundle{ TESSALY_BUNDLE };
     for (const auto& [name, arrange] : kCases)
     {
-        Strip strip;
+        host::PluginInstance instance (bundle, context);
+        instance.Setup (48000.0, kPromised, Vst::kRealtime);
+        instance.Activate ();
         for (const int32 mode : { Vst::kRealtime, Vst::kPrefetch, Vst::kOffline, Vst::kRealtime })
         {
             CAPTURE (name);
             CAPTURE (mode);
             // New designs wait for the audio thread, and fades are on their way.
-            strip.instance.Parameters ().SetNormalized (kMorph, mode == Vst::kOffline ? 0.2 : 0.7);
+            instance.Parameters ().SetNormalized (kMorph, mode == Vst::kOffline ? 0.2 : 0.7);
             const auto block = std::make_unique<Block> ();
             block->data.processMode = mode;
             arrange (*block);
             for (int i = 0; i < 3; ++i)
             {
-                const RealtimeHits hits = strip.Process (*block);
+                RealtimeHits hits;
+                tresult result = kResultFalse;
+                const auto process = [&] { result = instance.Processor ().process (block->data); };
+                std::thread ([&] { hits = Seen (process); }).join (); // what a thread does on first use counts too
+                CHECK (result == kResultOk);
                 CAPTURE (hits.first);
                 CHECK (hits.count == 0);
             }
@@ -186,20 +155,19 @@ TEST_CASE ("the guard sees memory, locks and waits, in this program and in the b
     CHECK (Seen ([&] { std::free (memory); }).first == "free");
     CHECK (Seen ([&] { ::operator delete (::operator new (100)); }).count == 2);
     CHECK (Seen ([&] { const std::scoped_lock lock (mutex); }).first == "pthread_mutex_lock");
-    if (RealtimeGuard::SeesAllSystemCalls ())
+    if (SeesAllSystemCalls ())
     {
         pid_t parent = 0;
         CHECK (Seen ([&] { parent = ::getppid (); }).first == "a system call");
         CHECK (parent == ::getppid ());
     }
 
-    Strip strip;
-    CHECK (Seen ([&] { strip.instance.Controller ().getParameterCount (); }).first ==
-           "pthread_mutex_lock"); // the list of live effects
-    const VST3::UID id = strip.bundle.FirstAudioEffect ().ID ();
-    CHECK (Seen ([&] { strip.bundle.Factory ().createInstance<Vst::IComponent> (id); }).first == "malloc");
-
-    memory = std::malloc (10);
-    std::free (memory);
-    CHECK (TakeRealtimeHits ().count == 0);
+    host::NamedHost context{ "realtime_tests" };
+    const host::Bundle bundle{ TESSALY_BUNDLE };
+    host::PluginInstance instance (bundle, context);
+    const auto count = [&] { instance.Controller ().getParameterCount (); };
+    CHECK (Seen (count).first == "pthread_mutex_lock"); // the list of live effects
+    const VST3::UID id = bundle.FirstAudioEffect ().ID ();
+    CHECK (Seen ([&] { bundle.Factory ().createInstance<Vst::IComponent> (id); }).first == "malloc");
+    CHECK (Seen ([] {}).count == 0);
 }
