@@ -1,8 +1,7 @@
 // A key-point file, and the morph through what it holds.
 
-#include "demand.h"
+#include "instances.h"
 #include "key_point_block.h"
-#include "strip.h"
 
 using namespace tessaly;
 using namespace tessaly::fuzz;

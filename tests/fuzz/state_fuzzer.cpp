@@ -1,6 +1,6 @@
 // A stored state, whole, through the processor half as a host gives it.
 
-#include "processor.h"
+#include "instances.h"
 #include <cstdint>
 
 using namespace tessaly::fuzz;

@@ -1,7 +1,6 @@
 // The tree of chunks behind the values of a stored state, and what the engine makes of it.
 
-#include "demand.h"
-#include "strip.h"
+#include "instances.h"
 #include <cstring>
 
 using namespace tessaly;

@@ -4,14 +4,24 @@
 #include "channel_strip_effect.h"
 #include "channel_strip_storage.h"
 #include "memory_stream.h"
+#include "public.sdk/source/common/memorystream.h"
+#include "vst3_effect_wrapper.h"
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
 #include <memory>
 #include <string>
 
 namespace tessaly::fuzz
 {
+
+/// Ends the run, so that the fuzzer keeps the bytes that led here.
+inline void Demand (bool holds)
+{
+    if (!holds)
+        std::abort ();
+}
 
 /// The effect without a host, with trees of chunks as strings of bytes.
 struct Strip
@@ -34,10 +44,10 @@ struct Strip
 
     std::string Save ()
     {
-        std::string tree (1024, '\0');
-        ZMemoryStream stream (tree.data (), static_cast<std::int32_t> (tree.size ()));
+        const std::int32_t size = effect.GetStateSize ();
+        std::string tree (static_cast<std::size_t> (size), '\0');
+        ZMemoryStream stream (tree.data (), size);
         effect.WriteState (&stream);
-        tree.resize (static_cast<std::size_t> (stream.GetSize ()));
         return tree;
     }
 
@@ -52,6 +62,30 @@ struct Strip
     }
 
     ZChannel_StripEffect effect{ nullptr };
+};
+
+/// The processor half by itself, with states as strings of bytes.
+class Processor
+{
+public:
+    Processor () { Demand (wrapper->initialize (nullptr) == Steinberg::kResultOk); }
+    ~Processor () { wrapper->terminate (); }
+
+    void Load (std::string state)
+    {
+        Steinberg::MemoryStream stream (state.data (), static_cast<Steinberg::TSize> (state.size ()));
+        wrapper->setState (&stream);
+    }
+
+    std::string Save ()
+    {
+        Steinberg::MemoryStream stream;
+        Demand (wrapper->getState (&stream) == Steinberg::kResultOk);
+        return { stream.getData (), static_cast<std::size_t> (stream.getSize ()) };
+    }
+
+private:
+    Steinberg::IPtr<ZVst3EffectWrapper> wrapper = Steinberg::owned (new ZVst3EffectWrapper);
 };
 
 } // namespace tessaly::fuzz
