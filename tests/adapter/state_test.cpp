@@ -17,7 +17,8 @@ class FaultyStream final : public ResizableMemoryIBStream
 public:
     explicit FaultyStream (Bytes content = {})
     {
-        ResizableMemoryIBStream::write (content.data (), static_cast<int32> (content.size ()), nullptr);
+        if (!content.empty ()) // the SDK's stream copies nothing from or to nowhere, which is undefined
+            ResizableMemoryIBStream::write (content.data (), static_cast<int32> (content.size ()), nullptr);
         rewind ();
     }
 
@@ -33,7 +34,9 @@ public:
     }
     tresult PLUGIN_API write (void* buffer, int32 count, int32* done) override
     {
-        const tresult result = ResizableMemoryIBStream::write (buffer, std::min (count, longestMove), done);
+        const int32 moved = std::min (count, longestMove);
+        *done = 0;
+        const tresult result = moved != 0 ? ResizableMemoryIBStream::write (buffer, moved, done) : kResultOk;
         return Told (result, done);
     }
     tresult PLUGIN_API seek (int64 offset, int32 mode, int64* result) override
