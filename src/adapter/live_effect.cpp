@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
 #include <mutex>
 
 namespace tessaly
@@ -14,6 +13,7 @@ namespace
 constexpr std::size_t kLists = 1021; // a prime: effects lie at even distances
 
 std::mutex mutex;
+std::uint64_t lives = 0;                 ///< begun so far
 std::array<LiveEffect*, kLists> lists{}; // not owned: each is a part of its processor
 
 /// The one of the lists that an effect belongs to.
@@ -31,6 +31,7 @@ void LiveEffect::Add (const ZEffect* newEffect)
     const std::scoped_lock lock (mutex);
     LiveEffect*& first = ListOf (newEffect);
     effect = newEffect;
+    life = ++lives;
     next = first;
     first = this;
 }
@@ -47,13 +48,13 @@ void LiveEffect::Remove ()
     effect = nullptr;
 }
 
-bool LiveEffect::Contains (const ZEffect* effect)
+std::uint64_t LiveEffect::LifeOf (const ZEffect* effect)
 {
     const std::scoped_lock lock (mutex);
     for (const LiveEffect* entry = ListOf (effect); entry != nullptr; entry = entry->next)
         if (entry->effect == effect)
-            return true;
-    return false;
+            return entry->life;
+    return 0;
 }
 
 } // namespace tessaly

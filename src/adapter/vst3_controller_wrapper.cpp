@@ -109,7 +109,7 @@ bool ZVst3ControllerWrapper::OnEffectMessage (Vst::IMessage& received)
         return false; // the sender does not look at the answer
     }
     ZEffect* sent = nullptr;
-    if (!ReadValue (received, sent) || !LiveEffect::Contains (sent))
+    if (!ReadValue (received, sent) || LiveEffect::LifeOf (sent) == 0)
         return false;
     if (FIDStringsEqual (id, message::kConnectEffect))
     {
@@ -149,6 +149,7 @@ void ZVst3ControllerWrapper::Attach (ZEffect* newEffect)
 void ZVst3ControllerWrapper::SetEffect (ZEffect* newEffect)
 {
     effect = newEffect;
+    effectLife = LiveEffect::LifeOf (newEffect);
 }
 
 void ZVst3ControllerWrapper::SetStorage (ZParameterStorageBase* newStorage)
@@ -426,16 +427,17 @@ void ZVst3ControllerWrapper::EndAllEdits ()
     EndAllHeldEdits ();
 }
 
-/// What is to happen by time or without a message, looked at on every call of the host. Not on a stranger's thread, and
-/// not while the host is being told of a change.
+/// What is to happen by time or without a message, looked at on every call of the host. Edits end on the host's own
+/// thread alone, and nothing happens while the host is being told of a change.
 void ZVst3ControllerWrapper::OnHostCall ()
 {
-    if (inSetParam || std::this_thread::get_id () != hostThread)
+    if (inSetParam)
         return;
     // A host's connection may drop messages off its main thread, the one that tells of the effect's end too.
-    if (effect != nullptr && !LiveEffect::Contains (effect))
+    if (effect != nullptr && LiveEffect::LifeOf (effect) != effectLife)
         Attach (nullptr);
-    edits.EndExpired (TickCountMs ());
+    if (std::this_thread::get_id () == hostThread)
+        edits.EndExpired (TickCountMs ());
 }
 
 void ZVst3ControllerWrapper::SyncParameter (std::int32_t index)

@@ -121,6 +121,7 @@ private:
     FactoryReference factory;
     ZVuBuffer vuBuffer;                       ///< the meters of the host's parameter feed
     ZEffect* effect = nullptr;                // not owned: the processor; null while not connected
+    std::uint64_t effectLife = 0;             ///< the life of it that this controller was told of
     ZParameterStorageBase* storage = nullptr; // not owned: `effect`
     HostTimer timer;
     EditBrackets edits{ *this };

@@ -119,8 +119,8 @@ tresult PLUGIN_API ZVst3EffectWrapper::terminate ()
         // Some hosts terminate without a disconnect: the controller must let go before the effect dies.
         if (getPeer () != nullptr)
             SendPointer (message::kDisconnectEffect);
-        effect->Shutdown ();
         liveEffect.Remove ();
+        effect->Shutdown ();
     }
     storage = nullptr;
     effect.reset ();

@@ -209,8 +209,19 @@ TEST_CASE ("Messages with a pointer are checked, and hearing them in the wrong h
 
 TEST_CASE ("The controller finds out by itself when the message of its processor's end was lost")
 {
-    StripInHost strip; // its connection drops messages off the main thread
-    std::thread ([&strip] { strip.instance.Component ().terminate (); }).join ();
-    CHECK (strip.Set (kMorph, 1.0) == kResultFalse);
-    CHECK (strip.instance.Controller ().getParameterCount () == 0);
+    for (const bool byStranger : { false, true })
+    {
+        StripInHost strip; // its connection drops messages off the main thread
+        const auto endAndBegin = [&component = strip.instance.Component ()]
+        {
+            component.terminate ();
+            component.initialize (nullptr); // in memory that the other effect has just left
+        };
+        std::thread (endAndBegin).join ();
+        tresult answer = kResultOk;
+        const auto set = [&] { answer = strip.Set (kMorph, 1.0); };
+        byStranger ? std::thread (set).join () : set ();
+        CHECK (answer == kResultFalse);
+        CHECK (strip.instance.Controller ().getParameterCount () == 0);
+    }
 }
