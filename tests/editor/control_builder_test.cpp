@@ -1,5 +1,6 @@
 #include "control_builder.h"
 
+#include "anim_dial.h"
 #include "anim_on_off_button.h"
 #include "anim_toggle_switch.h"
 #include "draw_text_edit.h"
@@ -115,4 +116,8 @@ TEST_CASE ("ZControlBuilder: translates rectangles, sizes of a font, orientation
         record.frameCount = frames;
         CHECK (DescribedDesk ({ record }).First<ZAnimOnOffButton> ().GetBehaviour () == behaviour);
     }
+    auto dial = Described (kKindDial);
+    dial.centerX = 7;
+    dial.centerY = 8;
+    CHECK (DescribedDesk ({ dial }).First<ZAnimDial> ().GetCenter () == ZPoint{ 7, 8 });
 }

@@ -91,6 +91,7 @@ const std::pair<const char*, void (*) (Block&)> kCases[] = {
     { "doubles", [] (Block& b) { b.data.symbolicSampleSize = Vst::kSample64; } },
     { "in place", [] (Block& b) { b.outChannel = b.inChannel; } },
     { "silence flags", [] (Block& b) { b.inputBus.silenceFlags = b.outputBus.silenceFlags = 1; } },
+    { "denormal input", [] (Block& b) { b.in.fill (1e-40f); } },
     { "input that is no number", [] (Block& b) { b.in.fill (std::numeric_limits<float>::quiet_NaN ()); } },
     { "no lists", [] (Block& b) { b.data.inputParameterChanges = b.data.outputParameterChanges = nullptr; } },
     { "no transport", [] (Block& b) { b.data.processContext = nullptr; } },

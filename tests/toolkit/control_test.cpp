@@ -118,4 +118,16 @@ TEST_CASE ("ZBroadcaster: who leaves, joins or turns the broadcast off in a call
     source.SetBroadcastEnabled (true);
     source.BroadcastValue (1, 0.5f);
     CHECK (first.joiner.TakeValues ().size () == 1);
+
+    struct Ear final : ZListener
+    {
+        void OnMessage (std::int32_t message, ZControl* sender) override { heard = message + sender->GetId (); }
+        std::int32_t heard = 0;
+    } ear;
+    ZControl sender (nullptr, {}, 3);
+    sender.AddListener (&ear);
+    sender.BroadcastMessage (70, &sender);
+    ear.SetListenEnabled (false);
+    sender.BroadcastMessage (80, &sender);
+    CHECK (ear.heard == 73);
 }

@@ -51,6 +51,7 @@ TEST_CASE ("ZSlider: by the knob only, a press on the track is refused")
     CHECK_FALSE (desk.Press (desk.control, { 60, 55 }));
     CHECK (desk.Press (desk.control, { 96, 55 }));
     desk.CheckDrag ({ { { 96, 55 }, 0.5 }, { { 105, 55 }, 0.6 } });
+    desk.CheckDrag ({ { { 141, 55 }, 0.7, kShift }, { { 105, 55 }, 0.6, kShift } });
     desk.control.SetStyle (kHorizontal | kReversed);
     CHECK (desk.Press (desk.control, { 92, 55 }));
     desk.CheckDrag ({ { { 101, 55 }, 0.5 } });

@@ -1,6 +1,6 @@
 #include "draw_text_edit.h"
 #include "overlay_desk.h"
-#include "text_analyzer.h"
+#include "strip_text_analyzer.h"
 #include <cmath>
 #include <doctest/doctest.h>
 
@@ -75,6 +75,26 @@ TEST_CASE ("ZTextEdit: escape, a press elsewhere and an unreadable text close th
         CHECK (r.TakeValues ().empty ());
         CHECK (r.whole.IsDirty ()); // what the field covered
     }
+}
+
+TEST_CASE ("ZTextEdit: what is typed is read by the analyzer that it is given, without one as a number with a suffix")
+{
+    Readout r;
+    r.control.SetConverters ({ [] (float, char* text) { PutText (text, ""); },
+                               [] (float value, float, float) { return value * 128.0f; },
+                               [] (float plain, float, float) { return plain / 128.0f; } });
+    const auto typed = [&r] (std::unique_ptr<ZTextAnalyzer> analyzer, const char* text)
+    {
+        r.control.SetTextAnalyzer (std::move (analyzer));
+        r.Open ();
+        r.Type (text);
+        r.Stroke (kKeyReturn);
+        return r.TakeValues ();
+    };
+    CHECK (typed (std::make_unique<ZK2XTextAnalyzer> (7), "2.0K") == Values{ 84 / 128.0f }); // the step of 2 kHz
+    CHECK (typed (std::make_unique<ZRatioTextAnalyzer> (3), "i N f") == Values{ 120 / 128.0f });
+    CHECK (typed (nullptr, "0.032k") == Values{ 32 / 128.0f });
+    CHECK (typed (nullptr, "inf").empty ());
 }
 
 TEST_CASE ("ZTextEdit: the flags choose between dragging and typing")
