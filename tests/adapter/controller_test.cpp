@@ -86,6 +86,7 @@ TEST_CASE ("One morph step reports each parameter that it moved, once, in a brac
 TEST_CASE ("Open brackets end after two seconds, last one first: by a run loop's timer, or at the host's next call")
 {
     HandRunLoop loop;
+    loop.keepsHandlers = true;
     HandRunLoop refusing (false); // takes no timers, and is lived without
     {
         StripInHost timed ({}, &loop);
@@ -112,6 +113,7 @@ TEST_CASE ("Open brackets end after two seconds, last one first: by a run loop's
         CHECK (ended.back ().id == begun.front ().id);
     }
     CHECK (loop.TimerCount () == 0);
+    loop.FireLate (); // at nobody
 
     // A loop that only the factory is told of serves as well.
     host::NamedHost factoryContext ("loop in the factory", &loop);

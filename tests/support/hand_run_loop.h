@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pluginterfaces/base/smartpointer.h"
 #include "pluginterfaces/gui/iplugview.h"
 #include <vector>
 
@@ -22,6 +23,13 @@ public:
         for (auto* handler : copy)
             handler->onTimer ();
     }
+    /// Calls all handlers that were kept, as loops do that dispatch late.
+    void FireLate () const
+    {
+        for (const auto& handler : late)
+            handler->onTimer ();
+    }
+    bool keepsHandlers = false; ///< on: this must end before the module is unloaded
     std::size_t TimerCount () const { return timers.size (); }
     Steinberg::Linux::TimerInterval lastInterval = 0;
 
@@ -32,6 +40,8 @@ public:
             return Steinberg::kNotImplemented;
         lastInterval = milliseconds;
         timers.push_back (handler);
+        if (keepsHandlers)
+            late.emplace_back (handler);
         return Steinberg::kResultOk;
     }
     Steinberg::tresult PLUGIN_API unregisterTimer (Steinberg::Linux::ITimerHandler* handler) override
@@ -60,6 +70,7 @@ public:
 private:
     bool takesTimers;
     std::vector<Steinberg::Linux::ITimerHandler*> timers; // not owned: the plug-in
+    std::vector<Steinberg::IPtr<Steinberg::Linux::ITimerHandler>> late;
 };
 
 } // namespace tessaly
