@@ -27,7 +27,8 @@ endif()
 
 string(SHA1 _hash "${VST3_SDK_DIR};${_options}")
 string(SUBSTRING "${_hash}" 0 8 _hash)
-set(VST3_SDK_BUILD_DIR "${_cache}/vst3sdk-build-${_hash}" CACHE PATH "Where the SDK's libraries and programs are built")
+# Not kept in the build tree's cache: a tree follows when the options above, or its sanitizer, change.
+set(VST3_SDK_BUILD_DIR "${_cache}/vst3sdk-build-${_hash}")
 
 set(_archives sdk sdk_common base pluginterfaces sdk_hosting)
 set(VST3_VALIDATOR "${VST3_SDK_BUILD_DIR}/bin/Release/validator")
