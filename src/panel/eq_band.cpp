@@ -1,6 +1,6 @@
 #include "eq_band.h"
 
-#include "panel_ids.h"
+#include "channel_strip_parameters.h"
 
 namespace tessaly
 {
@@ -11,11 +11,11 @@ BandParameters ParametersOf (std::int32_t band)
     switch (band)
     {
     case kLowBand:
-        return { IdOf (lowGain), kNoParameter, IdOf (lowFreq) };
+        return { IndexOf (lowGain), kNoParameter, IndexOf (lowFreq) };
     case kMidBand:
-        return { IdOf (midGain), IdOf (midQ), IdOf (midFreq) };
+        return { IndexOf (midGain), IndexOf (midQ), IndexOf (midFreq) };
     case kHighBand:
-        return { IdOf (highGain), kNoParameter, IdOf (highFreq) };
+        return { IndexOf (highGain), kNoParameter, IndexOf (highFreq) };
     default:
         return {};
     }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "strip_parameter.h"
 #include <cstdint>
 
 namespace tessaly
@@ -26,12 +25,6 @@ enum PanelId : std::int32_t
     kAboutPictureId = 30013,
     kMorphOverlayId = 30014
 };
-
-/// A parameter's id as controls bear it.
-constexpr std::int32_t IdOf (StripParameter parameter)
-{
-    return static_cast<std::int32_t> (parameter);
-}
 
 /// Messages of controls to the editor, by BroadcastMessage.
 enum PanelMessage : std::int32_t
