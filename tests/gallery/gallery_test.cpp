@@ -1,3 +1,4 @@
+#include "built_in_script.h"
 #include "cairo_bitmap_imp.h"
 #include "drawn_images.h"
 #include "exhibits.h"
@@ -22,7 +23,7 @@ namespace
 
 void PlayQuietly (std::string_view script, GalleryWindow& window)
 {
-    Play (script, window, [] (const std::string&) {});
+    stage::Play (script, window, [] (const std::string&) {});
 }
 
 /// The panel without a control, drawn with Cairo alone.
@@ -107,17 +108,17 @@ TEST_CASE ("What is painted bit by bit is what a pass over everything paints, an
     for (const double scale : { 1.0, 1.25, 1.5 })
     {
         GalleryWindow window (scale);
-        Play (kBuiltInScript, window,
-              [&] (const std::string& name)
-              {
-                  CAPTURE (scale);
-                  CAPTURE (name);
-                  const Picture before (window.Surface ());
-                  window.Editor ().Invalidate (true);
-                  CHECK (window.Paint ());
-                  CHECK (Picture (window.Surface ()).IsLike (before, 0));
-                  CHECK_FALSE (window.Paint ());
-              });
+        stage::Play (kBuiltInScript, window,
+                     [&] (const std::string& name)
+                     {
+                         CAPTURE (scale);
+                         CAPTURE (name);
+                         const Picture before (window.Window ().Surface ());
+                         window.Editor ().Invalidate (true);
+                         CHECK (window.Window ().Paint ());
+                         CHECK (Picture (window.Window ().Surface ()).IsLike (before, 0));
+                         CHECK_FALSE (window.Window ().Paint ());
+                     });
     }
 }
 
@@ -132,7 +133,8 @@ TEST_CASE ("Every control shows something in its place, a dial and a toggle swit
         for (const auto& place : Places ())
         {
             CAPTURE (std::string (place.name));
-            CHECK_FALSE (PartOf (window.Surface (), place.rect).IsLike (PartOf (bare.Surface (), place.rect), 40));
+            CHECK_FALSE (
+                PartOf (window.Window ().Surface (), place.rect).IsLike (PartOf (bare.Surface (), place.rect), 40));
         }
         const auto shows = [&] (std::string_view name, const char* strip, std::int32_t frame)
         {
@@ -140,7 +142,7 @@ TEST_CASE ("Every control shows something in its place, a dial and a toggle swit
             const auto rect = PlaceOf (name);
             BarePanel expected (scale);
             expected.Draw (strip, rect, { 0, frame * rect.Height () });
-            CHECK (PartOf (window.Surface (), rect).IsLike (PartOf (expected.Surface (), rect), 0));
+            CHECK (PartOf (window.Window ().Surface (), rect).IsLike (PartOf (expected.Surface (), rect), 0));
         };
         shows ("gain", "DIAL.PNG", 25);
         shows ("polarity", "TOGGLE.PNG", 0);

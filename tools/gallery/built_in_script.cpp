@@ -1,4 +1,4 @@
-#include "script.h"
+#include "built_in_script.h"
 
 namespace tessaly::gallery
 {

@@ -1,110 +1,55 @@
 #include "gallery_window.h"
 
-#include "event.h"
 #include "exhibits.h"
 #include "palette.h"
+#include "parameters.h"
+#include "script_error.h"
 #include <algorithm>
 #include <array>
 
 namespace tessaly::gallery
 {
 
-namespace
-{
-
-constexpr std::uint32_t kTick = 30; // milliseconds
-
-} // namespace
-
 GalleryWindow::GalleryWindow (double scale)
-    : surface (kPanelWidth, kPanelHeight, scale)
-    , surroundings (surface)
+    : window (kPanelWidth, kPanelHeight, scale)
+    , surroundings (window.Surface ())
     , editor (surroundings)
 {
-    editor.Open ({});
-    Settle ();
+    window.Open (editor);
 }
 
-void GalleryWindow::Settle ()
+std::optional<ZRect> GalleryWindow::PlaceOf (std::string_view name) const
 {
-    Wait (kTick);
+    for (const auto& place : Places ())
+        if (name == place.name)
+            return place.rect;
+    return std::nullopt;
 }
 
-void GalleryWindow::Point (ZPoint point)
+void GalleryWindow::SetLevel (std::int32_t meter, float level)
 {
-    pointer = point;
-    ZEvent event (*this);
-    editor.MouseMove (event, Mouse ());
-    Settle ();
+    surroundings.Meters ().SetDirect (meter, level);
 }
 
-void GalleryWindow::Press (std::int32_t pressed, std::int32_t held)
+void GalleryWindow::SetParameter (std::string_view name, double plain)
 {
-    buttons = pressed;
-    modifiers = held;
-    ZEvent event (*this);
-    editor.MouseDown (event, Mouse ());
-    Settle ();
+    auto& storage = surroundings.Storage ();
+    const auto index = FindParameter (storage, name);
+    if (index < 0)
+        throw stage::ScriptError ("there is no parameter \"" + std::string (name) + "\"");
+    if (plain < storage.GetMinimum (index) || plain > storage.GetMaximum (index))
+        throw stage::ScriptError ("that value is beyond the range of \"" + std::string (name) + "\"");
+    storage.SetPlain (index, static_cast<float> (plain));
 }
 
-void GalleryWindow::Release ()
+stage::Png GalleryWindow::Picture ()
 {
-    buttons = 0;
-    ZEvent event (*this);
-    editor.MouseUp (event, Mouse ());
-    modifiers = 0;
-    Settle ();
-}
-
-void GalleryWindow::Wheel (std::int32_t delta)
-{
-    ZEvent event (*this);
-    editor.MouseWheel (event, { pointer, delta, time });
-    Settle ();
-}
-
-void GalleryWindow::Key (const ZKeyInput& key)
-{
-    auto stamped = key;
-    stamped.time = time;
-    ZEvent event (*this);
-    editor.KeyDown (event, stamped);
-    editor.KeyUp (event, stamped);
-    Settle ();
-}
-
-void GalleryWindow::Wait (std::uint32_t milliseconds)
-{
-    for (std::uint32_t passed = 0; passed < milliseconds;)
-    {
-        const auto step = std::min (kTick, milliseconds - passed);
-        passed += step;
-        time += step;
-        ZEvent event (*this);
-        if (buttons != 0)
-            editor.MouseMove (event, Mouse ()); // a held button repeats, a slider pages
-        editor.Idle (event, Mouse ());
-        Paint ();
-    }
-}
-
-bool GalleryWindow::Paint ()
-{
-    if (!editor.NeedsRedraw ())
-        return false;
-    ZOnscreenCanvas canvas (surface);
-    editor.Draw (canvas, {}, time);
-    return canvas.IsModified ();
-}
-
-Png GalleryWindow::Picture ()
-{
-    ZCairoCanvasImp whole (kPanelWidth, kPanelHeight, surface.GetScale ());
-    whole.CopyCanvasPlain (surface, { 0, 0, kPanelWidth, kPanelHeight }, {});
+    ZCairoCanvasImp whole (kPanelWidth, kPanelHeight, window.Surface ().GetScale ());
+    whole.CopyCanvasPlain (window.Surface (), { 0, 0, kPanelWidth, kPanelHeight }, {});
     ZOnscreenCanvas canvas (whole);
     DrawSign (canvas);
     DrawPointer (canvas);
-    return PngOf (whole.Surface ());
+    return stage::PngOf (whole.Surface ());
 }
 
 void GalleryWindow::DrawSign (ZCanvas& canvas) const
@@ -126,14 +71,14 @@ void GalleryWindow::DrawSign (ZCanvas& canvas) const
 
 void GalleryWindow::DrawPointer (ZCanvas& canvas) const
 {
-    if (hidden > 0)
+    if (!window.IsPointerShown ())
         return;
     constexpr std::array<ZPoint, 7> kArrow{
         { { 0, 0 }, { 0, 15 }, { 4, 12 }, { 6, 17 }, { 9, 16 }, { 6, 11 }, { 11, 11 } }
     };
     auto arrow = kArrow;
     for (auto& corner : arrow)
-        corner = corner + pointer;
+        corner = corner + window.Pointer ();
     canvas.SetColor ({ 255, 255, 255 }, 255);
     canvas.FillPolygon (arrow);
     canvas.SetColor ({ 0, 0, 0 }, 255);

@@ -1,7 +1,7 @@
+#include "built_in_script.h"
 #include "gallery_window.h"
 #include "options.h"
 #include "parameters.h"
-#include "pending_file.h"
 #include "script.h"
 #include "script_error.h"
 
@@ -10,11 +10,8 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
-#include <map>
-#include <memory>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace tessaly::gallery
 {
@@ -33,35 +30,17 @@ std::string ReadScript (const Options& options)
     return script;
 }
 
-using Pictures = std::map<std::string, Png>; // by name
-
-/// All of them or, when something goes wrong before the last is written, none.
-void Write (const Pictures& pictures, const std::filesystem::path& folder)
-{
-    std::vector<std::unique_ptr<host::PendingFile>> files;
-    for (const auto& [name, png] : pictures)
-    {
-        auto& pending = *files.emplace_back (std::make_unique<host::PendingFile> (folder / (name + ".png")));
-        std::ofstream file (pending.WorkingPath (), std::ios::binary);
-        file.write (reinterpret_cast<const char*> (png.data ()), static_cast<std::streamsize> (png.size ()));
-        if (!file.flush ())
-            throw std::runtime_error ("\"" + pending.Target ().string () + "\" can't be written");
-    }
-    for (const auto& file : files)
-        file->Commit ();
-}
-
 void Run (const Options& options)
 {
     GalleryWindow window (options.scale);
-    Pictures pictures;
+    stage::Pictures pictures;
     const auto snap = [&] (const std::string& name)
     {
         if (!pictures.emplace (name, window.Picture ()).second)
-            throw ScriptError ("there is a picture \"" + name + "\" already");
+            throw stage::ScriptError ("there is a picture \"" + name + "\" already");
     };
-    Play (ReadScript (options), window, snap);
-    Write (pictures, options.output);
+    stage::Play (ReadScript (options), window, snap);
+    stage::WritePictures (pictures, options.output);
 
     for (const auto& [name, png] : pictures)
         std::cout << (options.output / (name + ".png")).string () << '\n';

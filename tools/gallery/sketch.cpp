@@ -18,14 +18,6 @@ namespace
 constexpr double kDegree = std::numbers::pi / 180.0;
 constexpr double kDimShare = 0.3; // of the colour, the rest is the panel's
 
-cairo_status_t AppendBytes (void* closure, const unsigned char* data, unsigned int length)
-{
-    const auto* first = reinterpret_cast<const std::byte*> (data);
-    auto& png = *static_cast<Png*> (closure);
-    png.insert (png.end (), first, first + length);
-    return CAIRO_STATUS_SUCCESS;
-}
-
 std::uint8_t Mixed (std::uint8_t part, std::uint8_t panel)
 {
     return static_cast<std::uint8_t> (part * kDimShare + panel * (1.0 - kDimShare));
@@ -44,15 +36,6 @@ double CairoAngle (double degree)
 }
 
 } // namespace
-
-Png PngOf (cairo_surface_t* pixels)
-{
-    Png png;
-    const auto status = cairo_surface_write_to_png_stream (pixels, AppendBytes, &png);
-    if (status != CAIRO_STATUS_SUCCESS)
-        throw std::runtime_error (std::string ("a picture can't be made: ") + cairo_status_to_string (status));
-    return png;
-}
 
 Sketch::Sketch (std::int32_t width, std::int32_t height, std::int32_t pixels)
     : imp (width, height, pixels)

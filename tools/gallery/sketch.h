@@ -3,6 +3,7 @@
 #include "cairo_canvas_imp.h"
 #include "cairo_handles.h"
 #include "geometry.h"
+#include "picture_files.h"
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -11,10 +12,7 @@
 namespace tessaly::gallery
 {
 
-using Png = std::vector<std::byte>;
-
-/// @throws std::runtime_error when Cairo can't write it
-Png PngOf (cairo_surface_t* pixels);
+using stage::Png;
 
 /// An image being drawn, at one or two pixels a coordinate. Coordinates are those of the present frame; angles are the
 /// toolkit's, in degrees clockwise from straight below.
@@ -35,7 +33,7 @@ public:
     void Text (std::string_view text, const ZRect& rect, std::int32_t pixels, std::int32_t style, ZColor color,
                std::int32_t alignment);
 
-    Png ToPng () const { return PngOf (imp.Surface ()); }
+    Png ToPng () const { return stage::PngOf (imp.Surface ()); }
 
 private:
     ZColor Shown (ZColor color) const;

@@ -1,8 +1,7 @@
 #include "script.h"
 
-#include "exhibits.h"
-#include "gallery_window.h"
-#include "parameters.h"
+#include "input.h"
+#include "offscreen_window.h"
 #include "script_error.h"
 #include "text.h"
 #include <algorithm>
@@ -10,9 +9,8 @@
 #include <cstdlib>
 #include <optional>
 #include <utility>
-#include <vector>
 
-namespace tessaly::gallery
+namespace tessaly::stage
 {
 
 namespace
@@ -115,8 +113,9 @@ private:
 class Player
 {
 public:
-    Player (GalleryWindow& played, const std::function<void (const std::string&)>& snapped)
-        : window (played)
+    Player (ScriptStage& played, const std::function<void (const std::string&)>& snapped)
+        : stage (played)
+        , window (played.Window ())
         , onSnap (snapped)
     {
     }
@@ -141,10 +140,8 @@ private:
     ZPoint PointOf (Order& order) const
     {
         const auto name = order.Next ("a place");
-        for (const auto& place : places)
-            if (name == place.name)
-                return ZPoint{ (place.rect.left + place.rect.right) / 2, (place.rect.top + place.rect.bottom) / 2 } +
-                       order.Offset ();
+        if (const auto rect = stage.PlaceOf (name))
+            return ZPoint{ (rect->left + rect->right) / 2, (rect->top + rect->bottom) / 2 } + order.Offset ();
         throw ScriptError ("there is no place " + Order::Quoted (name));
     }
     void Click (ZPoint point, std::int32_t modifiers)
@@ -203,20 +200,15 @@ private:
     void DoIdle (Order& order) { window.Wait (static_cast<std::uint32_t> (order.Number ("a time", 0, kLongestWait))); }
     void DoLevel (Order& order)
     {
-        const auto meter = order.Number ("a meter", 0, Surroundings::kMeters - 1);
+        const auto meter = order.Number ("a meter", 0, kScriptMeters - 1);
         const auto level = order.Number ("a level", 0, 1);
-        window.Around ().Meters ().SetDirect (static_cast<std::int32_t> (meter), static_cast<float> (level));
+        stage.SetLevel (static_cast<std::int32_t> (meter), static_cast<float> (level));
         window.Settle ();
     }
     void DoSet (Order& order)
     {
-        auto& storage = window.Around ().Storage ();
         const auto name = order.Next ("a parameter");
-        const auto index = FindParameter (storage, name);
-        if (index < 0)
-            throw ScriptError ("there is no parameter " + Order::Quoted (name));
-        const auto plain = order.Number ("a value", storage.GetMinimum (index), storage.GetMaximum (index));
-        storage.SetPlain (index, static_cast<float> (plain));
+        stage.SetParameter (name, order.Number ("a value", -kFarthest, kFarthest));
         window.Settle ();
     }
     void DoSnap (Order& order)
@@ -227,9 +219,9 @@ private:
         onSnap (std::string (name));
     }
 
-    GalleryWindow& window;                                  // not owned: the caller's
-    const std::function<void (const std::string&)>& onSnap; // not owned: likewise
-    const std::vector<Place> places = Places ();
+    ScriptStage& stage;                                     // not owned: the caller's
+    OffscreenWindow& window;                                // not owned: the stage's
+    const std::function<void (const std::string&)>& onSnap; // not owned: the caller's
 };
 
 const std::array<Word<Player::Act>, 13> Player::kOrders{ {
@@ -250,9 +242,9 @@ const std::array<Word<Player::Act>, 13> Player::kOrders{ {
 
 } // namespace
 
-void Play (std::string_view script, GalleryWindow& window, const std::function<void (const std::string&)>& onSnap)
+void Play (std::string_view script, ScriptStage& stage, const std::function<void (const std::string&)>& onSnap)
 {
-    Player player (window, onSnap);
+    Player player (stage, onSnap);
     for (std::int32_t number = 1; !script.empty (); ++number)
     {
         const auto end = std::min (script.find ('\n'), script.size ());
@@ -270,4 +262,4 @@ void Play (std::string_view script, GalleryWindow& window, const std::function<v
     }
 }
 
-} // namespace tessaly::gallery
+} // namespace tessaly::stage

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-namespace tessaly::gallery
+namespace tessaly::stage
 {
 
 /// A fault in a script or in what it asks for. The message is a sentence for people, without a full stop.
@@ -12,4 +12,4 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-} // namespace tessaly::gallery
+} // namespace tessaly::stage
