@@ -45,13 +45,16 @@ const std::pair<std::string_view, const char*> kRecordings[]{
     { "bus/", "/usr/share/sonic-pi/samples/loop_amen_full.flac" },
 };
 
-/// Files below a folder by their place in it, without extension.
+constexpr const char* kBuiltIn = "01 Basic"; // ships as a file, too, so that the dialog leads back to it
+
+/// Files below a folder by their place in it, without extension; but for the built-in set's.
 std::map<std::string, fs::path> FilesBelow (const fs::path& folder, const char* extension)
 {
     std::map<std::string, fs::path> files;
     for (const auto& entry : fs::recursive_directory_iterator (folder))
         if (entry.is_regular_file () && entry.path ().extension () == extension)
             files[fs::relative (entry.path (), folder).replace_extension ().generic_string ()] = entry.path ();
+    files.erase (kBuiltIn);
     return files;
 }
 
@@ -149,6 +152,14 @@ TEST_CASE ("Ship sets: each table is built into a set that the plug-in takes, wi
         CHECK (filled >= 3 * 17);
         CHECK (set.effect.KeyPointStep (0, 0) != builtInKeyPoints.rows[0][0]); // taken, not the built-in set
     }
+}
+
+TEST_CASE ("Ship sets: \"01 Basic\" is the built-in set")
+{
+    const LoadedSet set (fs::path (TESSALY_SETS_DIR) / (std::string (kBuiltIn) + ".kpd"), 48000.0);
+    for (std::uint32_t row = 0; row < 9; ++row)
+        for (std::uint32_t column = 0; column < kKeyPointColumns; ++column)
+            CHECK (set.effect.KeyPointStep (row, column) == builtInKeyPoints.KeyPointStep (row, column));
 }
 
 TEST_CASE ("Ship sets: the dial swept over a recording of its kind stays below +12 dBFS, at any \"Drive\"")
