@@ -8,6 +8,8 @@
 #include "null_stream.h"
 #include "stored_value.h"
 #include "strip_state.h"
+#include "truncate.h"
+#include <algorithm>
 
 namespace tessaly
 {
@@ -49,23 +51,35 @@ void ZChannel_StripEffect::OnParameter (std::int32_t index, float normalized)
     }
 }
 
+std::optional<KeyPointRow> ZChannel_StripEffect::MorphStepsAt (float position) const
+{
+    auto steps = storage != nullptr ? MorphedSteps (keyPoints.Read (), position) : std::nullopt;
+    if (!steps)
+        return steps;
+    // A foreign set may hold any step; one beyond the scales would be a filter of 0 Hz, and NaN from then on.
+    for (std::uint32_t column = 0; column < kKeyPointColumns; ++column)
+    {
+        const auto index = KeyPointParameter (0, column);
+        const auto inRange = std::clamp (static_cast<float> ((*steps)[column]), storage->GetMinimum (index),
+                                         storage->GetMaximum (index));
+        (*steps)[column] = TruncateToInt16 (inRange);
+    }
+    return steps;
+}
+
 void ZChannel_StripEffect::ApplyMorph (std::int32_t /*index*/, float normalized)
 {
-    if (storage == nullptr)
-        return;
-    const auto steps = MorphedSteps (keyPoints.Read (), storage->NormalizedToPlain (kMorph, normalized));
+    const auto steps = MorphStepsAt (storage != nullptr ? storage->NormalizedToPlain (kMorph, normalized) : 0.0f);
     if (!steps)
         return;
     for (std::uint32_t column = 0; column < kKeyPointColumns; ++column)
         WriteMorphed (KeyPointParameter (0, column), (*steps)[column]);
 }
 
-void ZChannel_StripEffect::WriteMorphed (std::int32_t index, float plain)
+void ZChannel_StripEffect::WriteMorphed (std::int32_t index, float step)
 {
     morphWroteParameters.store (true, std::memory_order_relaxed);
-    // A foreign set may hold any step; one beyond the scales would be a filter of 0 Hz, and no number from then on.
-    const auto inRange = std::clamp (plain, storage->GetMinimum (index), storage->GetMaximum (index));
-    const auto normalized = storage->PlainToNormalized (index, inRange);
+    const auto normalized = storage->PlainToNormalized (index, step);
     SetNormalized (index, normalized);
     storage->SetDefaultNormalized (index, normalized); // so that "back to default" means what the morph gave
     PostHost (index);

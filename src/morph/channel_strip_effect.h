@@ -6,6 +6,7 @@
 #include "text_buffer.h"
 #include <atomic>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace tessaly
@@ -39,6 +40,12 @@ public:
     /// of. A step beyond a parameter's range counts as the nearest end.
     /// @param index of "Morph", not looked at  @param normalized its value
     void ApplyMorph (std::int32_t index, float normalized);
+
+    /// The steps of the parameters 1 to 17 that ApplyMorph writes at a position, each within its parameter's range. They
+    /// are whole, so a parameter that a morph wrote reads exactly its step as plain value. Any thread.
+    /// @param position  plain value of "Morph", 0 to 120
+    /// @return nothing where a morph writes nothing: all key points are empty, or there is no storage
+    std::optional<KeyPointRow> MorphStepsAt (float position) const;
 
     /// Takes the nine key points of a key-point file; a file with a fault changes nothing. No morph runs by itself.
     void LoadKeyPointBlock (const void* data, std::int32_t size);
@@ -74,7 +81,7 @@ protected:
     void OnParameter (std::int32_t index, float normalized) override;
 
 private:
-    void WriteMorphed (std::int32_t index, float plain);
+    void WriteMorphed (std::int32_t index, float step);
     void ApplyValues (const std::array<float, kStripParameterCount>& stored);
 
     SharedKeyPoints keyPoints{ builtInKeyPoints };

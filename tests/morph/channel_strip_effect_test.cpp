@@ -88,6 +88,21 @@ TEST_CASE ("A morph writes 17 values in order, each to core, default, host and e
     CHECK (strip.storage->GetPlain (0) == 100.0f);
 }
 
+TEST_CASE ("MorphStepsAt tells what the morph writes at every position")
+{
+    Strip strip;
+    for (int position = 0; position <= 120; ++position)
+    {
+        strip.effect.SetParameter (20, static_cast<float> (position) / 120.0f);
+        const auto steps = strip.effect.MorphStepsAt (static_cast<float> (position)).value ();
+        for (std::int32_t i = 1; i <= 17; ++i)
+            REQUIRE (strip.storage->GetPlain (i) == steps[static_cast<std::size_t> (i - 1)]);
+    }
+    CHECK (strip.effect.TakeMorphWroteParameters ());
+    CHECK_FALSE (strip.effect.TakeMorphWroteParameters ());
+    CHECK_FALSE (ZChannel_StripEffect (nullptr).MorphStepsAt (0.0f)); // no storage
+}
+
 TEST_CASE ("The name of the set is cut at a whole character and holds nothing of the name before")
 {
     ZChannel_StripEffect effect (nullptr);
@@ -245,7 +260,11 @@ TEST_CASE ("A set with steps beyond the scales is kept as it is, and the morph t
         CHECK (strip.Read (Tree (Format () + Chunk ("KPD ", KeyPoints ("Odd", step)))));
         CHECK (strip.effect.KeyPointStep (3, 0) == step);
         strip.effect.SetParameter (20, 0.25f);
+        const auto written = strip.effect.MorphStepsAt (30.0f).value ();
         for (std::int32_t i = 1; i <= 17; ++i)
+        {
             CHECK (strip.Value (i) == (step > 0 ? 1.0f : 0.0f));
+            CHECK (strip.storage->GetPlain (i) == written[static_cast<std::size_t> (i - 1)]);
+        }
     }
 }
