@@ -4,7 +4,7 @@
 #include "anim_on_off_button.h"
 #include "anim_toggle_switch.h"
 #include "draw_text_edit.h"
-#include "editor_desk.h"
+#include "editor_fixture.h"
 #include "knob_slider.h"
 #include <doctest/doctest.h>
 
@@ -14,11 +14,11 @@ namespace
 {
 
 /// An editor of nothing but described controls.
-struct DescribedDesk : EditorDesk<>
+struct DescribedFixture : EditorFixture<>
 {
     std::vector<ZControlDescription> records;
 
-    explicit DescribedDesk (std::vector<ZControlDescription> table)
+    explicit DescribedFixture (std::vector<ZControlDescription> table)
         : records (std::move (table))
     {
         Open ({});
@@ -55,12 +55,12 @@ TEST_CASE ("ZControlBuilder: radio buttons of one id make one group, and a kind 
                        Described (kKindRadioButton) };
     table.back ().x = 100;
     table.back ().buttonIndex = 1;
-    DescribedDesk desk (table);
-    CHECK (desk.GetControls ().GetCount () == 2); // the picture bears the id, but is no group
-    CHECK (desk.GetRootView ()->GetPaneCount () == 2);
-    desk.GetRootView ()->SetFrame ({ 0, 0, 400, 100 });
-    CHECK (desk.Press ({ 105, 25 }));
-    CHECK_FALSE (desk.Press ({ 90, 25 })); // between the two buttons
+    DescribedFixture fixture (table);
+    CHECK (fixture.GetControls ().GetCount () == 2); // the picture bears the id, but is no group
+    CHECK (fixture.GetRootView ()->GetPaneCount () == 2);
+    fixture.GetRootView ()->SetFrame ({ 0, 0, 400, 100 });
+    CHECK (fixture.Press ({ 105, 25 }));
+    CHECK_FALSE (fixture.Press ({ 90, 25 })); // between the two buttons
 }
 
 TEST_CASE ("ZControlBuilder: a meter is no control, shows its strip and has a colour instead of an image behind it")
@@ -69,13 +69,13 @@ TEST_CASE ("ZControlBuilder: a meter is no control, shows its strip and has a co
     record.backName = "panel";
     record.backColor = { { 1, 2, 3 }, 1 };
     record.target = kTargetMeter;
-    DescribedDesk desk ({ record });
-    CHECK (desk.Paint () ==
+    DescribedFixture fixture ({ record });
+    CHECK (fixture.Paint () ==
            Words_t{ "SetColor 1,2,3,255", "FillRect 10,20,70,40", "DrawBitmap strip 10,20,70,40 from 5,0" });
-    CHECK (desk.GetControls ().GetCount () == 0);
-    desk.wrapper.meters.SetDirect (1, 1.0f);
-    desk.Tick ();
-    CHECK (desk.Paint ().back () == "DrawBitmap strip 10,20,70,40 from 5,60");
+    CHECK (fixture.GetControls ().GetCount () == 0);
+    fixture.wrapper.meters.SetDirect (1, 1.0f);
+    fixture.Tick ();
+    CHECK (fixture.Paint ().back () == "DrawBitmap strip 10,20,70,40 from 5,60");
 }
 
 TEST_CASE ("ZControlBuilder: translates rectangles, sizes of a font, orientations and numbers of frames")
@@ -93,8 +93,8 @@ TEST_CASE ("ZControlBuilder: translates rectangles, sizes of a font, orientation
         record.hitWidth = 10;
         record.hitHeight = 11;
         record.editMode = 2;
-        const DescribedDesk desk ({ record });
-        const auto& edit = desk.First<ZDrawTextEdit> ();
+        const DescribedFixture fixture ({ record });
+        const auto& edit = fixture.First<ZDrawTextEdit> ();
         CHECK (edit.ZDrawText::GetRecordActive ().sizeIndex == index);
         CHECK (edit.ZDrawText::GetRecordActive ().alignment == (kAlignCenter | kAlignMiddle));
         CHECK (edit.GetTextPlace () == ZRect{ 11, 20, 41, 30 });
@@ -105,19 +105,19 @@ TEST_CASE ("ZControlBuilder: translates rectangles, sizes of a font, orientation
     {
         auto record = Described (kKindKnobSlider);
         record.sliderOrientation = orientation;
-        CHECK (DescribedDesk ({ record }).First<ZKnobSlider> ().GetStyle () == style);
+        CHECK (DescribedFixture ({ record }).First<ZKnobSlider> ().GetStyle () == style);
         record.kind = kKindToggleSwitch;
         record.toggleOrientation = 3 - orientation;
-        CHECK (DescribedDesk ({ record }).First<ZAnimToggleSwitch> ().GetStyle () == 15 - style);
+        CHECK (DescribedFixture ({ record }).First<ZAnimToggleSwitch> ().GetStyle () == 15 - style);
     }
     for (const auto& [frames, behaviour] : { std::pair{ 1, 3 }, { 2, 3 }, { 3, 9 }, { 4, 9 }, { 0, 9 } })
     {
         auto record = Described (kKindOnOffButton);
         record.frameCount = frames;
-        CHECK (DescribedDesk ({ record }).First<ZAnimOnOffButton> ().GetBehaviour () == behaviour);
+        CHECK (DescribedFixture ({ record }).First<ZAnimOnOffButton> ().GetBehaviour () == behaviour);
     }
     auto dial = Described (kKindDial);
     dial.centerX = 7;
     dial.centerY = 8;
-    CHECK (DescribedDesk ({ dial }).First<ZAnimDial> ().GetCenter () == ZPoint{ 7, 8 });
+    CHECK (DescribedFixture ({ dial }).First<ZAnimDial> ().GetCenter () == ZPoint{ 7, 8 });
 }

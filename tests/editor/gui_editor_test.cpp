@@ -1,6 +1,6 @@
 #include "gui_editor.h"
 
-#include "editor_desk.h"
+#include "editor_fixture.h"
 #include <atomic>
 #include <cmath>
 #include <doctest/doctest.h>
@@ -15,7 +15,7 @@ namespace
 constexpr std::int32_t kCommandTag = 30000; // a tag that is no parameter's
 
 /// Three controls side by side, 40 pixels each, of parameters 0 and 1 and of a command, and a meter below.
-struct SmallDesk : EditorDesk<>
+struct SmallFixture : EditorFixture<>
 {
     std::vector<ProbeControl*> row; // not owned: the editor's panes, as the meter
     ZControl* meter = nullptr;
@@ -32,7 +32,7 @@ struct SmallDesk : EditorDesk<>
 
 } // namespace
 
-TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: opens with the effect's values, closes without a trace and opens again")
+TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: opens with the effect's values, closes without a trace and opens again")
 {
     wrapper.storage.SetNormalized (1, 0.75f);
     CHECK_FALSE (Press ({ 5, 5 }));
@@ -65,7 +65,8 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: opens with the effect's values, close
     CHECK (wrapper.written.empty ());
 }
 
-TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a press is captured until a second press, a refused move or its pane's end")
+TEST_CASE_FIXTURE (SmallFixture,
+                   "ZGuiEditor: a press is captured until a second press, a refused move or its pane's end")
 {
     Open ({ 10, 10 });
     CHECK (Press ({ 15, 15 }));
@@ -104,7 +105,8 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a press is captured until a second pr
     }
 }
 
-TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: the pointer enters panes on ticks, not during a drag or beside a modal pane")
+TEST_CASE_FIXTURE (SmallFixture,
+                   "ZGuiEditor: the pointer enters panes on ticks, not during a drag or beside a modal pane")
 {
     Open ({});
     Hover ({ 5, 5 });
@@ -125,7 +127,7 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: the pointer enters panes on ticks, no
     CHECK (log == Words_t{ "1 open", "0 exit", "1 close", "lost", "gained" });
 }
 
-TEST_CASE_FIXTURE (SmallDesk,
+TEST_CASE_FIXTURE (SmallFixture,
                    "ZGuiEditor: wheel and keys go to the modal pane, then to hover or focus, then the editor")
 {
     Open ({});
@@ -147,7 +149,7 @@ TEST_CASE_FIXTURE (SmallDesk,
     CHECK (log == Words_t{ "0 open", "0 key", "1 key", "editor key", "0 key", "editor key", "0 key" });
 }
 
-TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: values go from control to effect, and come from outside by polling")
+TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: values go from control to effect, and come from outside by polling")
 {
     Open ({});
     Tick ();
@@ -178,7 +180,7 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: values go from control to effect, and
     CHECK (meter->GetValue () == 0.0f);
 }
 
-TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a meter sinks to nothing when faded out, and is back at once")
+TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: a meter sinks to nothing when faded out, and is back at once")
 {
     Open ({});
     wrapper.meters.SetDirect (0, 0.5f);
@@ -195,7 +197,7 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a meter sinks to nothing when faded o
     CHECK (meter->GetValue () == 0.5f);
 }
 
-TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: takes the effect's events, and asks for their data")
+TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: takes the effect's events, and asks for their data")
 {
     std::int32_t number = 2;
     double newRate = 192000.0;
@@ -226,7 +228,7 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: takes the effect's events, and asks f
     Tick ();
 }
 
-TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: what another thread posts is carried out in the next tick")
+TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: what another thread posts is carried out in the next tick")
 {
     Open ({});
     Tick ();
@@ -254,7 +256,7 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: what another thread posts is carried 
     CHECK (rate == kLast);
 }
 
-TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a pass draws what changed, and the modal pane over it")
+TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: a pass draws what changed, and the modal pane over it")
 {
     Open ({ 10, 10 });
     CHECK (Paint ().size () == 3);
@@ -286,7 +288,7 @@ TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a pass draws what changed, and the mo
                     "> CopyCanvas 10,20,40,70 from 0,10", "> CopyCanvas 80,20,130,70 from 70,10" });
 }
 
-TEST_CASE_FIXTURE (SmallDesk, "ZGuiEditor: a tooltip shows after a second and goes with the pointer or the pane")
+TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: a tooltip shows after a second and goes with the pointer or the pane")
 {
     Open ({ 10, 10 });
     row[0]->SetTooltip ("Drive");

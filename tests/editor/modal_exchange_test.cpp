@@ -1,6 +1,6 @@
 #include "draw_matrix_menu.h"
 #include "draw_text_edit.h"
-#include "editor_desk.h"
+#include "editor_fixture.h"
 #include <doctest/doctest.h>
 
 using namespace tessaly;
@@ -13,7 +13,7 @@ constexpr ZPoint kMenu{ 70, 5 };
 
 /// A typed value of parameter 0, a menu of three items of parameter 1 beside it, and a control of parameter 2 that lies
 /// below the menu, later in the tree than its view.
-struct FormDesk : EditorDesk<>
+struct FormFixture : EditorFixture<>
 {
     ZView* view = nullptr; // not owned, as the next two: the editor's panes
     ZDrawTextEdit* field = nullptr;
@@ -59,7 +59,8 @@ struct FormDesk : EditorDesk<>
 
 } // namespace
 
-TEST_CASE_FIXTURE (FormDesk, "An open field ends without a word with its editor, its pane or view and a changed value")
+TEST_CASE_FIXTURE (FormFixture,
+                   "An open field ends without a word with its editor, its pane or view and a changed value")
 {
     const std::vector<std::function<void ()>> endings{ [this] { view->Hide (); }, [this] { Remove (field); },
                                                        [this] { wrapper.storage.SetNormalized (3, 0.5f); },
@@ -78,7 +79,7 @@ TEST_CASE_FIXTURE (FormDesk, "An open field ends without a word with its editor,
     }
 }
 
-TEST_CASE_FIXTURE (FormDesk, "An open menu takes presses over what lies below it, and a press elsewhere closes it")
+TEST_CASE_FIXTURE (FormFixture, "An open menu takes presses over what lies below it, and a press elsewhere closes it")
 {
     Reopen ();
     OpenMenu ();

@@ -1,6 +1,6 @@
 #include "old_gui_editor.h"
 
-#include "editor_desk.h"
+#include "editor_fixture.h"
 #include "old_hover_gui_editor.h"
 #include <doctest/doctest.h>
 
@@ -10,7 +10,7 @@ namespace
 {
 
 /// Two pages with a control each.
-struct PlainDesk : EditorDesk<ZOldGuiEditor>
+struct PlainFixture : EditorFixture<ZOldGuiEditor>
 {
     ProbeControl* frontControl = nullptr; // not owned, as below: the editor's panes
     ProbeControl* backControl = nullptr;
@@ -25,7 +25,7 @@ struct PlainDesk : EditorDesk<ZOldGuiEditor>
 };
 
 /// Two pages, and on the front one a control in each layer and a text for the lower one.
-struct HoverDesk : EditorDesk<ZOldHoverGuiEditor>
+struct HoverFixture : EditorFixture<ZOldHoverGuiEditor>
 {
     ProbeControl* upperControl = nullptr; // not owned: the editor's pane
 
@@ -41,7 +41,7 @@ struct HoverDesk : EditorDesk<ZOldHoverGuiEditor>
 
 } // namespace
 
-TEST_CASE_FIXTURE (PlainDesk, "ZOldGuiEditor: shows one of two pages in the size of their images")
+TEST_CASE_FIXTURE (PlainFixture, "ZOldGuiEditor: shows one of two pages in the size of their images")
 {
     Open ({});
     CHECK (Paint () == Words_t{ "CreateOffscreen 0,0,200,100", "> DrawBitmap front 0,0,200,100 from 0,0",
@@ -72,7 +72,7 @@ TEST_CASE_FIXTURE (PlainDesk, "ZOldGuiEditor: shows one of two pages in the size
     CHECK (size == ZPoint{ 200, 100 });
 }
 
-TEST_CASE_FIXTURE (HoverDesk, "ZOldHoverGuiEditor: the upper layer moves over an unpainted lower, and texts follow")
+TEST_CASE_FIXTURE (HoverFixture, "ZOldHoverGuiEditor: the upper layer moves over an unpainted lower, and texts follow")
 {
     Open ({});
     const auto first = Paint ();

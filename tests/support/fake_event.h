@@ -30,8 +30,8 @@ struct FakeEvent final : ZEventImp
     bool IsOverPane () override { return true; }
 };
 
-/// The hands at a window: what they do reaches a pane, or an editor. Points are in root coordinates.
-class Hands
+/// Drives a window: each act reaches a pane, or an editor. Points are in root coordinates.
+class InputDriver
 {
 public:
     FakeEvent window;

@@ -1,4 +1,4 @@
-#include "pane_desk.h"
+#include "pane_fixture.h"
 #include "value_index.h"
 #include <doctest/doctest.h>
 
@@ -27,7 +27,7 @@ struct ProbePane : ZPane
 };
 
 /// A view at (100, 50) in the whole, and a pane at (10, 20) in it.
-struct Tree : PaneDesk
+struct Tree : PaneFixture
 {
     ZView whole{ this, { 0, 0, 500, 300 } };
     ZView view{ this, { 100, 50, 300, 250 } };

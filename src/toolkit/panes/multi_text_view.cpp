@@ -17,9 +17,9 @@ bool ZMultiTextView::AddPane (ZPane* pane)
 
 void ZMultiTextView::OnIdle (ZEvent& event, const ZMouseInput& mouse)
 {
-    const auto* desk = GetOwner ();
-    const auto* captured = desk != nullptr ? desk->GetCapturePane () : nullptr;
-    const auto* hover = desk != nullptr ? desk->GetHoverPane () : nullptr;
+    const auto* editor = GetOwner ();
+    const auto* captured = editor != nullptr ? editor->GetCapturePane () : nullptr;
+    const auto* hover = editor != nullptr ? editor->GetHoverPane () : nullptr;
     const auto source = captured != nullptr ? Source::kDrag : hover != nullptr ? Source::kPointer : Source::kNothing;
     auto wanted = shownId;
     if (captured != nullptr)

@@ -2,7 +2,7 @@
 #include "anim_rotary_switch.h"
 #include "anim_vu_meter.h"
 #include "bitmap_picture.h"
-#include "pane_desk.h"
+#include "pane_fixture.h"
 #include <doctest/doctest.h>
 #include <limits>
 
@@ -15,11 +15,11 @@ namespace
 template <typename Control>
 int FrameAt (float value, std::int32_t frames)
 {
-    DeskOf<Control> desk ({ 0, 0, 10, 10 });
-    desk.control.SetAnimActive (&desk.strip, frames, 1, {});
-    desk.control.SetStep (0.25f);
-    desk.control.SetValue (value);
-    return desk.FrameShown (desk.control);
+    ControlFixture<Control> fixture ({ 0, 0, 10, 10 });
+    fixture.control.SetAnimActive (&fixture.strip, frames, 1, {});
+    fixture.control.SetStep (0.25f);
+    fixture.control.SetValue (value);
+    return fixture.FrameShown (fixture.control);
 }
 
 } // namespace
@@ -37,13 +37,13 @@ TEST_CASE ("Strips: a dial shows the frame nearest to its value, a meter its par
 
 TEST_CASE ("Pictures and meters: show themselves, and the mouse reaches what lies below")
 {
-    PaneDesk desk;
-    ZView root (&desk, { 0, 0, 100, 100 });
-    const auto picture = CreateBitmapPicture (&desk, { 0, 0, 40, 30 }, 1, &desk.strip, { 3, 4 });
-    const auto meter = CreateAnim<ZAnimVuMeter> (&desk, { 0, 0, 10, 10 }, 2, &desk.strip, 20, 1, {});
+    PaneFixture fixture;
+    ZView root (&fixture, { 0, 0, 100, 100 });
+    const auto picture = CreateBitmapPicture (&fixture, { 0, 0, 40, 30 }, 1, &fixture.strip, { 3, 4 });
+    const auto meter = CreateAnim<ZAnimVuMeter> (&fixture, { 0, 0, 10, 10 }, 2, &fixture.strip, 20, 1, {});
     root.AddPane (picture.get ());
     root.AddPane (meter.get ());
-    CHECK (root.FindPane (desk.event, desk.At ({ 5, 5 })) == nullptr);
-    CHECK (desk.Drawn (*picture) == std::vector<std::string>{ "DrawBitmap strip 0,0,40,30 from 3,4" });
-    CHECK (desk.FrameShown (*meter) == 0);
+    CHECK (root.FindPane (fixture.event, fixture.At ({ 5, 5 })) == nullptr);
+    CHECK (fixture.Drawn (*picture) == std::vector<std::string>{ "DrawBitmap strip 0,0,40,30 from 3,4" });
+    CHECK (fixture.FrameShown (*meter) == 0);
 }

@@ -1,7 +1,7 @@
 #include "anim_rotary_switch.h"
 #include "anim_slide_switch.h"
 #include "anim_toggle_switch.h"
-#include "pane_desk.h"
+#include "pane_fixture.h"
 #include <algorithm>
 #include <array>
 #include <doctest/doctest.h>
@@ -15,7 +15,7 @@ using Values = std::vector<float>;
 
 const Values kNone, kLow{ 0.0f }, kHigh{ 1.0f };
 
-using Rotary = DeskOf<ZAnimRotarySwitch>;
+using Rotary = ControlFixture<ZAnimRotarySwitch>;
 
 constexpr ZRect kPlace{ 100, 100, 160, 160 }; // of a rotary switch
 
@@ -51,9 +51,9 @@ TEST_CASE ("ZRotarySwitch: by angle each position has an equal part of the widen
         ZPoint point;
         std::int32_t index; // -1: refused
     };
-    Rotary desk (kPlace, kDialJump, 0.0f);
-    desk.control.SetStep (0.1f);
-    desk.control.SetDegreeRange (90, 270); // widened to 81 to 279, for ten positions
+    Rotary fixture (kPlace, kDialJump, 0.0f);
+    fixture.control.SetStep (0.1f);
+    fixture.control.SetDegreeRange (90, 270); // widened to 81 to 279, for ten positions
     for (const auto& row :
          { Row{ { 130, 150 }, -1 }, Row{ { 110, 139 }, -1 }, // 65, beyond the half position that is left to the sweep
            Row{ { 110, 135 }, 0 },                           // 75
@@ -62,72 +62,72 @@ TEST_CASE ("ZRotarySwitch: by angle each position has an equal part of the widen
            Row{ { 130, 110 }, 5 } })                         // the middle, where the sixth position begins
     {
         CAPTURE (row.index);
-        CHECK (desk.Press (desk.control, row.point) == (row.index >= 0));
-        CHECK (desk.control.GetIndex () == std::max (row.index, 0));
+        CHECK (fixture.Press (fixture.control, row.point) == (row.index >= 0));
+        CHECK (fixture.control.GetIndex () == std::max (row.index, 0));
     }
-    desk.control.SetOppositeGripEnabled (true);
-    CHECK (desk.Press (desk.control, { 130, 150 })); // opposite its pointer
-    CHECK (desk.control.GetIndex () == 5);
+    fixture.control.SetOppositeGripEnabled (true);
+    CHECK (fixture.Press (fixture.control, { 130, 150 })); // opposite its pointer
+    CHECK (fixture.control.GetIndex () == 5);
 }
 
 TEST_CASE ("ZRotarySwitch: a press on a label chooses its position at once")
 {
-    Rotary desk (kPlace, kDialTurn, 0.0f);
-    desk.control.SetStep (1.0f / 3);
+    Rotary fixture (kPlace, kDialTurn, 0.0f);
+    fixture.control.SetStep (1.0f / 3);
     const std::array labels{ ZRect{ -30, 0, -10, 10 }, ZRect{ 20, -20, 40, -10 }, ZRect{ 70, 0, 90, 10 } };
-    desk.control.AddRegions (labels);
-    desk.control.AddRegion ({ 65, 0, 95, 10 }, 0);
-    CHECK (desk.Pressed ({ 175, 105 }) == kHigh); // of two the first that holds it
-    CHECK (desk.Pressed ({ 190, 105 }) == kLow);
-    CHECK (desk.Pressed ({ 125, 85 }) == Values{ 0.5f });
+    fixture.control.AddRegions (labels);
+    fixture.control.AddRegion ({ 65, 0, 95, 10 }, 0);
+    CHECK (fixture.Pressed ({ 175, 105 }) == kHigh); // of two the first that holds it
+    CHECK (fixture.Pressed ({ 190, 105 }) == kLow);
+    CHECK (fixture.Pressed ({ 125, 85 }) == Values{ 0.5f });
 }
 
 TEST_CASE ("ZSlideSwitch: rests on positions, each with an equal part of the whole track, and takes presses on labels")
 {
-    DeskOf<ZAnimSlideSwitch> desk ({ 0, 0, 90, 10 });
-    auto& slide = desk.control;
+    ControlFixture<ZAnimSlideSwitch> fixture ({ 0, 0, 90, 10 });
+    auto& slide = fixture.control;
     slide.SetStep (1.0f / 3);
     slide.SetDragMode (kSliderKnob); // jumps nevertheless
-    desk.Press (slide, { 45, 5 });
+    fixture.Press (slide, { 45, 5 });
     for (const std::int32_t x : { 50, 59, 61, 89, 500, 31, 29, -7 })
-        desk.Drag (slide, { x, 5 });
-    CHECK (desk.TakeValues () == Values{ 0.5f, 1.0f, 0.5f, 0.0f });
+        fixture.Drag (slide, { x, 5 });
+    CHECK (fixture.TakeValues () == Values{ 0.5f, 1.0f, 0.5f, 0.0f });
     const std::array labels{ ZRect{ 0, 10, 30, 20 }, ZRect{ 30, 10, 60, 20 }, ZRect{ 60, 10, 90, 20 } };
     slide.AddRegions (labels);
-    CHECK (desk.Press (slide, { 70, 15 }));
+    CHECK (fixture.Press (slide, { 70, 15 }));
     CHECK (slide.GetIndex () == 2);
 }
 
 TEST_CASE ("ZToggleSwitch: an end zone sets its position at once, the middle flips at the release")
 {
-    DeskOf<ZAnimToggleSwitch> desk ({ 10, 10, 100, 40 }); // its zones' borders are at x 40 and 70
-    const auto frame = [&desk] { return desk.FrameShown (desk.control); };
-    desk.control.SetStep (0.5f);
-    desk.control.SetAnimActive (&desk.strip, 9, 1, {});
-    CHECK (desk.Pressed ({ 39, 20 }) == kNone); // it is there
-    CHECK (desk.Pressed ({ 71, 20 }) == kHigh);
-    desk.control.SetValue (0.0f); // by another hand, while the pointer rests
-    CHECK (desk.Dragged ({ 71, 20 }) == kNone);
-    desk.control.SetValue (1.0f);
-    CHECK (desk.Released ({ 71, 20 }) == kNone);
-    CHECK (desk.Pressed ({ 55, 20 }) == kNone);
+    ControlFixture<ZAnimToggleSwitch> fixture ({ 10, 10, 100, 40 }); // its zones' borders are at x 40 and 70
+    const auto frame = [&fixture] { return fixture.FrameShown (fixture.control); };
+    fixture.control.SetStep (0.5f);
+    fixture.control.SetAnimActive (&fixture.strip, 9, 1, {});
+    CHECK (fixture.Pressed ({ 39, 20 }) == kNone); // it is there
+    CHECK (fixture.Pressed ({ 71, 20 }) == kHigh);
+    fixture.control.SetValue (0.0f); // by another hand, while the pointer rests
+    CHECK (fixture.Dragged ({ 71, 20 }) == kNone);
+    fixture.control.SetValue (1.0f);
+    CHECK (fixture.Released ({ 71, 20 }) == kNone);
+    CHECK (fixture.Pressed ({ 55, 20 }) == kNone);
     CHECK (frame () == 1); // of low, middle and high
-    CHECK (desk.Released ({ 55, 20 }) == kLow);
+    CHECK (fixture.Released ({ 55, 20 }) == kLow);
     CHECK (frame () == 0);
-    CHECK (desk.Pressed ({ 55, 20 }) == kNone);
-    CHECK (desk.Dragged ({ 70, 20 }) == kHigh);
+    CHECK (fixture.Pressed ({ 55, 20 }) == kNone);
+    CHECK (fixture.Dragged ({ 70, 20 }) == kHigh);
     CHECK (frame () == 2);
-    CHECK (desk.Dragged ({ 69, 20 }) == kNone);
+    CHECK (fixture.Dragged ({ 69, 20 }) == kNone);
     CHECK (frame () == 1);
-    desk.control.SetActiveFramePreset (0); // without a middle
+    fixture.control.SetActiveFramePreset (0); // without a middle
     CHECK (frame () == 1);
-    CHECK (desk.Dragged ({ 40, 20 }) == kLow);
-    CHECK (desk.Released ({ 40, 20 }) == kNone);
+    CHECK (fixture.Dragged ({ 40, 20 }) == kLow);
+    CHECK (fixture.Released ({ 40, 20 }) == kNone);
     CHECK (frame () == 0);
 
-    desk.control.SetStyle (kHorizontal | kReversed);
-    CHECK (desk.Pressed ({ 39, 20 }) == kHigh);
-    CHECK (desk.Dragged ({ 71, 20 }) == kLow);
+    fixture.control.SetStyle (kHorizontal | kReversed);
+    CHECK (fixture.Pressed ({ 39, 20 }) == kHigh);
+    CHECK (fixture.Dragged ({ 71, 20 }) == kLow);
 
     ZToggleSwitch upright (nullptr, { 0, 0, 10, 31 }, 0);
     CHECK (upright.WantedIndex ({ { 5, 10 } }) == 1); // up to a third from the top is the upper position

@@ -4,7 +4,7 @@
 #include "draw_font.h"
 #include "draw_knob.h"
 #include "draw_text.h"
-#include "pane_desk.h"
+#include "pane_fixture.h"
 #include <doctest/doctest.h>
 
 using namespace tessaly;
@@ -15,7 +15,7 @@ namespace
 using Calls = std::vector<std::string>;
 
 /// What a drawing call leaves on the surface.
-struct Sheet : PaneDesk
+struct Sheet : PaneFixture
 {
     Calls Active (const auto& mixIn, const auto&... rest)
     {

@@ -3,7 +3,7 @@
 #include "canvas_menu_imp.h"
 #include "canvas_text_edit_imp.h"
 #include "clipboard.h"
-#include "pane_desk.h"
+#include "pane_fixture.h"
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -19,18 +19,18 @@ struct FakeClipboard final : ZClipboard
     void SetText (std::string_view text) override { held = text; }
 };
 
-/// A desk with one control that opens a drawn field or menu: 60 by 20 pixels in a view at (100, 50). It hands input on
+/// A fixture with one control that opens a drawn field or menu: 60 by 20 pixels in a view at (100, 50). It hands input on
 /// as an editor does: a press goes to the modal pane if it is hit, closes it if not, and may begin a capture; keys go to
 /// the modal pane; every tick reaches all panes. A character is 6 pixels a byte wide.
 template <typename Control>
-struct OverlayDesk : PaneDesk
+struct OverlayFixture : PaneFixture
 {
     FakeClipboard clipboard;
     ZView whole{ this, { 0, 0, 400, 200 } };
     ZView view{ this, { 100, 50, 300, 150 } };
     Control control{ this, { 0, 0, 60, 20 }, 3 };
 
-    OverlayDesk ()
+    OverlayFixture ()
     {
         Adopt (control);
         root = &whole;

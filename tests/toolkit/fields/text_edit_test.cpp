@@ -1,5 +1,5 @@
 #include "draw_text_edit.h"
-#include "overlay_desk.h"
+#include "overlay_fixture.h"
 #include "strip_text_analyzer.h"
 #include <cmath>
 #include <doctest/doctest.h>
@@ -14,7 +14,7 @@ constexpr ZPoint kMiddle{ 130, 60 }; // of the control
 constexpr ZPoint kElsewhere{ 5, 150 };
 
 /// A read-out of values 0 to 10, shown as whole numbers, edited with two digits more.
-struct Readout : OverlayDesk<ZDrawTextEdit>
+struct Readout : OverlayFixture<ZDrawTextEdit>
 {
     Readout ()
     {

@@ -1,5 +1,5 @@
 #include "control.h"
-#include "pane_desk.h"
+#include "pane_fixture.h"
 #include "parameter_storage_base.h"
 #include <doctest/doctest.h>
 #include <limits>
@@ -9,39 +9,39 @@ using Values = std::vector<float>;
 
 TEST_CASE ("ZControl: a wish goes out as a broadcast, and the value comes back from the owner")
 {
-    PaneDesk desk;
-    ZControl control (&desk, { 0, 0, 40, 40 }, 3);
-    control.AddListener (&desk);
-    CHECK (desk.Wheel (control, 2));
-    CHECK (desk.TakeValues () == Values{ 0.02f });
+    PaneFixture fixture;
+    ZControl control (&fixture, { 0, 0, 40, 40 }, 3);
+    control.AddListener (&fixture);
+    CHECK (fixture.Wheel (control, 2));
+    CHECK (fixture.TakeValues () == Values{ 0.02f });
     CHECK (control.GetValue () == 0.0f);
 
-    desk.Adopt (control);
+    fixture.Adopt (control);
     for (auto [key, value] :
          { std::pair{ kKeyPageUp, 0.1f }, { kKeyUp, 0.11f }, { kKeyDown, 0.1f }, { kKeyPageDown, 0.0f } })
     {
-        CHECK (desk.Key (control, key, kShift)); // shift is no fine adjustment here
+        CHECK (fixture.Key (control, key, kShift)); // shift is no fine adjustment here
         CHECK (control.GetValue () == doctest::Approx (value));
     }
     control.SetDefault (0.75f);
-    CHECK_FALSE (desk.Press (control, { 5, 5 }, kControl));
-    CHECK (desk.TakeValues ().size () == 5);
+    CHECK_FALSE (fixture.Press (control, { 5, 5 }, kControl));
+    CHECK (fixture.TakeValues ().size () == 5);
     CHECK (control.GetValue () == 0.75f);
 
     control.SetResetEnabled (false);
-    desk.Press (control, { 5, 5 }, kControl);
+    fixture.Press (control, { 5, 5 }, kControl);
     control.SetValue (0.0f);
-    CHECK (desk.Key (control, kKeyPageDown)); // taken, though it changes nothing
-    CHECK_FALSE (desk.Key (control, kKeyLeft));
-    CHECK_FALSE (desk.Wheel (control, -1));
+    CHECK (fixture.Key (control, kKeyPageDown)); // taken, though it changes nothing
+    CHECK_FALSE (fixture.Key (control, kKeyLeft));
+    CHECK_FALSE (fixture.Wheel (control, -1));
     control.SetValue (std::numeric_limits<float>::quiet_NaN ());
-    CHECK_FALSE (desk.Wheel (control, 1)); // no number to go on from
+    CHECK_FALSE (fixture.Wheel (control, 1)); // no number to go on from
     control.SetValue (0.5f);
     control.SetWheelEnabled (false);
     control.SetKeyEnabled (false);
-    CHECK_FALSE (desk.Wheel (control, 1));
-    CHECK_FALSE (desk.Key (control, kKeyUp));
-    CHECK (desk.TakeValues ().empty ());
+    CHECK_FALSE (fixture.Wheel (control, 1));
+    CHECK_FALSE (fixture.Key (control, kKeyUp));
+    CHECK (fixture.TakeValues ().empty ());
 }
 
 TEST_CASE ("ZControl: a storage gives value, range and texts, without one of its parameters there are none")
@@ -54,14 +54,14 @@ TEST_CASE ("ZControl: a storage gives value, range and texts, without one of its
     storage.SetNormalized (0, 0.25f);
     storage.SetType (1, kList);
     storage.SetListTexts (1, kModes);
-    PaneDesk desk;
-    ZControl dial (&desk, {}, 0), mode (&desk, {}, 1), other (&desk, {}, 30000);
+    PaneFixture fixture;
+    ZControl dial (&fixture, {}, 0), mode (&fixture, {}, 1), other (&fixture, {}, 30000);
     for (auto* control : { &dial, &mode, &other })
     {
-        desk.Adopt (*control);
+        fixture.Adopt (*control);
         control->SetStorage (&storage);
     }
-    CHECK (desk.Wheel (dial, 1));
+    CHECK (fixture.Wheel (dial, 1));
     CHECK (dial.GetValue () * 24 == doctest::Approx (7.0f));
     storage.SetNormalized (0, 1.0f);
     dial.UpdateFromStorage (1); // not its own
@@ -72,7 +72,7 @@ TEST_CASE ("ZControl: a storage gives value, range and texts, without one of its
 
     mode.SetValue (0.4f); // between two positions
     mode.SetKeySteps (0, 10);
-    CHECK (desk.Key (mode, kKeyUp));
+    CHECK (fixture.Key (mode, kKeyUp));
     CHECK (mode.GetValue () == 0.4f);
     mode.SetIndex (2);
     CHECK (mode.GetValueText (mode.GetValue ()) == "Hard");
@@ -85,7 +85,7 @@ TEST_CASE ("ZBroadcaster: who leaves, joins or turns the broadcast off in a call
     struct Changer final : ZListener
     {
         ZBroadcaster source;
-        PaneDesk leaver, joiner;
+        PaneFixture leaver, joiner;
 
         void OnValue (std::int32_t, float) override
         {
@@ -97,14 +97,14 @@ TEST_CASE ("ZBroadcaster: who leaves, joins or turns the broadcast off in a call
     };
     Changer first;
     auto& source = first.source;
-    PaneDesk second;
+    PaneFixture second;
     CHECK (source.AddListener (&first));
     CHECK (second.AddBroadcaster (&source)); // from the other side
     CHECK_FALSE (source.AddListener (&second));
     CHECK_FALSE (source.AddListener (nullptr));
     source.AddListener (&first.leaver);
     {
-        PaneDesk gone; // detaches itself
+        PaneFixture gone; // detaches itself
         source.AddListener (&gone);
     }
     source.BroadcastValue (1, 0.5f);

@@ -1,7 +1,7 @@
 #include "anim_click_button.h"
 #include "anim_on_off_button.h"
 #include "multi_button.h"
-#include "pane_desk.h"
+#include "pane_fixture.h"
 #include <array>
 #include <doctest/doctest.h>
 
@@ -33,20 +33,20 @@ void CheckPresses (std::initializer_list<Row> rows)
     {
         CAPTURE (row.behaviour);
         CAPTURE (row.on);
-        DeskOf<Button> desk (kPlace);
-        desk.control.SetAnimActive (&desk.strip, 9, 1, {});
-        desk.control.SetBehaviour (row.behaviour);
-        desk.control.SetBool (row.on);
-        CHECK (desk.Pressed (kInside) == row.sends[0]);
-        CHECK (desk.FrameShown (desk.control) == row.frames[0]);
-        CHECK (desk.Dragged (kOutside) == row.sends[1]);
-        CHECK (desk.FrameShown (desk.control) == row.frames[1]);
-        CHECK (desk.Dragged (kInside) == row.sends[2]);
-        CHECK (desk.FrameShown (desk.control) == row.frames[2]);
-        CHECK (desk.Released (kInside) == row.sends[3]);
-        CHECK (desk.FrameShown (desk.control) == row.frames[3]);
-        desk.Pressed (kInside);
-        CHECK (desk.Released (kOutside) == kNone);
+        ControlFixture<Button> fixture (kPlace);
+        fixture.control.SetAnimActive (&fixture.strip, 9, 1, {});
+        fixture.control.SetBehaviour (row.behaviour);
+        fixture.control.SetBool (row.on);
+        CHECK (fixture.Pressed (kInside) == row.sends[0]);
+        CHECK (fixture.FrameShown (fixture.control) == row.frames[0]);
+        CHECK (fixture.Dragged (kOutside) == row.sends[1]);
+        CHECK (fixture.FrameShown (fixture.control) == row.frames[1]);
+        CHECK (fixture.Dragged (kInside) == row.sends[2]);
+        CHECK (fixture.FrameShown (fixture.control) == row.frames[2]);
+        CHECK (fixture.Released (kInside) == row.sends[3]);
+        CHECK (fixture.FrameShown (fixture.control) == row.frames[3]);
+        fixture.Pressed (kInside);
+        CHECK (fixture.Released (kOutside) == kNone);
     }
 }
 
@@ -64,19 +64,19 @@ TEST_CASE ("ZClickButton: presses, releases and repeats as its behaviour says, a
 
 TEST_CASE ("ZClickButton: without repeats a leave ends the press, with them they come one interval apart")
 {
-    DeskOf<ZClickButton> desk (kPlace);
-    CHECK (desk.Press (desk.control, kInside));
-    CHECK_FALSE (desk.Drag (desk.control, kOutside));
-    desk.control.SetBehaviour (kClickRepeat);
-    CHECK (desk.Drag (desk.control, kOutside));
+    ControlFixture<ZClickButton> fixture (kPlace);
+    CHECK (fixture.Press (fixture.control, kInside));
+    CHECK_FALSE (fixture.Drag (fixture.control, kOutside));
+    fixture.control.SetBehaviour (kClickRepeat);
+    CHECK (fixture.Drag (fixture.control, kOutside));
     for (const std::uint32_t start : { 10000u, 0xFFFFFFA0u, 0u }) // the clock may wrap
     {
-        desk.window.time = start;
-        desk.Pressed (kInside);
-        desk.window.time = start + 200;
-        CHECK (desk.Dragged (kInside) == kNone);
-        desk.window.time = start + 201;
-        CHECK (desk.Dragged (kInside) == kOne);
+        fixture.window.time = start;
+        fixture.Pressed (kInside);
+        fixture.window.time = start + 200;
+        CHECK (fixture.Dragged (kInside) == kNone);
+        fixture.window.time = start + 201;
+        CHECK (fixture.Dragged (kInside) == kOne);
     }
 }
 
@@ -89,59 +89,59 @@ TEST_CASE ("ZOnOffButton: switches when its behaviour says, and shows where a pr
           { kOnActsAtPress, true, { kZero, kOne, kZero, kNone }, { 3, 2, 3, 0 } },
           { kOffActsAtRelease, false, { kNone, kNone, kNone, kOne }, { 1, 0, 1, 2 } },
           { kOffActsAtRelease, true, { kNone, kNone, kNone, kNone }, { 1, 2, 1, 2 } } }); // from on it does nothing
-    DeskOf<ZAnimOnOffButton> desk (kPlace);
-    desk.control.SetAnimActive (&desk.strip, 9, 1, {});
-    desk.control.SetActiveFrames (4, 5, 6, 7);
-    desk.control.SetActiveFramePreset (5); // there is none
-    CHECK (desk.FrameShown (desk.control) == 4);
-    desk.control.SetAnimInactive (&desk.strip, 9, 1, {});
-    desk.control.SetShownState (kStateGoingOff);
-    desk.control.SetActive (false);
-    CHECK (desk.FrameShown (desk.control) == 3); // the other look has a table of its own
+    ControlFixture<ZAnimOnOffButton> fixture (kPlace);
+    fixture.control.SetAnimActive (&fixture.strip, 9, 1, {});
+    fixture.control.SetActiveFrames (4, 5, 6, 7);
+    fixture.control.SetActiveFramePreset (5); // there is none
+    CHECK (fixture.FrameShown (fixture.control) == 4);
+    fixture.control.SetAnimInactive (&fixture.strip, 9, 1, {});
+    fixture.control.SetShownState (kStateGoingOff);
+    fixture.control.SetActive (false);
+    CHECK (fixture.FrameShown (fixture.control) == 3); // the other look has a table of its own
 }
 
 TEST_CASE ("ZMultiButton: one of the group is on, a press selects another or falls back, and all show it")
 {
-    PaneDesk desk;
-    ZMultiButton group (&desk, 7);
+    PaneFixture fixture;
+    ZMultiButton group (&fixture, 7);
     group.SetStep (1.0f / 3);
     for (std::int32_t i = 0; i < 3; ++i)
     {
-        auto button = std::make_unique<ZAnimOnOffButton> (&desk, ZRect{ 10 * i, 0, 10 * i + 10, 10 }, -2);
-        button->SetAnimActive (&desk.strip, 4, 1, {});
+        auto button = std::make_unique<ZAnimOnOffButton> (&fixture, ZRect{ 10 * i, 0, 10 * i + 10, 10 }, -2);
+        button->SetAnimActive (&fixture.strip, 4, 1, {});
         group.AddButton (i, std::move (button));
     }
-    desk.Adopt (group);
-    ZView root (&desk, { 0, 0, 100, 100 });
+    fixture.Adopt (group);
+    ZView root (&fixture, { 0, 0, 100, 100 });
     root.AddPane (&group);
     const auto lit = [&] // the frames of a pass
     {
-        root.Paint (desk.canvas, 0, {});
+        root.Paint (fixture.canvas, 0, {});
         std::string frames;
-        for (const auto& call : desk.surface.Take ())
+        for (const auto& call : fixture.surface.Take ())
             frames += call.back ();
         return frames;
     };
     CHECK (lit () == "200");
     CHECK (lit () == ""); // nothing has changed
     group.SetIndex (1);
-    CHECK (desk.Press (group, { 25, 5 }));
+    CHECK (fixture.Press (group, { 25, 5 }));
     CHECK (lit () == "001");
-    CHECK (desk.Drag (group, { 25, 50 })); // off it: taken back
+    CHECK (fixture.Drag (group, { 25, 50 })); // off it: taken back
     CHECK (lit () == "020");
-    CHECK (desk.Drag (group, { 25, 5 }));
-    CHECK_FALSE (desk.Release (group, { 25, 5 }));
+    CHECK (fixture.Drag (group, { 25, 5 }));
+    CHECK_FALSE (fixture.Release (group, { 25, 5 }));
     CHECK (lit () == "002");
-    CHECK (desk.TakeValues () == Values{ 1.0f, 0.5f, 1.0f });
+    CHECK (fixture.TakeValues () == Values{ 1.0f, 0.5f, 1.0f });
 
     group.SetOffIndex (1);
-    desk.Press (group, { 25, 5 });
-    desk.Release (group, { 25, 5 });
+    fixture.Press (group, { 25, 5 });
+    fixture.Release (group, { 25, 5 });
     CHECK (lit () == "020"); // a second press falls back to the off index
-    CHECK (root.FindPane (desk.event, desk.At ({ 15, 5 })) == &group);
-    CHECK (root.FindPane (desk.event, desk.At ({ 35, 5 })) == nullptr);
-    CHECK_FALSE (desk.Press (group, { 35, 5 }));
-    desk.Press (group, { 5, 5 });
+    CHECK (root.FindPane (fixture.event, fixture.At ({ 15, 5 })) == &group);
+    CHECK (root.FindPane (fixture.event, fixture.At ({ 35, 5 })) == nullptr);
+    CHECK_FALSE (fixture.Press (group, { 35, 5 }));
+    fixture.Press (group, { 5, 5 });
     group.DeleteAllButtons (); // in mid-press
-    CHECK_FALSE (desk.Drag (group, { 5, 5 }));
+    CHECK_FALSE (fixture.Drag (group, { 5, 5 }));
 }

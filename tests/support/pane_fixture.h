@@ -19,7 +19,7 @@ namespace tessaly
 /// The least owner under which controls work: it listens to them, writes down what they want and, as an editor does,
 /// sets it on every control that it was shown. It has a surface to draw panes on, and a strip whose frames are one row
 /// high, so that the row that is drawn is the number of the frame.
-class PaneDesk : public Hands, public ZPaneOwner, public ZListener
+class PaneFixture : public InputDriver, public ZPaneOwner, public ZListener
 {
 public:
     ZPane* modal = nullptr;   // not owned: the test's, as all below
@@ -30,7 +30,7 @@ public:
     ZOnscreenCanvas canvas{ surface };
     ZBitmap strip = NamedBitmap ("strip");
 
-    void Adopt (ZControl& control) ///< borrowed: the control ends before the desk
+    void Adopt (ZControl& control) ///< borrowed: the control ends before the fixture
     {
         control.AddListener (this);
         controls.push_back (&control);
@@ -75,21 +75,21 @@ private:
     std::vector<ZControl*> controls; // not owned: the test's
 };
 
-/// A desk with a single control.
+/// A fixture with a single control.
 template <typename Control>
-struct DeskOf : PaneDesk
+struct ControlFixture : PaneFixture
 {
     using Values = std::vector<float>;
 
     Control control;
 
-    explicit DeskOf (const ZRect& frame)
+    explicit ControlFixture (const ZRect& frame)
         : control (this, frame, 3)
     {
         Adopt (control);
     }
-    DeskOf (const ZRect& frame, std::int32_t dragMode, float value)
-        : DeskOf (frame)
+    ControlFixture (const ZRect& frame, std::int32_t dragMode, float value)
+        : ControlFixture (frame)
     {
         control.SetDragMode (dragMode);
         control.SetValue (value);

@@ -141,14 +141,14 @@ struct EditorSurroundings
 /// An editor of the controls that a test puts in, driven as a window does: a pointer, a clock, a canvas that keeps what
 /// is drawn.
 template <typename Base = ZGuiEditor>
-class EditorDesk : public EditorSurroundings, public Base, public Hands
+class EditorFixture : public EditorSurroundings, public Base, public InputDriver
 {
 public:
-    EditorDesk ()
+    EditorFixture ()
         : Base (EditorSurroundings::wrapper)
     {
     }
-    ~EditorDesk () override { this->Close (); }
+    ~EditorFixture () override { this->Close (); }
 
     using EditorSurroundings::wrapper;
     RecordingCanvasImp surface;
@@ -186,16 +186,16 @@ public:
         window.pointer = point;
         Tick (milliseconds);
     }
-    bool Press (ZPoint point) { return Hands::Press (*this, point); }
-    bool Drag (ZPoint point) { return Hands::Drag (*this, point); }
-    void Release (ZPoint point) { Hands::Release (*this, point); }
+    bool Press (ZPoint point) { return InputDriver::Press (*this, point); }
+    bool Drag (ZPoint point) { return InputDriver::Drag (*this, point); }
+    void Release (ZPoint point) { InputDriver::Release (*this, point); }
     void Click (ZPoint point)
     {
         Press (point);
         Release (point);
     }
-    bool Wheel (std::int32_t delta) { return Hands::Wheel (*this, delta); }
-    bool Key (std::int32_t key, char character = 0) { return Hands::Key (*this, key, 0, character); }
+    bool Wheel (std::int32_t delta) { return InputDriver::Wheel (*this, delta); }
+    bool Key (std::int32_t key, char character = 0) { return InputDriver::Key (*this, key, 0, character); }
     Words_t Paint () ///< the calls of one pass on the window's surface
     {
         surface.Take ();

@@ -1,7 +1,7 @@
 #include "anim_matrix_menu.h"
 #include "draw_matrix_menu.h"
-#include "overlay_desk.h"
-#include "pane_desk.h"
+#include "overlay_fixture.h"
+#include "pane_fixture.h"
 #include "parameter_storage_base.h"
 #include <doctest/doctest.h>
 
@@ -19,7 +19,7 @@ constexpr std::int32_t kRow = 18;
 constexpr std::int32_t kEdge = 4;
 
 /// A menu with as many items as there are letters, "a0", "b1" and so on.
-struct Choice : OverlayDesk<ZDrawMatrixMenu>
+struct Choice : OverlayFixture<ZDrawMatrixMenu>
 {
     explicit Choice (std::string_view letters)
     {
@@ -221,22 +221,22 @@ TEST_CASE ("ZMatrixMenu: a parameter's list fills the menu, and its value is sho
 
 TEST_CASE ("ZAnimMatrixMenu: shows its item's frame, is stepped with nothing selected, and opens only with menus")
 {
-    DeskOf<ZAnimMatrixMenu> desk ({ 0, 0, 60, 20 });
-    auto& menu = desk.control;
-    menu.SetAnimActive (&desk.strip, 4, 1, {});
+    ControlFixture<ZAnimMatrixMenu> fixture ({ 0, 0, 60, 20 });
+    auto& menu = fixture.control;
+    menu.SetAnimActive (&fixture.strip, 4, 1, {});
     menu.SetStep (0.25f);
     for (const char* text : { "four", "three", "two", "one" })
         menu.InsertItem (0, text);
     menu.SetSelected (1);
-    CHECK (desk.FrameShown (menu) == 1);
+    CHECK (fixture.FrameShown (menu) == 1);
     for (const auto& [delta, selected] : { std::pair{ 1, 0 }, { 3, 2 }, { -2, 1 } })
     {
         menu.SetSelected (-1);
-        CHECK (desk.Wheel (menu, delta));
+        CHECK (fixture.Wheel (menu, delta));
         CHECK (menu.GetSelected () == selected);
     }
     menu.SetSelected (3);
     CHECK (menu.RemoveItem (1));
     CHECK (menu.GetSelected () == -1); // there is no item 3 any more
-    CHECK_FALSE (desk.Press (menu, { 1, 1 }));
+    CHECK_FALSE (fixture.Press (menu, { 1, 1 }));
 }
