@@ -59,7 +59,7 @@ public:
     bool OnEffectEvent (std::int32_t code, void* data) override;
     bool OnEffectEvent2 (std::int32_t code, void* data) override; ///< kWhichEditor tells the editor's address
     bool QueryEffect (std::int32_t kind, void* out) { return wrapper.QueryEffect (kind, out); }
-    bool GetInfo (std::int32_t kind, void* out) { return wrapper.GetInfo (kind, out); }
+    bool GetInfo (std::int32_t kind, void* out) override { return wrapper.GetInfo (kind, out); }
     static constexpr std::int32_t kWhichEditor = 5000; // data: ZGuiEditor**
 
     // The window's side. Every call of the mouse and the keys, and all timed behaviour, stands on these

@@ -58,6 +58,7 @@ public:
         for (auto* control : controls)
             control->SetValueById (id, value);
     }
+    bool GetInfo (std::int32_t, void*) override { return false; }
     void SetModalPane (ZPane& pane) override { modal = &pane; }
     void ReleaseModalPane (const ZPane& pane) override { modal = modal == &pane ? nullptr : modal; }
     ZPane* GetCapturePane () const override { return capture; }

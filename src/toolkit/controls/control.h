@@ -28,7 +28,7 @@ public:
     // The value, normalized. Setters neither clamp nor broadcast.
     virtual void SetValue (float newValue); ///< the present one changes nothing, so nothing is painted again
     float GetValue () const { return value; }
-    void SetValueById (std::int32_t controlId, float newValue); ///< kEveryPane has no meaning here
+    virtual void SetValueById (std::int32_t controlId, float newValue); ///< kEveryPane has no meaning here
     void SetPlainValue (float plain) { SetValue (FromPlain (plain)); }
     float GetPlainValue () const { return ToPlain (value); }
     void SetBool (bool on) { SetValue (on ? 1.0f : 0.0f); }

@@ -65,8 +65,8 @@ public:
     virtual ZPane* FindPane (ZEvent& event, const ZMouseInput& mouse);
 
     // State. The questions ask the parents, too; the operations ById act for the pane's id and for kEveryPane.
-    void Show ();
-    void Hide (); ///< also drops what was dirty: Show makes it dirty again
+    virtual void Show ();
+    virtual void Hide (); ///< also drops what was dirty: Show makes it dirty again
     void ShowById (std::int32_t paneId);
     void HideById (std::int32_t paneId);
     bool IsVisible () const;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 namespace tessaly
@@ -16,12 +17,13 @@ class ZPaneOwner
 public:
     virtual ~ZPaneOwner () = default;
 
-    virtual void SetModalPane (ZPane& pane) = 0;           ///< it has opened
-    virtual void ReleaseModalPane (const ZPane& pane) = 0; ///< it has closed; nothing if another is modal by now
-    virtual ZPane* GetCapturePane () const = 0;            ///< that gets every move of the mouse; null without a drag
-    virtual ZPane* GetHoverPane () const = 0;              ///< under the pointer, or null
-    virtual ZView* GetRootView () const = 0;               ///< null while closed
-    virtual void ForgetPane (const ZPane& pane) = 0;       ///< the pane ends: no pointer to it may be kept
+    virtual bool GetInfo (std::int32_t kind, void* out) = 0; ///< of the effect; false without one
+    virtual void SetModalPane (ZPane& pane) = 0;             ///< it has opened
+    virtual void ReleaseModalPane (const ZPane& pane) = 0;   ///< it has closed; nothing if another is modal by now
+    virtual ZPane* GetCapturePane () const = 0;              ///< that gets every move of the mouse; null without a drag
+    virtual ZPane* GetHoverPane () const = 0;                ///< under the pointer, or null
+    virtual ZView* GetRootView () const = 0;                 ///< null while closed
+    virtual void ForgetPane (const ZPane& pane) = 0;         ///< the pane ends: no pointer to it may be kept
     virtual std::unique_ptr<ZTextEditImp> CreateTextEditImp () = 0; ///< null: there are no text fields here
     virtual std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () = 0;   ///< null: there are no menus here
 
