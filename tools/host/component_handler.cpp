@@ -6,8 +6,9 @@ namespace tessaly::host
 using namespace Steinberg;
 using Kind = HandlerCall::Kind;
 
-ComponentHandler::ComponentHandler (Listener callListener)
+ComponentHandler::ComponentHandler (Listener callListener, MenuMaker contextMenuMaker)
     : listener (std::move (callListener))
+    , menuMaker (std::move (contextMenuMaker))
 {
 }
 
@@ -51,11 +52,20 @@ tresult PLUGIN_API ComponentHandler::finishGroupEdit ()
     return Report ({ .kind = Kind::finishGroupEdit });
 }
 
+Vst::IContextMenu* PLUGIN_API ComponentHandler::createContextMenu (IPlugView* /*view*/, const Vst::ParamID* id)
+{
+    return menuMaker ? menuMaker (id) : nullptr;
+}
+
 tresult PLUGIN_API ComponentHandler::queryInterface (const TUID iidWanted, void** out)
 {
     QUERY_INTERFACE (iidWanted, out, FUnknown::iid, IComponentHandler)
     QUERY_INTERFACE (iidWanted, out, IComponentHandler::iid, IComponentHandler)
     QUERY_INTERFACE (iidWanted, out, IComponentHandler2::iid, IComponentHandler2)
+    if (menuMaker)
+    {
+        QUERY_INTERFACE (iidWanted, out, IComponentHandler3::iid, IComponentHandler3)
+    }
     *out = nullptr;
     return kNoInterface;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pluginterfaces/vst/ivstcontextmenu.h"
 #include "pluginterfaces/vst/ivsteditcontroller.h"
 
 #include <functional>
@@ -29,13 +30,18 @@ struct HandlerCall
 
 /// The host's side of a controller: hands every call on to a listener, on the thread it comes in on, and answers
 /// kResultOk. Not reference counted: the plug-in instance owns it and takes it from the controller before it goes.
-class ComponentHandler final : public Steinberg::Vst::IComponentHandler, public Steinberg::Vst::IComponentHandler2
+class ComponentHandler final : public Steinberg::Vst::IComponentHandler,
+                               public Steinberg::Vst::IComponentHandler2,
+                               public Steinberg::Vst::IComponentHandler3
 {
 public:
     using Listener = std::function<void (const HandlerCall&)>;
+    /// @param id  null for the menu of no parameter. @return a menu that the plug-in releases, or null
+    using MenuMaker = std::function<Steinberg::Vst::IContextMenu*(const Steinberg::Vst::ParamID* id)>;
 
-    /// @param callListener  may be empty
-    explicit ComponentHandler (Listener callListener);
+    /// @param callListener      may be empty
+    /// @param contextMenuMaker  empty for a host that has no context menus and does not know their interface
+    explicit ComponentHandler (Listener callListener, MenuMaker contextMenuMaker = {});
 
     Steinberg::tresult PLUGIN_API beginEdit (Steinberg::Vst::ParamID id) override;
     Steinberg::tresult PLUGIN_API performEdit (Steinberg::Vst::ParamID id, Steinberg::Vst::ParamValue value) override;
@@ -47,6 +53,9 @@ public:
     Steinberg::tresult PLUGIN_API startGroupEdit () override;
     Steinberg::tresult PLUGIN_API finishGroupEdit () override;
 
+    Steinberg::Vst::IContextMenu* PLUGIN_API createContextMenu (Steinberg::IPlugView* view,
+                                                                const Steinberg::Vst::ParamID* id) override;
+
     Steinberg::tresult PLUGIN_API queryInterface (const Steinberg::TUID iidWanted, void** out) override;
     Steinberg::uint32 PLUGIN_API addRef () override { return 1; }
     Steinberg::uint32 PLUGIN_API release () override { return 1; }
@@ -55,6 +64,7 @@ private:
     Steinberg::tresult Report (const HandlerCall& call) const;
 
     Listener listener;
+    MenuMaker menuMaker;
 };
 
 } // namespace tessaly::host

@@ -38,7 +38,7 @@ bool SameObject (FUnknown* a, FUnknown* b)
 PluginInstance::PluginInstance (const Bundle& from, NamedHost& hostContext, InstanceOptions instanceOptions)
     : bundle (from)
     , options (std::move (instanceOptions))
-    , handler (options.onHandlerCall)
+    , handler (options.onHandlerCall, options.onContextMenu)
 {
     try
     {

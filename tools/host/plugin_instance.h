@@ -47,7 +47,8 @@ struct InstanceOptions
 {
     ConnectionKind connection = ConnectionKind::viaProxies;
     TearDownOrder tearDown = TearDownOrder::controllerFirst;
-    ComponentHandler::Listener onHandlerCall = {}; ///< hears what the controller tells its host
+    ComponentHandler::Listener onHandlerCall = {};  ///< hears what the controller tells its host
+    ComponentHandler::MenuMaker onContextMenu = {}; ///< empty: a host without context menus
 };
 
 /// A plug-in's component and controller, made from a bundle, initialized and connected. The life cycle is the SDK's:
