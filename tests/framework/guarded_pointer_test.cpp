@@ -1,0 +1,116 @@
+#include "guarded_pointer.h"
+#include <atomic>
+#include <doctest/doctest.h>
+#include <latch>
+#include <thread>
+
+using namespace tessaly;
+
+namespace
+{
+
+/// Dies with what callers write to: a call that comes too late is a race to ThreadSanitizer, and a wrong sum here.
+struct Counter
+{
+    bool Add ()
+    {
+        ++calls;
+        return true;
+    }
+    long calls = 0;
+};
+
+} // namespace
+
+TEST_CASE ("GuardedPointer: no call of another thread outlasts Set")
+{
+    constexpr int kRounds = 2000;
+    GuardedPointer<Counter> guarded;
+    std::atomic<bool> done = false;
+    std::atomic<long> taken = 0;
+    std::thread caller (
+        [&]
+        {
+            while (!done)
+                if (guarded.Call ([] (Counter& counter) { return counter.Add (); }))
+                    ++taken;
+        });
+    long counted = 0;
+    for (int i = 0; i < kRounds; ++i)
+    {
+        Counter counter; // plain memory of this thread's stack
+        guarded.Set (&counter);
+        std::this_thread::yield ();
+        i % 2 == 0 ? guarded.Set (nullptr) : guarded.TakeBack (&counter);
+        counted += counter.calls;
+    }
+    done = true;
+    caller.join ();
+    CHECK (counted == taken);
+}
+
+TEST_CASE ("GuardedPointer: Set waits for a call that another thread is in")
+{
+    Counter counter;
+    GuardedPointer<Counter> guarded (&counter);
+    std::latch inside (1);
+    std::atomic<bool> mayLeave = false;
+    std::atomic<bool> left = false;
+    std::thread caller (
+        [&]
+        {
+            guarded.Call (
+                [&] (Counter&)
+                {
+                    inside.count_down ();
+                    while (!mayLeave)
+                        std::this_thread::yield ();
+                    left = true;
+                    return true;
+                });
+        });
+    inside.wait ();
+    std::thread releaser ([&] { mayLeave = true; });
+    guarded.Set (nullptr);
+    CHECK (left);
+    caller.join ();
+    releaser.join ();
+}
+
+TEST_CASE ("GuardedPointer: a thread takes back from within its own call, and only what it has set")
+{
+    Counter first;
+    Counter second;
+    GuardedPointer<Counter> guarded (&first);
+    CHECK (guarded.Call (
+        [&] (Counter&)
+        {
+            guarded.Set (&second);
+            return true;
+        }));
+    guarded.TakeBack (&first);
+    CHECK (guarded.Call ([] (Counter& counter) { return counter.Add (); }));
+    CHECK (second.calls == 1);
+    guarded.TakeBack (&second);
+    CHECK_FALSE (guarded.Call ([] (Counter& counter) { return counter.Add (); }));
+}
+
+TEST_CASE ("GuardedPointer: one call too many at once finds nothing")
+{
+    Counter counter;
+    GuardedPointer<Counter> guarded (&counter);
+    std::size_t depth = 0;
+    const auto nest = [&] (const auto& self) -> bool
+    {
+        return guarded.Call (
+            [&] (Counter&)
+            {
+                ++depth;
+                self (self);
+                return true;
+            });
+    };
+    nest (nest);
+    CHECK (depth == GuardedPointer<Counter>::kCallers);
+    CHECK (guarded.Call ([] (Counter& object) { return object.Add (); })); // all slots are free again
+}
