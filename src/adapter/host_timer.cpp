@@ -2,6 +2,7 @@
 
 #include "pluginterfaces/base/funknownimpl.h"
 #include "pluginterfaces/gui/iplugview.h"
+#include <mutex>
 
 namespace tessaly
 {
@@ -14,7 +15,8 @@ namespace
 {
 
 /// What the run loop calls. A loop may keep its reference, or dispatch a copied list, after the timer has stopped:
-/// the function is forgotten then.
+/// the function is forgotten then. Some hosts end an instance on a thread of their own, so the lock keeps that thread
+/// until a call on the loop's thread is over. Recursive: the host may end the timer from within the call.
 class TimerHandler final : public U::Implements<U::Directly<Linux::ITimerHandler>>
 {
 public:
@@ -25,13 +27,19 @@ public:
 
     void PLUGIN_API onTimer () override
     {
-        const auto function = onTimerFunction; // a copy: the host may end the timer from within the call
+        const std::scoped_lock lock (mutex);
+        const auto function = onTimerFunction; // a copy: Forget may come from within the call
         if (function)
             function ();
     }
-    void Forget () { onTimerFunction = nullptr; }
+    void Forget ()
+    {
+        const std::scoped_lock lock (mutex);
+        onTimerFunction = nullptr;
+    }
 
 private:
+    std::recursive_mutex mutex;
     std::function<void ()> onTimerFunction;
 };
 

@@ -23,7 +23,7 @@ public:
     /// @return true if the timer runs
     bool Start (Steinberg::FUnknown* context, Steinberg::FUnknown* fallbackContext, std::uint64_t intervalMs,
                 std::function<void ()> onTimer);
-    void Stop ();
+    void Stop (); ///< any thread; when it has returned, `onTimer` is not running, or only around this call
 
 private:
     struct Registration;
