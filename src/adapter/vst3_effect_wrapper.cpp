@@ -44,6 +44,20 @@ bool HasAudio (const Vst::ProcessData& data)
            data.numSamples > 0;
 }
 
+/// The strip leaves the output alone where it has nothing to read, and what a host's buffer held before is not to be
+/// heard.
+void SilenceWithoutInput (const Vst::ProcessData& data)
+{
+    const auto& in = data.inputs[0];
+    const auto& out = data.outputs[0];
+    const bool hasInput = in.numChannels > 0 && in.channelBuffers32 != nullptr && in.channelBuffers32[0] != nullptr;
+    if (hasInput || data.symbolicSampleSize != Vst::kSample32 || out.channelBuffers32 == nullptr)
+        return;
+    for (int32 channel = 0; channel < out.numChannels; ++channel)
+        if (auto* samples = out.channelBuffers32[channel])
+            std::fill_n (samples, data.numSamples, 0.0f);
+}
+
 } // namespace
 
 ZVst3EffectWrapper::ZVst3EffectWrapper ()
@@ -372,6 +386,7 @@ void ZVst3EffectWrapper::ProcessBlock (Vst::ProcessData& data)
         effect->Process (block);
         effect->AfterProcess (block);
     }
+    SilenceWithoutInput (data);
     data.outputs[0].silenceFlags = block.silenceFlags;
 }
 
