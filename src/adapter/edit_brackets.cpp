@@ -26,6 +26,12 @@ void EditBrackets::BeginHeld (std::uint32_t id, std::uint32_t nowMs)
     heldClock = { nowMs, true };
 }
 
+void EditBrackets::RenewHeld (std::uint32_t nowMs)
+{
+    if (!held.empty ())
+        heldClock = { nowMs, true };
+}
+
 void EditBrackets::EndHeld (std::uint32_t id)
 {
     std::erase (timed, id);

@@ -30,6 +30,7 @@ public:
 
     /// Opens an edit that the user is holding. A timed edit of the same id is taken over without an end.
     void BeginHeld (std::uint32_t id, std::uint32_t nowMs);
+    void RenewHeld (std::uint32_t nowMs); ///< the two seconds of all held edits begin anew
     /// Ends a held edit; a timed one of the same id is dropped with it.
     void EndHeld (std::uint32_t id);
     /// Opens an edit unless one of this id is open; the two seconds of all timed edits begin anew.

@@ -1,7 +1,6 @@
 #include "live_effect.h"
 
-#include <array>
-#include <cstddef>
+#include "result.h"
 #include <mutex>
 
 namespace tessaly
@@ -10,51 +9,87 @@ namespace tessaly
 namespace
 {
 
-constexpr std::size_t kLists = 1021; // a prime: effects lie at even distances
-
-std::mutex mutex;
-std::uint64_t lives = 0;                 ///< begun so far
-std::array<LiveEffect*, kLists> lists{}; // not owned: each is a part of its processor
-
-/// The one of the lists that an effect belongs to.
-LiveEffect*& ListOf (const ZEffect* effect)
-{
-    constexpr std::uintptr_t kAlignment = 16;
-    return lists[reinterpret_cast<std::uintptr_t> (effect) / kAlignment % kLists];
-}
+std::mutex mutex;            // needs no destruction, like the list
+LiveEffect* first = nullptr; // not owned: the halves of its instance
 
 } // namespace
 
-void LiveEffect::Add (const ZEffect* newEffect)
+LiveEffect::~LiveEffect ()
 {
-    Remove ();
-    const std::scoped_lock lock (mutex);
-    LiveEffect*& first = ListOf (newEffect);
-    effect = newEffect;
-    life = ++lives;
-    next = first;
-    first = this;
+    Unlist ();
+    if (effect != nullptr)
+        effect->Shutdown ();
 }
 
-void LiveEffect::Remove ()
+void LiveEffect::List ()
 {
-    if (effect == nullptr)
-        return;
     const std::scoped_lock lock (mutex);
-    LiveEffect** link = &ListOf (effect);
+    next = first;
+    first = this;
+    listed = true;
+}
+
+void LiveEffect::Unlist ()
+{
+    const std::scoped_lock lock (mutex);
+    if (!listed)
+        return;
+    LiveEffect** link = &first;
     while (*link != this)
         link = &(*link)->next;
     *link = next;
-    effect = nullptr;
+    listed = false;
 }
 
-std::uint64_t LiveEffect::LifeOf (const ZEffect* effect)
+std::shared_ptr<LiveEffect> LiveEffect::Find (const ZEffect* effect)
 {
     const std::scoped_lock lock (mutex);
-    for (const LiveEffect* entry = ListOf (effect); entry != nullptr; entry = entry->next)
-        if (entry->effect == effect)
-            return entry->life;
-    return 0;
+    for (LiveEffect* life = first; life != nullptr; life = life->next)
+        if (life->effect.get () == effect)
+            return life->weak_from_this ().lock ();
+    return nullptr;
+}
+
+void LiveEffect::End ()
+{
+    Unlist ();
+    ended.store (true, std::memory_order_release);
+    for (const auto code : { kCodeCore, kCodeStorage, kCodeVuBuffer })
+        NotifyEditor (code, nullptr);
+    editor.Set (nullptr);
+    host.Set (nullptr);
+}
+
+bool LiveEffect::NotifyEditor (std::int32_t code, void* data)
+{
+    return host.Call ([&] (ZEffectWrapper& processor) { return processor.NotifyEditor (code, data); });
+}
+
+bool LiveEffect::NotifyEditor2 (std::int32_t code, void* data)
+{
+    return host.Call ([&] (ZEffectWrapper& processor) { return processor.NotifyEditor2 (code, data); });
+}
+
+void LiveEffect::GetTimeInfo (ZTimeInfo* info)
+{
+    host.Call (
+        [info] (ZEffectWrapper& processor)
+        {
+            processor.GetTimeInfo (info);
+            return true;
+        });
+}
+
+std::int32_t LiveEffect::GetHostName (char* buffer)
+{
+    std::int32_t result = kFailed;
+    host.Call (
+        [&] (ZEffectWrapper& processor)
+        {
+            result = processor.GetHostName (buffer);
+            return true;
+        });
+    return result;
 }
 
 } // namespace tessaly

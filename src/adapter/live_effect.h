@@ -1,36 +1,65 @@
 #pragma once
 
-#include <cstdint>
+#include "effect.h"
+#include "effect_listener.h"
+#include "guarded_pointer.h"
+#include <atomic>
+#include <memory>
 
 namespace tessaly
 {
 
-class ZEffect;
-
-/// One effect on the lists of those that are alive in this module. The controller gets its effect as raw bytes in a
-/// message, and hosts have been seen to deliver messages late, twice or to the wrong half: a pointer that is not listed
-/// is not used. Nor is one whose effect has gone without a word and has left its address to another: each life has a
-/// number. Every call of the host asks, so there are many short lists, by the effect's address.
+/// One effect and what it looks at: made and ended by the processor, shared with the controller. A host may end the
+/// processor on one thread while it calls the controller on another, and may lose the message that tells of it: core,
+/// storage and buffers live until the last of the two lets go, and HasEnded tells the controller that it should.
 ///
-/// Some hosts end instances on a thread of their own, so the lists have a lock; the audio thread never comes here.
-/// Nothing of it needs destruction: some hosts tear instances down from `exit`, after the module's statics have gone.
-class LiveEffect
+/// The controller gets its effect as raw bytes in a message, and hosts have been seen to deliver messages late, twice or
+/// to the wrong half. So the effects that are alive in this module are listed, and a pointer that is not is not used.
+///
+/// It is also the face that the effect sees, and hands every call on to the processor while that is there. The list has
+/// a lock, which the audio thread never meets: neither it nor the controller's parameter calls come to Find. Nothing of
+/// it needs destruction: some hosts tear instances down from `exit`, after the module's statics have gone.
+class LiveEffect final : public ZEffectWrapper, public std::enable_shared_from_this<LiveEffect>
 {
 public:
-    LiveEffect () = default;
-    ~LiveEffect () { Remove (); }
+    /// @param processor  not owned: itself, which calls End before it goes
+    explicit LiveEffect (ZEffectWrapper& processor)
+        : host (&processor)
+    {
+    }
+    ~LiveEffect () override; ///< shuts the effect down
     LiveEffect (const LiveEffect&) = delete;
     LiveEffect& operator= (const LiveEffect&) = delete;
 
-    void Add (const ZEffect* newEffect); ///< lists it in place of what was listed through this object
-    void Remove ();
+    /// Takes over the effect of this life, which has this object as its wrapper.
+    void Adopt (std::unique_ptr<ZEffect> newEffect) { effect = std::move (newEffect); }
+    void List (); ///< from here on Find finds it
 
-    static std::uint64_t LifeOf (const ZEffect* effect); ///< never the same number again; 0 when not listed, or null
+    /// The processor's part is over: the editor is told to let go of core, storage and meters, then nobody is told of
+    /// anything any more. Waits for calls into the processor that other threads are in.
+    void End ();
+    bool HasEnded () const { return ended.load (std::memory_order_acquire); } ///< any thread
+
+    static std::shared_ptr<LiveEffect> Find (const ZEffect* effect); ///< null when not listed; takes the list's lock
+
+    ZEffect* Effect () const { return effect.get (); }            ///< null until Adopt
+    GuardedPointer<ZEffectListener>& Editor () { return editor; } ///< the open editor, not owned: the view's
+
+    // ZEffectWrapper
+    bool NotifyEditor (std::int32_t code, void* data) override;
+    bool NotifyEditor2 (std::int32_t code, void* data) override;
+    void GetTimeInfo (ZTimeInfo* info) override;
+    std::int32_t GetHostName (char* buffer) override;
 
 private:
-    const ZEffect* effect = nullptr; // not owned: whoever owns this object
-    std::uint64_t life = 0;
-    LiveEffect* next = nullptr; // not owned: the next one of the same list
+    void Unlist ();
+
+    GuardedPointer<ZEffectWrapper> host;    // not owned: the processor; null after End
+    GuardedPointer<ZEffectListener> editor; // not owned: the view's
+    std::unique_ptr<ZEffect> effect;        // ahead of what it looks at
+    std::atomic<bool> ended = false;
+    bool listed = false;        // the list's lock
+    LiveEffect* next = nullptr; // not owned: the next one of the list; the list's lock
 };
 
 } // namespace tessaly

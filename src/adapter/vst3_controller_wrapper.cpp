@@ -10,8 +10,10 @@
 #include "plugin_config.h"
 #include "stored_value.h"
 #include "text_conversion.h"
+#include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <utility>
 
 namespace tessaly
 {
@@ -22,13 +24,6 @@ namespace
 {
 
 constexpr std::uint64_t kTimerIntervalMs = 20;
-
-/// Milliseconds of a steady clock, wrapping every 49 days.
-std::uint32_t TickCountMs ()
-{
-    const auto now = std::chrono::steady_clock::now ().time_since_epoch ();
-    return static_cast<std::uint32_t> (std::chrono::duration_cast<std::chrono::milliseconds> (now).count ());
-}
 
 ZParameterStorageBase* StorageOf (ZEffect* effect)
 {
@@ -58,10 +53,19 @@ private:
 
 } // namespace
 
-ZVst3ControllerWrapper::ZVst3ControllerWrapper ()
-    : vuBuffer (config::kMeterCount, 0.0f)
+std::uint32_t SteadyTickMs ()
+{
+    const auto now = std::chrono::steady_clock::now ().time_since_epoch ();
+    return static_cast<std::uint32_t> (std::chrono::duration_cast<std::chrono::milliseconds> (now).count ());
+}
+
+ZVst3ControllerWrapper::ZVst3ControllerWrapper (TickClock tickClock)
+    : clock (tickClock)
+    , vuBuffer (config::kMeterCount, 0.0f)
 {
 }
+
+ZVst3ControllerWrapper::~ZVst3ControllerWrapper () = default;
 
 FUnknown* ZVst3ControllerWrapper::CreateInstance (void*)
 {
@@ -74,7 +78,7 @@ tresult PLUGIN_API ZVst3ControllerWrapper::initialize (FUnknown* context)
     if (result != kResultOk)
         return result;
     hostThread = std::this_thread::get_id ();
-    timer.Start (context, FactoryHostContext (), kTimerIntervalMs, [this] { edits.EndExpired (TickCountMs ()); });
+    timer.Start (context, FactoryHostContext (), kTimerIntervalMs, [this] { edits.EndExpired (clock ()); });
     return kResultOk;
 }
 
@@ -83,6 +87,7 @@ tresult PLUGIN_API ZVst3ControllerWrapper::terminate ()
     timer.Stop ();
     EndAllEdits ();
     Attach (nullptr);
+    views.clear ();
     return EditControllerEx1::terminate ();
 }
 
@@ -105,21 +110,24 @@ bool ZVst3ControllerWrapper::OnEffectMessage (Vst::IMessage& received)
     {
         std::uint8_t state = 0;
         if (ReadValue (received, state))
-            active = state != 0;
+            SetActive (state != 0);
         return false; // the sender does not look at the answer
     }
     ZEffect* sent = nullptr;
-    if (!ReadValue (received, sent) || LiveEffect::LifeOf (sent) == 0)
+    if (!ReadValue (received, sent))
+        return false;
+    const auto sentLife = LiveEffect::Find (sent);
+    if (!sentLife)
         return false;
     if (FIDStringsEqual (id, message::kConnectEffect))
     {
-        if (sent != effect)
-            Attach (sent);
+        if (sentLife != life)
+            Attach (sentLife);
         return true;
     }
     if (FIDStringsEqual (id, message::kDisconnectEffect))
     {
-        if (sent == effect)
+        if (sentLife == life)
             Attach (nullptr);
         return true;
     }
@@ -132,24 +140,54 @@ bool ZVst3ControllerWrapper::OnEffectMessage (Vst::IMessage& received)
         sent->GetInfo (kCodeNumInputs, &numChannels);
     else
         numChannels = mono ? 1 : 2;
-    if (sent == effect)
+    if (sentLife == life)
         UpdateParameters (StorageOf (sent));
     return true;
 }
 
-void ZVst3ControllerWrapper::Attach (ZEffect* newEffect)
+ZEffect* ZVst3ControllerWrapper::Effect () const
 {
-    if (newEffect == nullptr)
-        SetStorage (nullptr); // the parameter objects look into the old effect's storage
-    SetEffect (newEffect);
-    if (newEffect != nullptr)
-        SetStorage (StorageOf (newEffect));
+    return life && !life->HasEnded () ? life->Effect () : nullptr;
 }
 
-void ZVst3ControllerWrapper::SetEffect (ZEffect* newEffect)
+Vst::Parameter* ZVst3ControllerWrapper::getParameterObject (Vst::ParamID id)
 {
-    effect = newEffect;
-    effectLife = LiveEffect::LifeOf (newEffect);
+    return HasEffect () ? EditControllerEx1::getParameterObject (id) : nullptr;
+}
+
+void ZVst3ControllerWrapper::SetActive (bool state)
+{
+    active = state;
+    // Nothing plays on either side of the switch, and a host's feed may begin with the value that was last shown.
+    vuBuffer.SetAll (0.0f);
+    for (std::int32_t i = 0; i < config::kMeterCount; ++i)
+        EditControllerEx1::setParamNormalized (kFirstMeterId + static_cast<Vst::ParamID> (i), 0.0);
+    for (auto* view : std::vector (views)) // a copy: a view may close
+        view->SetActive (state);
+}
+
+void ZVst3ControllerWrapper::Attach (std::shared_ptr<LiveEffect> newLife)
+{
+    TellViewsOfEnd ();
+    if (life && editor != nullptr)
+        life->Editor ().TakeBack (editor);
+    SetStorage (nullptr); // the parameter objects look into the old effect's storage
+    life = std::move (newLife);
+    if (!life)
+        return;
+    SetStorage (StorageOf (life->Effect ()));
+    if (editor != nullptr)
+        life->Editor ().Set (editor);
+    viewsHaveEffect = true;
+    for (auto* view : std::vector (views))
+        view->OnEffectCame ();
+}
+
+void ZVst3ControllerWrapper::TellViewsOfEnd ()
+{
+    if (std::exchange (viewsHaveEffect, false))
+        for (auto* view : std::vector (views)) // a copy: a view may close
+            view->OnEffectGone ();
 }
 
 void ZVst3ControllerWrapper::SetStorage (ZParameterStorageBase* newStorage)
@@ -212,7 +250,7 @@ void ZVst3ControllerWrapper::UpdateParameters (ZParameterStorageBase* newStorage
 
 void ZVst3ControllerWrapper::RefreshValues ()
 {
-    for (std::int32_t i = 0; storage != nullptr && i < storage->GetParameterCount (); ++i)
+    for (std::int32_t i = 0; HasEffect () && i < storage->GetParameterCount (); ++i)
         EditControllerEx1::setParamNormalized (static_cast<Vst::ParamID> (i),
                                                static_cast<double> (storage->GetNormalized (i)));
 }
@@ -246,13 +284,13 @@ tresult PLUGIN_API ZVst3ControllerWrapper::getState (IBStream*)
 int32 PLUGIN_API ZVst3ControllerWrapper::getParameterCount ()
 {
     OnHostCall ();
-    return EditControllerEx1::getParameterCount ();
+    return HasEffect () ? EditControllerEx1::getParameterCount () : 0;
 }
 
 tresult PLUGIN_API ZVst3ControllerWrapper::getParameterInfo (int32 index, Vst::ParameterInfo& info)
 {
     OnHostCall ();
-    return EditControllerEx1::getParameterInfo (index, info);
+    return HasEffect () ? EditControllerEx1::getParameterInfo (index, info) : kResultFalse;
 }
 
 tresult PLUGIN_API ZVst3ControllerWrapper::getParamStringByValue (Vst::ParamID id, Vst::ParamValue normalized,
@@ -305,25 +343,35 @@ tresult PLUGIN_API ZVst3ControllerWrapper::setParamNormalized (Vst::ParamID id, 
     if (!usable)
         return kResultFalse;
     value = *usable;
-    if (EditControllerEx1::getParamNormalized (id) == value)
-        return kResultOk; // a host's repeat makes no trip through the effect
+    const auto kept = static_cast<float> (value);
+    const bool repeat = IsRepeat (id, kept);
     const tresult result = EditControllerEx1::setParamNormalized (id, value);
-    if (inSetParam)
-        return kResultFalse;
+    if (repeat || inSetParam)
+        return repeat ? result : kResultFalse;
     const ScopedFlag guard (inSetParam);
+    auto* const effect = Effect ();
     if (IsOrdinaryId (id) && effect != nullptr && storage != nullptr)
     {
         storage->GetValues (snapshot);
-        effect->SetParameter (static_cast<std::int32_t> (id), static_cast<float> (value));
-        const tresult reported = ReportSideEffects (id, static_cast<float> (value));
+        effect->SetParameter (static_cast<std::int32_t> (id), kept);
+        const tresult reported = ReportSideEffects (id, kept);
         return reported != kResultOk ? reported : result;
     }
     if (IsMeterId (id))
     {
-        vuBuffer.Write (static_cast<std::int32_t> (id - kFirstMeterId), static_cast<float> (value), 0);
+        vuBuffer.Write (static_cast<std::int32_t> (id - kFirstMeterId), kept, 0);
         vuBuffer.Flush ();
     }
     return result;
+}
+
+/// Values are kept as floats, so a host's double of the same dial is the same value.
+bool ZVst3ControllerWrapper::IsRepeat (Vst::ParamID id, float value)
+{
+    const auto* parameter = getParameterObject (id);
+    if (parameter == nullptr || static_cast<float> (parameter->getNormalized ()) != value)
+        return false;
+    return !IsOrdinaryId (id) || storage->GetNormalized (static_cast<std::int32_t> (id)) == value;
 }
 
 /// Tells the host of every parameter that the effect moved beside the one that was set to `value`.
@@ -391,62 +439,31 @@ void ZVst3ControllerWrapper::SetParameterFromEditor (Vst::ParamID id, float valu
     performEdit (id, static_cast<double> (value));
 }
 
-void ZVst3ControllerWrapper::BeginHeldEdit (Vst::ParamID id)
-{
-    edits.BeginHeld (id, TickCountMs ());
-}
-
-void ZVst3ControllerWrapper::EndHeldEdit (Vst::ParamID id)
-{
-    edits.EndHeld (id);
-}
-
-void ZVst3ControllerWrapper::EndAllHeldEdits ()
-{
-    edits.EndAllHeld ();
-}
-
-void ZVst3ControllerWrapper::BeginTimedEdit (Vst::ParamID id)
-{
-    edits.BeginTimed (id, TickCountMs ());
-}
-
-void ZVst3ControllerWrapper::EndTimedEdit (Vst::ParamID id)
-{
-    edits.EndTimed (id);
-}
-
-void ZVst3ControllerWrapper::EndAllTimedEdits ()
-{
-    edits.EndAllTimed ();
-}
-
 void ZVst3ControllerWrapper::EndAllEdits ()
 {
     EndAllTimedEdits ();
     EndAllHeldEdits ();
 }
 
-/// What is to happen by time or without a message, looked at on every call of the host. Edits end on the host's own
-/// thread alone, and nothing happens while the host is being told of a change.
+/// What is to happen by time or without a message, looked at on every call of the host. All of it belongs to the host's
+/// own thread, and nothing happens while the host is being told of a change.
 void ZVst3ControllerWrapper::OnHostCall ()
 {
-    if (inSetParam)
+    if (inSetParam || std::this_thread::get_id () != hostThread.load (std::memory_order_relaxed))
         return;
-    // A host's connection may drop messages off its main thread, the one that tells of the effect's end too.
-    if (effect != nullptr && LiveEffect::LifeOf (effect) != effectLife)
-        Attach (nullptr);
-    if (std::this_thread::get_id () == hostThread)
-        edits.EndExpired (TickCountMs ());
+    if (!HasEffect ()) // a host's connection may drop messages off its main thread, that of the end too
+        TellViewsOfEnd ();
+    edits.EndExpired (clock ());
 }
 
 void ZVst3ControllerWrapper::SyncParameter (std::int32_t index)
 {
-    if (storage == nullptr)
+    if (!HasEffect ())
         return;
     if (index != -1)
     {
-        ReportToHost (index, storage->GetNormalized (index));
+        if (index >= 0 && index < storage->GetParameterCount ())
+            ReportToHost (index, storage->GetNormalized (index));
         return;
     }
     for (std::int32_t i = 0; i < storage->GetParameterCount (); ++i)
@@ -466,8 +483,35 @@ void ZVst3ControllerWrapper::ReportToHost (std::int32_t index, float value)
     endEdit (id);
 }
 
+void ZVst3ControllerWrapper::ConnectEditor (ZEffectListener& newEditor)
+{
+    editor = &newEditor;
+    SendBinaryMessage (*this, message::kConnectEditor, message::kPointerAttribute, &editor, sizeof (editor));
+    if (life)
+        life->Editor ().Set (editor); // whether or not the host delivers messages this way
+}
+
+void ZVst3ControllerWrapper::DisconnectEditor (ZEffectListener& oldEditor)
+{
+    ZEffectListener* const leaving = &oldEditor;
+    if (editor == leaving) // or a newer one has taken its place
+    {
+        editor = nullptr;
+        SendBinaryMessage (*this, message::kDisconnectEditor, message::kPointerAttribute, &leaving, sizeof (leaving));
+    }
+    if (life)
+        life->Editor ().TakeBack (leaving);
+}
+
+void ZVst3ControllerWrapper::AddView (EditorViewListener& view)
+{
+    if (std::find (views.begin (), views.end (), &view) == views.end ())
+        views.push_back (&view);
+}
+
 bool ZVst3ControllerWrapper::QueryEffect (std::int32_t kind, void* out)
 {
+    auto* const effect = Effect ();
     return effect != nullptr && effect->QueryEffect (kind, out);
 }
 
@@ -478,6 +522,7 @@ bool ZVst3ControllerWrapper::GetInfo (std::int32_t kind, void* out)
         *static_cast<ZVuBuffer**> (out) = &vuBuffer;
         return true;
     }
+    auto* const effect = Effect ();
     return effect != nullptr && effect->GetInfo (kind, out);
 }
 

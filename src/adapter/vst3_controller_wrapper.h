@@ -1,34 +1,51 @@
 #pragma once
 
 #include "edit_brackets.h"
+#include "editor_controller.h"
 #include "host_timer.h"
 #include "kvp_factory.h"
 #include "pluginterfaces/vst/ivstmidicontrollers.h"
 #include "pluginterfaces/vst/ivstrepresentation.h"
 #include "public.sdk/source/vst/vsteditcontroller.h"
+#include "shared_value.h"
 #include "vu_buffer.h"
+#include <atomic>
+#include <memory>
 #include <thread>
 #include <vector>
 
 namespace tessaly
 {
 
+class LiveEffect;
+
+/// Milliseconds of a steady clock, wrapping every 49 days.
+using TickClock = std::uint32_t (*) ();
+std::uint32_t SteadyTickMs ();
+
 /// The controller half of the plug-in. It has no parameter model of its own: its parameter objects are views onto the
 /// storage of the effect, whose pointer the processor of the same process sends. A change goes straight into the shared
 /// effect, so this is the main road by which values reach the engine.
 ///
-/// A normalized value that a host hands in counts as the nearest end beyond 0 to 1. What is no number is refused when
-/// it is to be set, and otherwise stands for the parameter's present value; so no answer here is one that is no number.
+/// A normalized value that a host hands in counts as the nearest end beyond 0 to 1. NaN is refused when it is to be set,
+/// and otherwise stands for the parameter's present value; so no answer here is NaN. A value is a repeat, which makes no
+/// trip through the effect, only if the parameter object and the storage both hold it, as float: an offline block and a
+/// state reach the storage alone.
 ///
-/// Host's user-interface thread. Hosts without a run loop never call the timer; what is to happen by time is
-/// looked at on the calls that hosts make on that thread.
+/// Host's user-interface thread. Hosts without a run loop never call the timer; what is to happen by time is looked at
+/// on the calls that hosts make on that thread. The processor may end on another thread concurrently, and its message
+/// may be lost: what this half looks at stays until it lets go (LiveEffect), and it answers as if never connected.
+/// setParamNormalized takes no lock.
 class ZVst3ControllerWrapper final : public Steinberg::Vst::EditControllerEx1,
                                      public Steinberg::Vst::IMidiMapping,
                                      public Steinberg::Vst::IXmlRepresentationController,
+                                     public EditorController,
                                      private EditHost
 {
 public:
-    ZVst3ControllerWrapper ();
+    /// @param tickClock  tells when edits end
+    explicit ZVst3ControllerWrapper (TickClock tickClock = SteadyTickMs);
+    ~ZVst3ControllerWrapper () override;
 
     /// Create function of the class factory.
     static Steinberg::FUnknown* CreateInstance (void* context);
@@ -77,21 +94,29 @@ public:
     Steinberg::tresult PLUGIN_API setUnitProgramData (Steinberg::int32 listOrUnitId, Steinberg::int32 programIndex,
                                                       Steinberg::IBStream* data) override;
 
-    // For the editor
-    /// Sets a value as the user does and reports it to the host.
-    void SetParameterFromEditor (Steinberg::Vst::ParamID id, float value);
-    void BeginHeldEdit (Steinberg::Vst::ParamID id);
-    void EndHeldEdit (Steinberg::Vst::ParamID id);
-    void EndAllHeldEdits ();
-    void BeginTimedEdit (Steinberg::Vst::ParamID id);
-    void EndTimedEdit (Steinberg::Vst::ParamID id);
-    void EndAllTimedEdits ();
-    bool IsActive () const { return active; }
-    /// Reports the storage's value of parameter `index`, or of all that differ for -1, after a change by a side door.
-    void SyncParameter (std::int32_t index);
-    bool QueryEffect (std::int32_t kind, void* out);
-    /// `EffectCode` kinds; the meter buffer is the controller's own, the rest is the effect's.
-    bool GetInfo (std::int32_t kind, void* out);
+    // EditorController
+    bool QueryEffect (std::int32_t kind, void* out) override;
+    bool GetInfo (std::int32_t kind, void* out) override;
+    void SetParameterFromEditor (Steinberg::Vst::ParamID id, float value) override;
+    void BeginHeldEdit (Steinberg::Vst::ParamID id) override { edits.BeginHeld (id, clock ()); }
+    void EndAllHeldEdits () override { edits.EndAllHeld (); }
+    void RenewHeldEdits () override { edits.RenewHeld (clock ()); }
+    void SyncParameter (std::int32_t index) override;
+    void ConnectEditor (ZEffectListener& newEditor) override;
+    void DisconnectEditor (ZEffectListener& oldEditor) override;
+    bool HasEffect () const override { return Effect () != nullptr; }
+    bool IsActive () const override { return active; }
+    void AddView (EditorViewListener& view) override;
+    void RemoveView (EditorViewListener& view) override { std::erase (views, &view); }
+
+    // The other edits
+    void EndHeldEdit (Steinberg::Vst::ParamID id) { edits.EndHeld (id); }
+    void BeginTimedEdit (Steinberg::Vst::ParamID id) { edits.BeginTimed (id, clock ()); }
+    void EndTimedEdit (Steinberg::Vst::ParamID id) { edits.EndTimed (id); }
+    void EndAllTimedEdits () { edits.EndAllTimed (); }
+
+    /// None without an effect, whatever the list holds.
+    Steinberg::Vst::Parameter* getParameterObject (Steinberg::Vst::ParamID id) override;
 
     OBJ_METHODS (ZVst3ControllerWrapper, Steinberg::Vst::EditControllerEx1)
     DEFINE_INTERFACES
@@ -104,33 +129,39 @@ private:
     void BeginHostEdit (std::uint32_t id) override { beginEdit (id); }
     void EndHostEdit (std::uint32_t id) override { endEdit (id); }
 
+    ZEffect* Effect () const; ///< null while there is none, or it has ended
     bool OnEffectMessage (Steinberg::Vst::IMessage& message);
-    void Attach (ZEffect* newEffect); ///< null detaches
-    void SetEffect (ZEffect* newEffect);
+    void SetActive (bool state);
+    void Attach (std::shared_ptr<LiveEffect> newLife); ///< null detaches
+    void TellViewsOfEnd ();
     void SetStorage (ZParameterStorageBase* newStorage);
     void BuildUnits ();
     void BuildParameters ();
     void UpdateParameters (ZParameterStorageBase* newStorage);
     void RefreshValues ();
     Steinberg::Vst::ParamValue Usable (Steinberg::Vst::ParamID id, Steinberg::Vst::ParamValue normalized);
+    bool IsRepeat (Steinberg::Vst::ParamID id, float value);
     Steinberg::tresult ReportSideEffects (Steinberg::Vst::ParamID id, float value);
     void ReportToHost (std::int32_t index, float value);
     void EndAllEdits ();
     void OnHostCall ();
 
     FactoryReference factory;
+    TickClock clock;
     ZVuBuffer vuBuffer;                       ///< the meters of the host's parameter feed
-    ZEffect* effect = nullptr;                // not owned: the processor; null while not connected
-    std::uint64_t effectLife = 0;             ///< the life of it that this controller was told of
-    ZParameterStorageBase* storage = nullptr; // not owned: `effect`
+    std::shared_ptr<LiveEffect> life;         ///< shared with the processor; null while not connected
+    ZParameterStorageBase* storage = nullptr; // not owned: the effect of `life`
+    ZEffectListener* editor = nullptr;        // not owned: the view's, until DisconnectEditor
+    std::vector<EditorViewListener*> views;   // not owned: the open ones
+    bool viewsHaveEffect = false;
     HostTimer timer;
     EditBrackets edits{ *this };
-    std::thread::id hostThread; ///< the thread that initialized, or gave the component handler
+    std::atomic<std::thread::id> hostThread; ///< the thread that initialized, or gave the component handler
     std::int32_t numChannels = 1;
-    bool inSetParam = false;     ///< guards against a host that answers performEdit with setParamNormalized
-    bool active = true;          ///< the processor's active state
-    std::vector<float> snapshot; ///< values before a change
-    std::vector<float> values;   ///< values after it
+    bool inSetParam = false;         ///< guards against a host that answers performEdit with setParamNormalized
+    SharedValue<bool> active = true; ///< the processor's active state
+    std::vector<float> snapshot;     ///< values before a change
+    std::vector<float> values;       ///< values after it
 };
 
 } // namespace tessaly

@@ -19,6 +19,7 @@
 #include "truncate.h"
 #include "vst3_effect_wrapper_accessor.h"
 #include "vu_buffer.h"
+#include <algorithm>
 #include <bit>
 
 namespace tessaly
@@ -96,15 +97,17 @@ tresult PLUGIN_API ZVst3EffectWrapper::initialize (FUnknown* context)
     if constexpr (config::kUsesMidi)
         addEventInput (STR16 ("Midi In"), 1);
 
-    effect = factory->CreateEffect (this);
+    life = std::make_shared<LiveEffect> (*this);
+    life->Adopt (factory->CreateEffect (life.get ()));
+    effect = life->Effect ();
     storage = factory->CreateStorage (*effect, config::kChannels);
-    auto core = factory->CreateCore (effect.get ());
+    auto core = factory->CreateCore (effect);
     effect->CreateVuBuffer (config::kMeterCount);
     if constexpr (config::kUsesMidi)
         effect->CreateMidiEvent ();
     effect->SetPluginCore (std::move (core));
     effect->Initialize ();
-    liveEffect.Add (effect.get ());
+    life->List ();
     if (!AddSideChain ())
         return kResultFalse;
     parameterQueue.Reserve (kReservedPoints);
@@ -133,11 +136,11 @@ tresult PLUGIN_API ZVst3EffectWrapper::terminate ()
         // Some hosts terminate without a disconnect: the controller must let go before the effect dies.
         if (getPeer () != nullptr)
             SendPointer (message::kDisconnectEffect);
-        liveEffect.Remove ();
-        effect->Shutdown ();
+        life->End ();
     }
     storage = nullptr;
-    effect.reset ();
+    effect = nullptr;
+    life.reset (); // ends the effect, unless the controller has not heard of it
     parameterQueue.Clear ();
     lastProcessMode = Vst::kRealtime;
     offlineLatch = false;
@@ -146,8 +149,7 @@ tresult PLUGIN_API ZVst3EffectWrapper::terminate ()
 
 tresult ZVst3EffectWrapper::SendPointer (const char* id) const
 {
-    const ZEffect* pointer = effect.get ();
-    return SendBinaryMessage (*this, id, message::kPointerAttribute, &pointer, sizeof (pointer));
+    return SendBinaryMessage (*this, id, message::kPointerAttribute, &effect, sizeof (effect));
 }
 
 tresult PLUGIN_API ZVst3EffectWrapper::connect (Vst::IConnectionPoint* peer)
@@ -166,6 +168,8 @@ tresult PLUGIN_API ZVst3EffectWrapper::connect (Vst::IConnectionPoint* peer)
 tresult PLUGIN_API ZVst3EffectWrapper::disconnect (Vst::IConnectionPoint* peer)
 {
     SendPointer (message::kDisconnectEffect);
+    if (life)
+        life->Editor ().Set (nullptr);
     return AudioEffect::disconnect (peer);
 }
 
@@ -174,20 +178,14 @@ tresult PLUGIN_API ZVst3EffectWrapper::notify (Vst::IMessage* received)
     const tresult result = AudioEffect::notify (received);
     if (result != kResultFalse)
         return result;
-    if (FIDStringsEqual (received->getMessageID (), message::kConnectEditor))
-    {
-        ZEffectListener* listener = nullptr;
-        if (!ReadValue (*received, listener))
-            return kResultFalse;
-        editor.store (listener, std::memory_order_release);
-        return kResultOk;
-    }
-    if (FIDStringsEqual (received->getMessageID (), message::kDisconnectEditor))
-    {
-        editor.store (nullptr, std::memory_order_release);
-        return kResultOk;
-    }
-    return kResultFalse;
+    const FIDString id = received->getMessageID ();
+    ZEffectListener* listener = nullptr;
+    const bool connects = FIDStringsEqual (id, message::kConnectEditor) && ReadValue (*received, listener);
+    if (!connects && !FIDStringsEqual (id, message::kDisconnectEditor))
+        return kResultFalse;
+    if (life)
+        life->Editor ().Set (listener);
+    return kResultOk;
 }
 
 tresult PLUGIN_API ZVst3EffectWrapper::setActive (TBool state)
@@ -426,14 +424,12 @@ void ZVst3EffectWrapper::WriteMeters (Vst::IParameterChanges* changes) const
 
 bool ZVst3EffectWrapper::NotifyEditor (std::int32_t code, void* data)
 {
-    auto* listener = editor.load (std::memory_order_acquire);
-    return listener != nullptr && listener->OnEffectEvent (code, data);
+    return life->Editor ().Call ([&] (ZEffectListener& editor) { return editor.OnEffectEvent (code, data); });
 }
 
 bool ZVst3EffectWrapper::NotifyEditor2 (std::int32_t code, void* data)
 {
-    auto* listener = editor.load (std::memory_order_acquire);
-    return listener != nullptr && listener->OnEffectEvent2 (code, data);
+    return life->Editor ().Call ([&] (ZEffectListener& editor) { return editor.OnEffectEvent2 (code, data); });
 }
 
 void ZVst3EffectWrapper::GetTimeInfo (ZTimeInfo* out)

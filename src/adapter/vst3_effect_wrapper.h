@@ -7,20 +7,19 @@
 #include "public.sdk/source/vst/vstaudioeffect.h"
 #include "time_info.h"
 #include "vst3_state_block.h"
-#include <atomic>
 #include <memory>
 
 namespace tessaly
 {
 
-class ZEffectListener;
 struct ZAudioBlock;
 
-/// The processor half of the plug-in. It owns the effect of the instance and turns the host's calls into calls on it;
-/// the controller of the same process is handed the effect's pointer by message and shares it.
+/// The processor half of the plug-in. It makes the effect of the instance and turns the host's calls into calls on it;
+/// the controller of the same process is handed the effect's pointer by message and shares it (LiveEffect).
 ///
-/// `process` runs on the audio thread, everything else on the host's main or set-up thread. Nothing here waits for
-/// anything while audio runs.
+/// `process` runs on the audio thread, everything else on the host's main or set-up thread. The audio thread waits for
+/// nothing. `disconnect`, `terminate` and the editor's leaving wait until no other thread is inside the editor's
+/// OnEffectEvent (GuardedPointer); so that may not wait for the user-interface thread.
 ///
 /// Parameter points: a value that is no number is dropped, one beyond 0 to 1 counts as the nearest end. The queue holds
 /// 64 points; a block with more hands them on in pieces of 64, in their order, so that no block allocates.
@@ -81,10 +80,9 @@ private:
     void WriteMeters (Steinberg::Vst::IParameterChanges* changes) const;
 
     FactoryReference factory;
-    std::unique_ptr<ZEffect> effect;                // null before initialize and after terminate
-    LiveEffect liveEffect;                          // lists `effect` while it is alive
-    ZParameterStorageBase* storage = nullptr;       // not owned: `effect`
-    std::atomic<ZEffectListener*> editor = nullptr; // not owned: the open editor, cleared by its message
+    std::shared_ptr<LiveEffect> life;         // the effect and its editor; null before initialize and after terminate
+    ZEffect* effect = nullptr;                // not owned: `life`
+    ZParameterStorageBase* storage = nullptr; // not owned: `effect`
     ZParameterQueue parameterQueue;
     ZTimeInfo timeInfo;
     std::int32_t lastProcessMode = 0;
