@@ -449,7 +449,7 @@ void ZVst3ControllerWrapper::EndAllEdits ()
 /// own thread, and nothing happens while the host is being told of a change.
 void ZVst3ControllerWrapper::OnHostCall ()
 {
-    if (inSetParam || std::this_thread::get_id () != hostThread.load (std::memory_order_relaxed))
+    if (std::this_thread::get_id () != hostThread.load (std::memory_order_relaxed) || inSetParam)
         return;
     if (!HasEffect ()) // a host's connection may drop messages off its main thread, that of the end too
         TellViewsOfEnd ();

@@ -1,0 +1,183 @@
+#include "channel_strip_effect.h"
+#include "joined_halves.h"
+#include "parameter_ids.h"
+#include <atomic>
+#include <doctest/doctest.h>
+#include <string>
+#include <thread>
+
+using namespace Steinberg;
+using namespace tessaly;
+using namespace tessaly::test;
+using Kind = host::HandlerCall::Kind;
+
+namespace
+{
+
+constexpr Vst::ParamID kMorph = 20;
+
+struct RecordingEditor final : ZEffectListener
+{
+    bool OnEffectEvent (std::int32_t code, void* data) override
+    {
+        log += std::to_string (code) + (data == nullptr ? "- " : " ");
+        return true;
+    }
+    bool OnEffectEvent2 (std::int32_t, void*) override { return false; }
+    std::string log; ///< the codes; "-" for null data
+};
+
+struct RecordingView final : EditorViewListener
+{
+    explicit RecordingView (EditorController& of)
+        : controller (of)
+    {
+        controller.AddView (*this);
+    }
+    ~RecordingView () override { controller.RemoveView (*this); }
+
+    void SetActive (bool state) override { log += state ? "on " : "off "; }
+    void OnEffectGone () override
+    {
+        ZParameterStorageBase* storage = nullptr;
+        log += controller.GetInfo (kCodeStorage, &storage) ? "leaving " : "gone ";
+    }
+    void OnEffectCame () override { log += "came "; }
+
+    EditorController& controller; // not owned: the test's
+    std::string log;
+};
+
+ZEffect* EffectOf (EditorController& controller)
+{
+    ZEffect* effect = nullptr;
+    controller.GetInfo (kCodeEffect, &effect);
+    return effect;
+}
+
+} // namespace
+
+TEST_CASE ("Views hear of the processor's state and of the effect's coming and going")
+{
+    JoinedHalves halves;
+    RecordingView view (*halves.controller);
+    halves.processor->setActive (false);
+    CHECK_FALSE (halves.controller->IsActive ());
+    halves.processor->setActive (true);
+    halves.Disconnect ();
+    halves.Connect ();
+    CHECK (view.log == "off on leaving came ");
+    halves.controller->RemoveView (view);
+    halves.processor->setActive (false);
+    CHECK (view.log == "off on leaving came ");
+}
+
+TEST_CASE ("A view hears of an end whose message was lost at the host's next call")
+{
+    JoinedHalves halves;
+    RecordingView view (*halves.controller);
+    halves.controller->disconnect (halves.processor);
+    std::thread (
+        [&]
+        {
+            halves.processor->Vst::ComponentBase::disconnect (halves.controller); // without a word
+            halves.processor->terminate ();
+        })
+        .join ();
+    CHECK_FALSE (halves.controller->HasEffect ());
+    halves.controller->getParameterCount ();
+    halves.controller->getParameterCount ();
+    CHECK (view.log == "gone ");
+}
+
+TEST_CASE ("The editor is told to let go when the processor ends, and hears nothing after it")
+{
+    JoinedHalves halves;
+    RecordingEditor editor;
+    halves.controller->ConnectEditor (editor);
+    halves.controller->disconnect (halves.processor);
+    halves.processor->Vst::ComponentBase::disconnect (halves.controller);
+    halves.processor->terminate ();
+    CHECK (editor.log == "1- 2- 3- ");
+    halves.controller->setParamNormalized (kMorph, 1.0);
+    CHECK (editor.log == "1- 2- 3- ");
+    halves.controller->DisconnectEditor (editor);
+}
+
+TEST_CASE ("The newest editor hears the effect, across a reconnection, until it leaves")
+{
+    JoinedHalves halves;
+    RecordingEditor older;
+    RecordingEditor newer;
+    halves.controller->ConnectEditor (older);
+    halves.controller->ConnectEditor (newer);
+    halves.controller->DisconnectEditor (older); // leaves the newer one connected
+    halves.Disconnect ();
+    halves.Connect ();
+    EffectOf (*halves.controller)->SetBypass (true);
+    CHECK (older.log.empty ());
+    CHECK (newer.log == "9 ");
+    halves.controller->DisconnectEditor (newer);
+    EffectOf (*halves.controller)->SetBypass (false);
+    CHECK (newer.log == "9 ");
+}
+
+TEST_CASE ("No thread is inside an editor that has disconnected")
+{
+    JoinedHalves halves;
+    auto* const effect = EffectOf (*halves.controller);
+    std::atomic<bool> done = false;
+    std::thread audio ( // a real-time block tells of the bypass, on the audio thread
+        [&]
+        {
+            for (bool on = false; !done; on = !on)
+                effect->SetBypass (on);
+        });
+    for (int i = 0; i < 500; ++i)
+    {
+        RecordingEditor editor; // gone right after it has disconnected: a late call would race with its end
+        halves.controller->ConnectEditor (editor);
+        while (i % 100 == 0 && !effect->NotifyEditor (kCodeHookA, nullptr))
+            ;
+        halves.controller->DisconnectEditor (editor);
+    }
+    done = true;
+    audio.join ();
+}
+
+TEST_CASE ("SyncParameter reports what differs, one index without comparing, an unknown one not at all")
+{
+    JoinedHalves halves;
+    auto* const effect = dynamic_cast<ZChannel_StripEffect*> (EffectOf (*halves.controller));
+    REQUIRE (effect != nullptr);
+    for (const std::int32_t unknown : { -2, 22, 65535, static_cast<std::int32_t> (kFirstMeterId) })
+        halves.controller->SyncParameter (unknown);
+    CHECK (halves.calls.empty ());
+    effect->ApplyMorph (20, 0.125f); // by the side door
+    halves.controller->SyncParameter (-1);
+    CHECK (halves.Ids (Kind::performEdit).size () == 12);
+    CHECK (halves.Ids (Kind::beginEdit) == halves.Ids (Kind::endEdit));
+    halves.calls.clear ();
+    halves.controller->SyncParameter (-1);
+    CHECK (halves.calls.empty ());
+    halves.controller->SyncParameter (3);
+    CHECK (halves.Ids (Kind::performEdit) == std::vector<Vst::ParamID>{ 3 });
+}
+
+TEST_CASE ("An editor's value is performed once in its held edit, which ends when it is not renewed")
+{
+    JoinedHalves halves;
+    handClockMs = 0;
+    halves.controller->BeginHeldEdit (0);
+    halves.controller->SetParameterFromEditor (0, 0.25f);
+    CHECK (halves.controller->getParamNormalized (0) == 0.25);
+    CHECK (halves.Ids (Kind::performEdit) == std::vector<Vst::ParamID>{ 0 });
+    handClockMs = 1500;
+    halves.controller->RenewHeldEdits ();
+    handClockMs = 3500;
+    halves.controller->getParameterCount ();
+    CHECK (halves.Ids (Kind::endEdit).empty ());
+    handClockMs = 3501;
+    halves.controller->getParameterCount ();
+    CHECK (halves.Ids (Kind::endEdit) == std::vector<Vst::ParamID>{ 0 });
+}

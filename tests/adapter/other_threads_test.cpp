@@ -1,0 +1,77 @@
+#include "strip_in_host.h"
+#include <atomic>
+#include <doctest/doctest.h>
+#include <thread>
+
+// Hosts that end an instance, or one half of it, on one thread while another one is at it. Looked at by ThreadSanitizer.
+
+using namespace Steinberg;
+using namespace tessaly;
+using namespace tessaly::test;
+
+namespace
+{
+
+constexpr Vst::ParamID kMorph = 20;
+
+} // namespace
+
+TEST_CASE ("The processor ends on one thread while the controller is called on others, its message swallowed")
+{
+    for (int i = 0; i < 20; ++i)
+    {
+        StripInHost strip; // its connection drops messages off the main thread
+        auto& controller = strip.instance.Controller ();
+        std::atomic<int> ready = 0;
+        std::atomic<bool> ended = false;
+        const auto repeat = [&] (auto call)
+        {
+            ++ready;
+            for (int more = 50; more > 0; more -= ended ? 1 : 0)
+                call (more);
+        };
+        std::thread reader ( // parameter objects that are made anew under it would be a race
+            [&]
+            {
+                Vst::ParameterInfo info{};
+                repeat ([&] (int index) { controller.getParameterInfo (index % 22, info); });
+            });
+        std::thread worker (
+            [&]
+            {
+                while (ready < 2)
+                    std::this_thread::yield ();
+                strip.instance.Component ().terminate ();
+                ended = true;
+            });
+        double value = 0.0;
+        repeat ([&] (int) { controller.setParamNormalized (kMorph, value = 1.0 - value); });
+        reader.join ();
+        worker.join ();
+        CHECK (controller.getParameterCount () == 0);
+        CHECK (controller.setParamNormalized (kMorph, 1.0) == kResultFalse);
+    }
+}
+
+TEST_CASE ("The timer fires while a worker ends the instance")
+{
+    for (int i = 0; i < 50; ++i)
+    {
+        HandRunLoop loop;
+        loop.keepsHandlers = true;
+        StripInHost strip ({}, &loop);
+        strip.Set (kMorph, 1.0);
+        std::atomic<bool> ended = false;
+        std::thread worker (
+            [&]
+            {
+                strip.instance.Controller ().terminate ();
+                ended = true;
+            });
+        do
+            loop.FireLate ();
+        while (!ended);
+        worker.join ();
+        CHECK (OpenEdits (strip.calls) == 0);
+    }
+}
