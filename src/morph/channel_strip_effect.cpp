@@ -146,8 +146,7 @@ void ZChannel_StripEffect::ReadState (ZStream* stream)
     keyPointName = state.keyPointName;
     KPRD_Manager* manager = nullptr;
     if (GetInfo (kCodeKeyPointManager, &manager))
-        if (auto* entry = manager->FindByName (keyPointName.data ()))
-            manager->SetCurrent (entry);
+        manager->SetCurrent (manager->FindByName (keyPointName.data ()));
     PostEvent (kCodeStateReadEnds - kCodeFirstOfEffect, nullptr);
 }
 

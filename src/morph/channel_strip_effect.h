@@ -57,7 +57,8 @@ public:
     void WriteState (ZStream* stream) override;
 
     /// Takes the set and its name, then "Morph", then the parameters 0 to 19: edits win over the morph, and "Bypass" is
-    /// settled by the two section bypasses. A broken state changes no parameter, though the set may be new by then.
+    /// settled by the two section bypasses. The collection's current entry is the set's, or none when it is not there,
+    /// so that any entry can be chosen in its place. A broken state changes no parameter, though the set may be new by then.
     void ReadState (ZStream* stream) override;
 
     /// Why the state that was read last is broken; empty when it is not.

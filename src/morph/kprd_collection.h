@@ -13,7 +13,8 @@ class KPRD_CollectionImp
 public:
     virtual ~KPRD_CollectionImp () = default;
 
-    /// Appends what there is to `list`: entries of the top level, in any order. What cannot be read is left out.
+    /// Appends what there is to `list`: entries of the top level, in the same order each time. What cannot be read is left
+    /// out.
     virtual void Load (KPRD_Entries& list) = 0;
 };
 

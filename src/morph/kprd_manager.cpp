@@ -41,7 +41,8 @@ KPRD_Manager::KPRD_Manager (KPRD_MakeBackEnd factory)
 void KPRD_Manager::Load ()
 {
     KPRD_Collection (makeBackEnd).Load (roots);
-    std::sort (roots.begin (), roots.end (), [] (const auto& a, const auto& b) { return a->IsLess (*b); });
+    // Stable: of two folders or files of one name, that of the folder that was read first stays first.
+    std::stable_sort (roots.begin (), roots.end (), [] (const auto& a, const auto& b) { return a->IsLess (*b); });
     Rebuild ();
 }
 
@@ -60,9 +61,10 @@ void KPRD_Manager::AddSelects (std::uint32_t depth, const std::vector<KPRD_Data*
         selects.emplace_back (entry, depth);
         if (!entry->IsFolder () || !entry->IsExpanded ())
             continue;
-        std::vector<KPRD_Data*> children; // sorted for the eye alone: a walk by name keeps the order of the disk
+        std::vector<KPRD_Data*> children; // sorted for the eye alone: a walk by name keeps the back end's order
         entry->CopyChildren (children);
-        std::sort (children.begin (), children.end (), [] (const auto* a, const auto* b) { return a->IsLess (*b); });
+        std::stable_sort (children.begin (), children.end (),
+                          [] (const auto* a, const auto* b) { return a->IsLess (*b); });
         AddSelects (depth + 1, children);
     }
 }

@@ -31,7 +31,8 @@ public:
     /// Lists anew, after a folder has been opened or closed: folders first, the entries of an open one below it.
     void Rebuild ();
 
-    /// The first file of that name, case counting, in a walk through the tree that enters each folder at its place.
+    /// The first file of that name, case counting, in a walk through the tree that enters each folder at its place: the
+    /// sorted top level, where of equal names the one that was read first comes first.
     /// @return null when there is none; folders never match
     KPRD_Data* FindByName (const char* name) const;
 

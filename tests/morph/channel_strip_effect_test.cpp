@@ -158,7 +158,7 @@ TEST_CASE ("Edits win over the morph, \"Bypass\" follows the two sections, and w
     CHECK (strip.storage->GetDefaultPlain (8) == 57.0f);
 }
 
-TEST_CASE ("The set that the state names becomes the current entry of the collection when it is there")
+TEST_CASE ("The set that the state names becomes the collection's current entry, or none does")
 {
     class OneSet : public KPRD_CollectionImp
     {
@@ -174,7 +174,7 @@ TEST_CASE ("The set that the state names becomes the current entry of the collec
     CHECK (strip.Read (Ordinary ()));
     CHECK (manager->Current () == expected);
     CHECK (strip.Read (Tree (Format () + Chunk ("KPD ", KeyPoints ("Gone", 1)))));
-    CHECK (manager->Current () == expected);
+    CHECK (manager->Current () == nullptr);
 }
 
 TEST_CASE ("Trees of any layout are read: what is missing, unknown, short, long or beyond the end")

@@ -70,3 +70,23 @@ TEST_CASE ("KPRD_Manager: finds the first file of a name in the walk, but no fol
     CHECK (withContent (3) == manager.FindByName ("soft"));
     CHECK (withContent (4) == nullptr);
 }
+
+TEST_CASE ("KPRD_Manager: of equal names the one that was read first is found, however many there are")
+{
+    class SameNames : public KPRD_CollectionImp
+    {
+        void Load (KPRD_Entries& list) override
+        {
+            for (std::uint32_t i = 1; i <= 40; ++i) // sixteen do not make an unstable sort show
+            {
+                Add (list, { { i % 2 == 0 ? "Voice" : "voice", 0 } });
+                Add (list.back ()->Children (), { { "soft", i } });
+            }
+        }
+    };
+    KPRD_Manager manager ([] { return std::make_unique<SameNames> (); });
+    manager.Load ();
+    CHECK (manager.FindByName ("soft")->Size () == 1);
+    for (std::size_t i = 0; i < 40; ++i)
+        REQUIRE (manager.Roots ()[i]->Children ().front ()->Size () == i + 1);
+}

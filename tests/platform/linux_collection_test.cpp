@@ -42,6 +42,19 @@ KPRD_Entries Loaded (const std::vector<fs::path>& folders)
 
 } // namespace
 
+TEST_CASE ("Linux collection: entries come folder by folder, in the order of their names")
+{
+    const TempFolder first;
+    const TempFolder second;
+    for (const char* name : { "d", "b", "a", "e", "c", "f" })
+        (name[0] < 'd' ? first : second).Write (std::string (name) + ".kpd", "x");
+    first.Write ("z.kpd", "x");
+    std::string names;
+    for (const auto& entry : Loaded ({ first.Path (), second.Path () }))
+        names += entry->Name ();
+    CHECK (names == "abczdef");
+}
+
 TEST_CASE ("Linux collection: lists files of the extension, here and one level below, whole and with their bytes")
 {
     const TempFolder folder;

@@ -72,21 +72,24 @@ std::string SetName (std::string_view fileName)
 class Scan
 {
 public:
+    /// In the order of the names' bytes, whatever the disk's.
     void Read (DIR* folder, bool withFolders, KPRD_Entries& list)
     {
-        while (entriesLeft > 0 && bytesLeft > 0)
-        {
-            const dirent* found = readdir (folder);
-            if (found == nullptr)
-                return;
-            --entriesLeft;
-            const std::string name = found->d_name;
-            if (name != "." && name != ".." && IsUtf8 (name))
+        for (const auto& name : Names (folder))
+            if (bytesLeft > 0)
                 Add (dirfd (folder), name, withFolders, list);
-        }
     }
 
 private:
+    std::set<std::string> Names (DIR* folder)
+    {
+        std::set<std::string> names;
+        for (const dirent* found = nullptr; entriesLeft > 0 && (found = readdir (folder)) != nullptr; --entriesLeft)
+            if (const std::string_view name = found->d_name; name != "." && name != ".." && IsUtf8 (name))
+                names.emplace (name);
+        return names;
+    }
+
     void Add (int folder, const std::string& name, bool withFolders, KPRD_Entries& list)
     {
         struct stat status
