@@ -74,8 +74,7 @@ void HostWindow::Embed () const
     if (editor == 0)
         return;
     const auto info = x.Numbers (editor, "_XEMBED_INFO");
-    const bool wantsMapping = info.size () >= 2 && (info[1] & kXEmbedMapped) != 0;
-    if (wantsMapping)
+    if (info.size () < 2 || (info[1] & kXEmbedMapped) != 0)
         xcb_map_window (x.Get (), editor);
     else
         xcb_unmap_window (x.Get (), editor);
