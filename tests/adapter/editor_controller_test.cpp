@@ -27,6 +27,18 @@ struct RecordingEditor final : ZEffectListener
     std::string log; ///< the codes; "-" for null data
 };
 
+struct BusyEditor final : ZEffectListener
+{
+    bool OnEffectEvent (std::int32_t, void*) override
+    {
+        wasCalled.store (true, std::memory_order_relaxed); // orders nothing, so that a race shows
+        return ++calls > 0;
+    }
+    bool OnEffectEvent2 (std::int32_t, void*) override { return false; }
+    std::atomic<bool> wasCalled = false;
+    long calls = 0;
+};
+
 struct RecordingView final : EditorViewListener
 {
     explicit RecordingView (EditorController& of)
@@ -133,13 +145,16 @@ TEST_CASE ("No thread is inside an editor that has disconnected")
             for (bool on = false; !done; on = !on)
                 effect->SetBypass (on);
         });
-    for (int i = 0; i < 500; ++i)
+    for (int i = 0; i < 200; ++i)
     {
-        RecordingEditor editor; // gone right after it has disconnected: a late call would race with its end
+        BusyEditor editor; // gone right after it has disconnected: a late call would race with its end
         halves.controller->ConnectEditor (editor);
-        while (i % 100 == 0 && !effect->NotifyEditor (kCodeHookA, nullptr))
-            ;
+        while (!editor.wasCalled.load (std::memory_order_relaxed))
+            std::this_thread::yield ();
         halves.controller->DisconnectEditor (editor);
+        const auto calls = editor.calls;
+        std::this_thread::yield ();
+        CHECK (editor.calls == calls);
     }
     done = true;
     audio.join ();
