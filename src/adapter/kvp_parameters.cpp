@@ -4,6 +4,8 @@
 #include "parameter_storage_base.h"
 #include "strip_parameter.h"
 #include "text_conversion.h"
+#include <algorithm>
+#include <utility>
 
 namespace tessaly
 {
@@ -54,6 +56,12 @@ const char* TitleOfUnnamed (std::int32_t index)
 }
 
 } // namespace
+
+bool QuietParameter::setNormalized (Vst::ParamValue value)
+{
+    const auto before = std::exchange (valueNormalized, std::clamp (value, 0.0, 1.0));
+    return valueNormalized != before;
+}
 
 KVPParameter::KVPParameter (std::int32_t parameterIndex, const ZParameterStorageBase* parameterStorage)
     : index (parameterIndex)
@@ -106,14 +114,14 @@ Vst::ParamValue KVPParameter::toNormalized (Vst::ParamValue plain) const
 }
 
 KVPVuParameter::KVPVuParameter (std::int32_t meter)
-    : Parameter (STR16 ("VU"), kFirstMeterId + static_cast<std::uint32_t> (meter), nullptr, 0.0, 0,
-                 Vst::ParameterInfo::kIsReadOnly)
+    : QuietParameter (STR16 ("VU"), kFirstMeterId + static_cast<std::uint32_t> (meter), nullptr, 0.0, 0,
+                      Vst::ParameterInfo::kIsReadOnly)
 {
 }
 
 KVPMidiParameter::KVPMidiParameter (std::int32_t number)
-    : Parameter (STR16 ("MIDI"), kFirstMidiId + static_cast<std::uint32_t> (number), nullptr, 0.0, 0,
-                 Vst::ParameterInfo::kIsReadOnly)
+    : QuietParameter (STR16 ("MIDI"), kFirstMidiId + static_cast<std::uint32_t> (number), nullptr, 0.0, 0,
+                      Vst::ParameterInfo::kIsReadOnly)
 {
 }
 

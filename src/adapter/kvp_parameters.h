@@ -8,9 +8,17 @@ namespace tessaly
 
 class ZParameterStorageBase;
 
+/// A parameter object that tells nobody of its changes. The SDK's own does, under a lock, and nobody listens.
+class QuietParameter : public Steinberg::Vst::Parameter
+{
+public:
+    using Parameter::Parameter;
+    bool setNormalized (Steinberg::Vst::ParamValue value) override; ///< @return whether it changed
+};
+
 /// A host's view onto one parameter of the storage: title, unit, kind, default and all conversions come from there.
 /// The storage is not owned: the effect's; the controller removes these objects before it lets go of the effect.
-class KVPParameter final : public Steinberg::Vst::Parameter
+class KVPParameter final : public QuietParameter
 {
 public:
     /// Starts at the storage's default value of parameter `index`.
@@ -32,7 +40,7 @@ private:
 };
 
 /// A read-only meter, id kFirstMeterId + `meter`.
-class KVPVuParameter final : public Steinberg::Vst::Parameter
+class KVPVuParameter final : public QuietParameter
 {
 public:
     explicit KVPVuParameter (std::int32_t meter);
@@ -40,7 +48,7 @@ public:
 };
 
 /// A read-only MIDI controller, id kFirstMidiId + `number`.
-class KVPMidiParameter final : public Steinberg::Vst::Parameter
+class KVPMidiParameter final : public QuietParameter
 {
 public:
     explicit KVPMidiParameter (std::int32_t number);
