@@ -25,11 +25,13 @@ TEST_CASE ("canvas: lines, polygons and rectangles end at their pixels, only wha
     canvas.LineTo ({ 19, 5 });
     const ZPoint flat[]{ { 15, 7 }, { 19, 7 }, { 19, 8 }, { 15, 8 } };
     canvas.FramePolygon (flat);
+    canvas.SetLineWidth (2); // corners between two pixels
     const ZPoint triangle[]{ { 21, 1 }, { 27, 1 }, { 21, 7 } };
     canvas.FillPolygon (triangle);
     const ZPoint square[]{ { 28, 1 }, { 34, 1 }, { 34, 7 }, { 28, 7 }, { 28, 1 },
                            { 30, 3 }, { 30, 5 }, { 32, 5 }, { 32, 3 }, { 30, 3 } }; // and a hole in it
     canvas.FillPolygon (square);
+    canvas.SetLineWidth (1);
     canvas.FrameRect ({ 36, 1, 41, 5 });
     canvas.FillRect ({ 42, 1, 47, 5 });
     canvas.FrameRect ({ 48, 1, 49, 2 }); // as small as can be
@@ -52,6 +54,77 @@ TEST_CASE ("canvas: lines, polygons and rectangles end at their pixels, only wha
         ...............#####.......................................
         ...........................................................)",
                     test::kSmoothTolerance) == "");
+}
+
+TEST_CASE ("canvas: a filled polygon ends in the middle of the line through its points")
+{
+    const ZPoint square[]{ { 1, 1 }, { 6, 1 }, { 6, 4 }, { 1, 4 } };
+    for (const std::int32_t lineWidth : { 1, 2, 3 })
+    {
+        CAPTURE (lineWidth);
+        ZCairoCanvasImp filled (10, 8, 1.0);
+        filled.SetLineWidth (lineWidth);
+        filled.FillPolygon (square);
+        // Odd: the line's pixels are x 1 and 6, each half filled; even: the line lies between two pixels.
+        const auto half = lineWidth % 2 == 1;
+        CHECK (Compare (Picture (filled),
+                        half ? R"(
+            ..........
+            .255552...
+            .5####5...
+            .5####5...
+            .255552...
+            ..........
+            ..........
+            ..........)"
+                             : R"(
+            ..........
+            .#####....
+            .#####....
+            .#####....
+            ..........
+            ..........
+            ..........
+            ..........)",
+                        test::kSmoothTolerance) == "");
+    }
+}
+
+TEST_CASE ("canvas: a curve of whole points is drawn as lines and polygons are, others lie between")
+{
+    const std::vector<ZPoint> whole{ { 1, 1 }, { 5, 1 }, { 9, 6 }, { 12, 2 } };
+    const std::vector<ZPointF> same{ { 0.0, -1.0 }, { 4.0, -1.0 }, { 8.0, 4.0 }, { 11.0, 0.0 } };
+    for (const double scale : { 1.0, 1.5, 2.0 })
+    {
+        CAPTURE (scale);
+        ZCairoCanvasImp lines (14, 8, scale);
+        ZCairoCanvasImp curve (14, 8, scale);
+        for (auto* canvas : { &lines, &curve })
+            canvas->SetColor ({ 0, 0, 0 }, 128); // so that what is drawn twice is seen
+        lines.MoveTo (whole[0]);
+        for (const auto& point : whole)
+            if (&point != &whole[0])
+                lines.LineTo (point);
+        lines.FillPolygon (whole);
+        curve.DrawPolyline (same, { 1, 2 });
+        curve.FillPolygon (same, { 1, 2 });
+        CHECK (Picture (curve).IsLike (Picture (lines), 0));
+    }
+    ZCairoCanvasImp dense (4, 3, 2.0);
+    dense.SetLineWidth (2);
+    const std::vector<ZPointF> halves{ { 0.5, 0.5 }, { 2.5, 0.5 }, { 2.5, 1.5 }, { 0.5, 1.5 } };
+    dense.FillPolygon (halves, {});
+    CHECK (Compare (Picture (dense), R"(
+        ........
+        .####...
+        .####...
+        ........
+        ........
+        ........)") == "");
+    ZCairoCanvasImp line (4, 3, 2.0); // width 1: two of its pixels
+    const std::vector<ZPointF> level{ { 0.5, 0.5 }, { 2.5, 0.5 } };
+    line.DrawPolyline (level, {});
+    CHECK (Picture (line).InkBox () == ZRect{ 1, 1, 7, 3 }); // with round ends
 }
 
 TEST_CASE ("canvas: clips nest, hold for all, and an ellipse reaches a pixel left of and above its rectangle")
@@ -134,6 +207,10 @@ TEST_CASE ("canvas: any number is taken, as size, scale, coordinate or width")
         canvas.FramePolygon (far);
         canvas.FillPolygon (far);
         canvas.FillPolygon ({});
+        const ZPointF lost[]{ { 1e300, std::numeric_limits<double>::quiet_NaN () }, { -1e300, 0.5 }, { 0.5, 1e300 } };
+        canvas.DrawPolyline (lost, { kMost, kLeast });
+        canvas.FillPolygon (lost, {});
+        canvas.DrawPolyline ({}, {});
         canvas.SetFont ("Arial", kMost, -1);
         canvas.DrawText ("x", all, kMost);
         canvas.SetFont ("", kLeast, 0);

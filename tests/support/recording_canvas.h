@@ -89,6 +89,12 @@ public:
             Write ("FramePolygon", point);
     }
     void FillPolygon (std::span<const ZPoint>) override {}
+    void DrawPolyline (std::span<const ZPointF> points, ZPoint offset) override
+    {
+        for (const auto& point : points)
+            Write ("DrawPolyline", point.x + offset.x, point.y + offset.y);
+    }
+    void FillPolygon (std::span<const ZPointF>, ZPoint) override {}
     void SetFont (std::string_view name, std::int32_t pixels, std::int32_t style) override
     {
         Write ("SetFont", name, pixels, style);

@@ -3,6 +3,7 @@
 #include "cairo_bitmap_imp.h"
 #include <algorithm>
 #include <cairo.h>
+#include <cmath>
 #include <cstdlib>
 #include <iterator>
 #include <limits>
@@ -25,6 +26,24 @@ ZPoint Near (ZPoint point)
 {
     return { std::clamp (point.x, -kFarthestPoint, kFarthestPoint),
              std::clamp (point.y, -kFarthestPoint, kFarthestPoint) };
+}
+
+/// NaN goes to the edge on the left or above.
+ZPointF Near (ZPointF point, ZPoint offset)
+{
+    constexpr double kFar = kFarthestPoint;
+    return { std::fmin (std::fmax (point.x + offset.x, -kFar), kFar),
+             std::fmin (std::fmax (point.y + offset.y, -kFar), kFar) };
+}
+
+bool IsWhole (const ZPointF& point)
+{
+    return std::trunc (point.x) == point.x && std::trunc (point.y) == point.y;
+}
+
+ZPoint Whole (const ZPointF& point)
+{
+    return { static_cast<std::int32_t> (point.x), static_cast<std::int32_t> (point.y) };
 }
 
 /// The far corner of an area as large as `rect` at `from` may not fit; what does not fit is not there anyway.
@@ -182,15 +201,18 @@ void ZCairoCanvasImp::StrokePath ()
 
 void ZCairoCanvasImp::LineTo (ZPoint point)
 {
-    const ZPoint from = Near (std::exchange (pen, point));
-    const ZPoint to = Near (point);
+    DrawSegment (Near (std::exchange (pen, point)), Near (point));
+}
+
+void ZCairoCanvasImp::DrawSegment (ZPoint from, ZPoint to)
+{
     if (lineWidth == 1 && (from.x == to.x || from.y == to.y))
     {
         StraightLine (from, to);
         return;
     }
     const ZPoint ends[]{ from, to };
-    AddPolygon (ends, PenShift ());
+    AddPolygon (ends);
     StrokePath ();
 }
 
@@ -239,25 +261,59 @@ void ZCairoCanvasImp::FillRect (const ZRect& rect)
     FillPath ();
 }
 
-void ZCairoCanvasImp::AddPolygon (std::span<const ZPoint> points, double shift)
+/// Adds a point to the path, where a line of the present width has its middle.
+void ZCairoCanvasImp::AddPoint (double x, double y)
+{
+    const double shift = lineWidth % 2 == 1 ? 0.5 : 0.0;
+    cairo_line_to (context.get (), grid.X ().Exact (x + shift), grid.Y ().Exact (y + shift));
+}
+
+void ZCairoCanvasImp::AddPolygon (std::span<const ZPoint> points)
 {
     for (const auto& far : points)
     {
         const ZPoint point = Near (far);
-        cairo_line_to (context.get (), grid.X ().Exact (point.x + shift), grid.Y ().Exact (point.y + shift));
+        AddPoint (point.x, point.y);
+    }
+}
+
+void ZCairoCanvasImp::AddPolygon (std::span<const ZPointF> points, ZPoint offset)
+{
+    for (const auto& far : points)
+    {
+        const ZPointF point = Near (far, offset);
+        AddPoint (point.x, point.y);
     }
 }
 
 void ZCairoCanvasImp::FramePolygon (std::span<const ZPoint> points)
 {
-    AddPolygon (points, PenShift ());
+    AddPolygon (points);
     cairo_close_path (context.get ());
     StrokePath ();
 }
 
 void ZCairoCanvasImp::FillPolygon (std::span<const ZPoint> points)
 {
-    AddPolygon (points, 0.0);
+    AddPolygon (points);
+    FillPath ();
+}
+
+void ZCairoCanvasImp::DrawPolyline (std::span<const ZPointF> points, ZPoint offset)
+{
+    if (!std::all_of (points.begin (), points.end (), IsWhole))
+    {
+        AddPolygon (points, offset);
+        StrokePath ();
+        return;
+    }
+    for (std::size_t i = 1; i < points.size (); ++i)
+        DrawSegment (Whole (Near (points[i - 1], offset)), Whole (Near (points[i], offset)));
+}
+
+void ZCairoCanvasImp::FillPolygon (std::span<const ZPointF> points, ZPoint offset)
+{
+    AddPolygon (points, offset);
     FillPath ();
 }
 

@@ -19,8 +19,9 @@ namespace tessaly
 /// smoothed. So nothing half covered is left at their edges, and a repaint through a clip gives what the first painting
 /// gave. This holds for the ellipse clip too. Lines and outlines are smoothed. They run through the middle of
 /// coordinates' pixels when their width is odd and between two when it is even, so that level and upright ones are
-/// sharp; those of width 1 cover exactly the rectangles of their coordinates. Filled polygons are smoothed, and their
-/// corners are coordinates' top left ones, so that an upright one covers what FillRect covers.
+/// sharp; those of width 1 cover exactly the rectangles of their coordinates. Filled polygons are smoothed and end where
+/// an outline of the same points and the present line width runs; with an even width an upright one covers what FillRect
+/// covers.
 class ZCairoCanvasImp final : public ZCanvasImp
 {
 public:
@@ -53,6 +54,8 @@ public:
     void FillRect (const ZRect& rect) override;
     void FramePolygon (std::span<const ZPoint> points) override;
     void FillPolygon (std::span<const ZPoint> points) override;
+    void DrawPolyline (std::span<const ZPointF> points, ZPoint offset) override;
+    void FillPolygon (std::span<const ZPointF> points, ZPoint offset) override;
 
     void SetFont (std::string_view name, std::int32_t pixels, std::int32_t style) override;
     void SetFontSize (std::int32_t index,
@@ -92,8 +95,10 @@ private:
     void FillPath ();
     void StrokePath ();
     void StraightLine (ZPoint from, ZPoint to);
-    void AddPolygon (std::span<const ZPoint> points, double shift);
-    double PenShift () const { return lineWidth % 2 == 1 ? 0.5 : 0.0; }
+    void AddPoint (double x, double y);
+    void AddPolygon (std::span<const ZPoint> points);
+    void AddPolygon (std::span<const ZPointF> points, ZPoint offset);
+    void DrawSegment (ZPoint from, ZPoint to);
     void Copy (const CopySource& source, const ZRect& rect, const ZRect& from, const CopyBlend& blend);
     CopySource Pixels () const;
 

@@ -1,6 +1,7 @@
 #include "canvas.h"
 
 #include "bitmap.h"
+#include <cmath>
 
 namespace tessaly
 {
@@ -76,6 +77,26 @@ void ZCanvas::FillPolygon (std::span<ZPoint> points)
     const DevicePoints moved (points, origin);
     GetImp ().FillPolygon (points);
     modified = true;
+}
+
+void ZCanvas::DrawPolyline (std::span<const ZPointF> points)
+{
+    GetImp ().DrawPolyline (points, origin);
+    modified = true;
+}
+
+void ZCanvas::FillPolygon (std::span<const ZPointF> points)
+{
+    GetImp ().FillPolygon (points, origin);
+    modified = true;
+}
+
+ZPointF ZCanvas::ToDevicePixel (ZPointF point) const
+{
+    const auto scale = GetScale ();
+    const auto nearest = [scale] (double coordinate, std::int32_t shift)
+    { return std::floor ((coordinate + shift) * scale + 0.5) / scale - shift; };
+    return { nearest (point.x, origin.x), nearest (point.y, origin.y) };
 }
 
 void ZCanvas::SetFont (std::string_view name, std::int32_t pixels, std::int32_t style)

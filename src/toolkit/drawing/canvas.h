@@ -65,6 +65,12 @@ public:
     void FramePolygon (std::span<ZPoint> points); ///< writes to the points while it runs; they come back as they were
     void FillPolygon (std::span<ZPoint> points);  ///< likewise
 
+    // Curves; see ZCanvasImp. A curve that is sharp at any density has a point for each device pixel: a step of
+    // 1 / GetScale () a point, put on the pixels by ToDevicePixel.
+    void DrawPolyline (std::span<const ZPointF> points);
+    void FillPolygon (std::span<const ZPointF> points);
+    ZPointF ToDevicePixel (ZPointF point) const; ///< the nearest one that is whole in pixels of the surface
+
     void SetFont (std::string_view name, std::int32_t pixels, std::int32_t style);
     void SetFontSize (std::int32_t index, std::int32_t style); ///< index 0 to 4, of kFontSizes
     std::int32_t GetFontSize () const { return GetImp ().GetFontSize (); }

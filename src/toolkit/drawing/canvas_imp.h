@@ -67,7 +67,12 @@ public:
     virtual void FrameRect (const ZRect& rect) = 0; ///< on left, top, right - 1 and bottom - 1
     virtual void FillRect (const ZRect& rect) = 0;
     virtual void FramePolygon (std::span<const ZPoint> points) = 0; ///< closed
-    virtual void FillPolygon (std::span<const ZPoint> points) = 0;  ///< even-odd
+    virtual void FillPolygon (std::span<const ZPoint> points) = 0;  ///< even-odd; an outline of its points runs on them
+
+    // Curves, with points between whole coordinates for surfaces that are denser. All points are moved by `offset`. With
+    // whole points both draw what MoveTo and LineTo, or FillPolygon above, draw. The pen stays where it is.
+    virtual void DrawPolyline (std::span<const ZPointF> points, ZPoint offset) = 0;
+    virtual void FillPolygon (std::span<const ZPointF> points, ZPoint offset) = 0;
 
     virtual void SetFont (std::string_view name, std::int32_t pixels, std::int32_t style) = 0; ///< name: UTF-8
     virtual void SetFontSize (std::int32_t index, std::int32_t style) = 0; ///< "Arial" in kFontSizes [index]

@@ -16,6 +16,15 @@ struct ZPoint
     friend ZPoint operator- (ZPoint a, ZPoint b) { return { a.x - b.x, a.y - b.y }; }
 };
 
+/// A point between whole coordinates.
+struct ZPointF
+{
+    double x = 0.0;
+    double y = 0.0;
+
+    friend bool operator== (const ZPointF&, const ZPointF&) = default;
+};
+
 /// A rectangle in whole pixels; right and bottom are exclusive. Where a rectangle is optional, the all-zero one means
 /// that none is set.
 struct ZRect

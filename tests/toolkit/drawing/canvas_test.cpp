@@ -36,3 +36,19 @@ TEST_CASE ("ZCanvas: every coordinate moves by the origin, what is empty draws n
                                   "CopyCanvas 110,70,130,90 from 0,0", "DrawBitmapKeyed knob 105,55,109,59 from 7,8",
                                   "DrawBitmap knob 105,55,109,59 from 7,8" });
 }
+
+TEST_CASE ("ZCanvas: points of a curve move by the origin, and are put on the pixels of the surface")
+{
+    RecordingCanvasImp back;
+    ZOnscreenCanvas canvas (back);
+    canvas.SetOrigin ({ 1, 10 });
+    const std::vector<ZPointF> curve{ { 0.5, 1.25 } };
+    canvas.DrawPolyline (curve);
+    CHECK (canvas.IsModified ());
+    CHECK (back.Take () == Calls{ "DrawPolyline 1.5 11.25" });
+    CHECK (canvas.ToDevicePixel ({ 0.4, 1.5 }) == ZPointF{ 0.0, 2.0 });
+    back.scale = 2.0;
+    CHECK (canvas.ToDevicePixel ({ 0.4, 1.6 }) == ZPointF{ 0.5, 1.5 });
+    back.scale = 1.5; // the origin lies between two pixels
+    CHECK (canvas.ToDevicePixel ({ 0.0, 0.0 }).x == doctest::Approx (1.0 / 3.0));
+}
