@@ -153,11 +153,25 @@ void ZGuiEditor::ForgetPane (const ZPane& pane)
                 collection->Remove (collection->At (i));
 }
 
+void ZGuiEditor::RemoveChildren (const ZView& view)
+{
+    for (auto i = view.GetPaneCount () - 1; i >= 0; --i)
+    {
+        auto* child = view.GetPane (i);
+        if (const auto* inner = dynamic_cast<ZView*> (child))
+            RemoveChildren (*inner);
+        views.Remove (child); // nothing if another pane owns it, as a hover view its layers
+    }
+}
+
 bool ZGuiEditor::Remove (ZPane* pane)
 {
-    if (views.Remove (pane) == nullptr) // its end does the rest
+    if (!views.Contains (pane))
         return false;
-    Invalidate (true); // what it covered has to appear, an open field or menu of it included
+    if (const auto* view = dynamic_cast<ZView*> (pane))
+        RemoveChildren (*view);
+    views.Remove (pane); // its end does the rest
+    Invalidate (true);   // what it covered has to appear, an open field or menu of it included
     return true;
 }
 

@@ -67,7 +67,7 @@ public:
     /// Draws what changed on a canvas that keeps its pixels. @param update  to be drawn anyway; zero: nothing
     virtual void Draw (ZCanvas& canvas, const ZRect& update, std::uint32_t time);
     void Redraw (const ZRect& rect); ///< the next pass draws the panel anew if the rectangle touches it
-    void Invalidate (bool all);      ///< true: the next pass draws everything
+    void Invalidate (bool all);      ///< true: the next pass draws everything; false: nothing more
     bool NeedsRedraw () const;
     ZPane* PaneAt (ZEvent& event, const ZMouseInput& mouse); ///< the topmost that takes the mouse there, or null
 
@@ -106,6 +106,7 @@ public:
     void ForgetPane (const ZPane& pane) override;
     std::unique_ptr<ZTextEditImp> CreateTextEditImp () override { return wrapper.CreateTextEditImp (); }
     std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () override { return wrapper.CreateMenuImp (); }
+    void ShowCursor () override { wrapper.ShowCursor (); }
     void CreateTooltip () override;
     void ShowTooltip (ZPane& pane) override;
     void HideTooltip () override;
@@ -118,12 +119,12 @@ public:
     void SetActiveById (std::int32_t tag, bool on);
     void SetMouseEnabledById (std::int32_t tag, bool on);
 
-    // Building. The editor owns what it is given, until Remove or Close, and hands back a borrowed pointer
+    // Building. The editor owns what it is given, until Remove or Close, and hands back a borrowed pointer; null for null
     template <std::derived_from<ZPane> Pane>
     Pane* AddView (std::unique_ptr<Pane> pane) ///< owned, in no view yet
     {
         auto* added = pane.get ();
-        views.Add (std::move (pane));
+        views.Add (std::move (pane)); // which refuses null, as the other collections do
         return added;
     }
     template <std::derived_from<ZPane> Pane>
@@ -137,7 +138,8 @@ public:
     Control* AddControl (ZView& view, std::unique_ptr<Control> control) ///< its tag is a parameter's id or above them
     {
         auto* added = AddPane (view, std::move (control));
-        Attach (*added);
+        if (added != nullptr)
+            Attach (*added);
         return added;
     }
     template <std::derived_from<ZControl> Meter>
@@ -147,7 +149,7 @@ public:
         meters.Add (added);
         return added;
     }
-    bool Remove (ZPane* pane); ///< ends it. @return false for what the editor does not own
+    bool Remove (ZPane* pane); ///< ends it and what is in it. @return false for what the editor does not own
 
     /// For a control that another pane owns: gives it the storage, and its wishes reach the editor.
     bool Attach (ZControl& control);
@@ -156,6 +158,7 @@ public:
     ZBitmap* GetBitmap (std::string_view name);
 
     const ZTemplatePaneCollection<ZControl>& GetControls () const { return controls; }
+    const ZTemplatePaneCollection<ZControl>& GetMeters () const { return meters; }
 
 protected:
     ZParameterStorageBase* GetStorage () const { return storage; } ///< null while closed or without an effect
@@ -174,8 +177,18 @@ protected:
 
     virtual void PollParameters ();
     virtual void PollMeters ();
+    /// The storage has other values than the controls: calls ParameterChanged for each that differs, in the order of
+    /// ids. An override may call it for some before; those do not differ any more.
+    virtual void ShowChangedParameters ();
+    const std::vector<float>& GetCurrentValues () const { return currentValues; } ///< of the storage, in this tick
+    const std::vector<float>& GetLastValues () const { return lastValues; }       ///< as the controls were given them
 
-    // One for each event of the effect. They may come while the editor is closed
+    /// Whether an event of the effect's own, from kCodeFirstOfEffect on, is taken: OnOwnEvent then gets it. Called on the
+    /// thread that caused the event, at any time. ParkedEvents::kOwnCodes codes can be taken.
+    virtual bool TakesOwnEvent (std::int32_t /*code*/) const { return false; }
+
+    // One for each event of the effect, on the user-interface thread. They may come while the editor is closed. Where the
+    // data is an object of the effect, null says that it goes: nothing of it may be kept
     virtual void OnCore (ZPluginCore* /*core*/) {}
     virtual void OnStorage (ZParameterStorageBase* newStorage);
     virtual void OnVuBuffer (ZVuBuffer* newMeters);
@@ -188,9 +201,11 @@ protected:
     virtual void OnMeterArgument (std::int32_t /*samples*/) {}
     virtual void OnParameterPosted (std::int32_t id); ///< the effect wrote it itself; kEveryPane: any of them
     virtual void OnChannelCount (std::int32_t count) { channelCount = count; }
+    virtual void OnOwnEvent (std::int32_t /*code*/) {} ///< without its data, which may be gone by now
 
 private:
     void ReleasePanes ();
+    void RemoveChildren (const ZView& view);
     void ReadEffect ();
     void ShowAllParameters ();
     void CarryOutEvents ();

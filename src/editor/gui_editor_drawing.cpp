@@ -62,8 +62,8 @@ void ZGuiEditor::Redraw (const ZRect& rect)
 
 void ZGuiEditor::Invalidate (bool all)
 {
-    if (IsOpen ())
-        rootView->SetDirty (all);
+    if (all && IsOpen ())
+        rootView->SetDirty (true);
 }
 
 bool ZGuiEditor::NeedsRedraw () const

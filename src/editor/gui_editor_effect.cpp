@@ -21,6 +21,8 @@ bool IsNews (float value, float known)
 
 bool ZGuiEditor::OnEffectEvent (std::int32_t code, void* data)
 {
+    if (code >= kCodeFirstOfEffect && !TakesOwnEvent (code))
+        return false;
     if (!parked.Park (code, data))
         return false;
     if (std::this_thread::get_id () == uiThread.load (std::memory_order_relaxed))
@@ -69,6 +71,9 @@ void ZGuiEditor::CarryOutEvents ()
     }
     if (events.Has (kCodeNumInputs))
         OnChannelCount (events.channels);
+    for (std::int32_t own = 0; own < ParkedEvents::kOwnCodes; ++own)
+        if (events.HasOwn (own))
+            OnOwnEvent (kCodeFirstOfEffect + own);
 }
 
 void ZGuiEditor::OnStorage (ZParameterStorageBase* newStorage)
@@ -120,10 +125,15 @@ void ZGuiEditor::PollParameters ()
     storage->GetValues (currentValues);
     if (currentValues == lastValues)
         return;
+    ShowChangedParameters ();
+    lastValues = currentValues;
+}
+
+void ZGuiEditor::ShowChangedParameters ()
+{
     for (std::size_t i = 0; i < currentValues.size (); ++i)
         if (i >= lastValues.size () || IsNews (currentValues[i], lastValues[i]))
             ParameterChanged (static_cast<std::int32_t> (i), currentValues[i]);
-    lastValues = currentValues;
 }
 
 void ZGuiEditor::PollMeters ()

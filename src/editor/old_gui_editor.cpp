@@ -33,8 +33,9 @@ ZView* ZOldGuiEditor::CreatePage (const ZRect& rect)
 
 void ZOldGuiEditor::ShowPage (Page& shown, Page& hidden)
 {
-    if (shown.view != nullptr)
-        shown.view->Show ();
+    if (shown.view == nullptr)
+        return;
+    shown.view->Show ();
     if (hidden.view != nullptr)
         hidden.view->Hide ();
 }

@@ -18,6 +18,7 @@ public:
     /// Makes the page in the image's size, or gives the page that is there another image. Nothing while closed.
     void SetFrontBackground (std::string_view name) { SetBackground (front, name); }
     void SetBackBackground (std::string_view name) { SetBackground (back, name); }
+    // Without that page nothing changes
     void ShowFront () { ShowPage (front, back); }
     void ShowBack () { ShowPage (back, front); }
     ZView* GetFrontView () const { return front.view; } ///< null before it is made

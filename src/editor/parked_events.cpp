@@ -36,6 +36,11 @@ void KeepObject (std::atomic<T*>& slot, void* object)
 
 bool ParkedEvents::Park (std::int32_t code, void* data)
 {
+    if (code >= kCodeFirstOfEffect && code < kCodeFirstOfEffect + kOwnCodes)
+    {
+        ownCodes.fetch_or (1u << (code - kCodeFirstOfEffect), std::memory_order_release);
+        return true;
+    }
     if (!IsSent (code) || (NeedsData (code) && data == nullptr))
         return false;
     switch (code)
@@ -89,6 +94,7 @@ void ParkedEvents::ParkParameter (std::int32_t id)
 EffectEvents ParkedEvents::Take ()
 {
     EffectEvents taken;
+    taken.ownCodes = ownCodes.exchange (0, std::memory_order_acquire);
     taken.codes = codes.exchange (0, std::memory_order_acquire);
     if (taken.codes == 0)
         return taken;

@@ -24,7 +24,10 @@ struct EffectEvents
         return (parameters[static_cast<std::size_t> (id / 64)] >> (id % 64) & 1) != 0;
     }
 
-    std::uint32_t codes = 0; // a bit for each EffectCode; the rest is good where its bit is set
+    bool HasOwn (std::int32_t own) const { return (ownCodes >> own & 1) != 0; } ///< kCodeFirstOfEffect + own
+
+    std::uint32_t codes = 0;    // a bit for each EffectCode; the rest is good where its bit is set
+    std::uint32_t ownCodes = 0; // likewise for the events of the effect's own
     ZPluginCore* core = nullptr;
     ZParameterStorageBase* storage = nullptr;
     ZVuBuffer* meters = nullptr;
@@ -46,6 +49,8 @@ struct EffectEvents
 class ParkedEvents
 {
 public:
+    static constexpr std::int32_t kOwnCodes = 32; // events of the effect's own, from kCodeFirstOfEffect on
+
     /// @param code  of EffectCode  @param data  as stated there; a posted id beyond EffectEvents::kParameters counts as
     ///              "every parameter"
     /// @return false, and nothing is kept, for a code that an effect does not send or without the data that it needs
@@ -56,6 +61,7 @@ private:
     void ParkParameter (std::int32_t id);
 
     std::atomic<std::uint32_t> codes = 0;
+    std::atomic<std::uint32_t> ownCodes = 0;
     std::atomic<ZPluginCore*> core = nullptr; // not owned: the effect's, as the next three
     std::atomic<ZParameterStorageBase*> storage = nullptr;
     std::atomic<ZVuBuffer*> meters = nullptr;

@@ -1,8 +1,8 @@
 #include "knee_switch.h"
 
 #include "canvas.h"
+#include "list_steps.h"
 #include "truncate.h"
-#include "value_index.h"
 #include <algorithm>
 
 namespace tessaly
@@ -54,7 +54,7 @@ void ZAMX_KneeSwitch::Choose (std::int32_t index)
 {
     if (index == GetIndex ())
         return;
-    BroadcastValue (GetId (), IndexToValue (index, GetStep ()));
+    BroadcastValue (GetId (), IntToNormalized (index, GetStep ()));
     SetDirty (true);
 }
 

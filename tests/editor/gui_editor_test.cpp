@@ -1,6 +1,7 @@
 #include "gui_editor.h"
 
 #include "editor_fixture.h"
+#include "slider.h"
 #include <atomic>
 #include <cmath>
 #include <doctest/doctest.h>
@@ -206,7 +207,7 @@ TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: takes the effect's events, and ask
     CHECK (GetChannelCount () == 2);
     CHECK (OnEffectEvent (kCodeSampleRate, &newRate));
     CHECK (rate == 192000.0);
-    for (auto code : { 0, 11, 14, -1, 10000 })
+    for (auto code : { 0, 11, 14, -1, 9999, 10000, 10032 })
         CHECK_FALSE (OnEffectEvent (code, &number));
     for (auto code : { 5, 6, 9, 10, 12, 13 })
         CHECK_FALSE (OnEffectEvent (code, nullptr));
@@ -226,6 +227,128 @@ TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: takes the effect's events, and ask
     CHECK (OnEffectEvent (kCodeStorage, nullptr)); // it is gone: nothing may look at it any more
     CHECK (OnEffectEvent (kCodeVuBuffer, nullptr));
     Tick ();
+    SetParameter (0, 0.25f);
+    CHECK (wrapper.written.empty ());
+}
+
+namespace
+{
+
+/// Shows parameter 3 before all others, and hears of everything that is the effect's own.
+struct OwnEventsFixture : SmallFixture
+{
+    std::vector<std::int32_t> heard;
+    std::vector<void*> adopted; // null: let go
+
+    bool TakesOwnEvent (std::int32_t code) const override { return code != kCodeFirstOfEffect; }
+    void OnOwnEvent (std::int32_t code) override { heard.push_back (code); }
+    void OnCore (ZPluginCore* core) override { adopted.push_back (core); }
+    void OnStorage (ZParameterStorageBase* adoptedStorage) override
+    {
+        SmallFixture::OnStorage (adoptedStorage);
+        adopted.push_back (adoptedStorage);
+    }
+    void ShowChangedParameters () override
+    {
+        ParameterChanged (3, GetCurrentValues ()[3]);
+        SmallFixture::ShowChangedParameters ();
+    }
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE (OwnEventsFixture, "ZGuiEditor: the effect's own events wait for the user-interface thread")
+{
+    Open ({});
+    bool taken = false;
+    bool refused = true;
+    std::thread (
+        [&]
+        {
+            int gone = 0;
+            taken = OnEffectEvent (kCodeFirstOfEffect + 4, &gone) && OnEffectEvent (kCodeFirstOfEffect + 31, nullptr);
+            refused = !OnEffectEvent (kCodeFirstOfEffect, nullptr) && !OnEffectEvent (kCodeFirstOfEffect + 32, nullptr);
+        })
+        .join ();
+    CHECK ((taken && refused));
+    CHECK (heard.empty ());
+    Tick ();
+    CHECK (heard == std::vector{ kCodeFirstOfEffect + 4, kCodeFirstOfEffect + 31 });
+}
+
+TEST_CASE_FIXTURE (OwnEventsFixture, "ZGuiEditor: a derived editor hears that the effect's objects go")
+{
+    Open ({});
+    OnEffectEvent (kCodeCore, nullptr);
+    OnEffectEvent (kCodeStorage, nullptr);
+    CHECK (adopted == std::vector<void*>{ nullptr, nullptr });
+}
+
+TEST_CASE_FIXTURE (OwnEventsFixture, "ZGuiEditor: a derived poll shows one parameter first, changed or not")
+{
+    Open ({});
+    Tick ();
+    changed.clear ();
+    wrapper.storage.SetNormalized (1, 0.5f);
+    Tick ();
+    Tick (); // nothing differs
+    CHECK (changed == std::vector{ 3, 1 });
+    changed.clear ();
+    wrapper.storage.SetNormalized (0, 0.5f);
+    wrapper.storage.SetNormalized (3, 0.5f);
+    Tick ();
+    CHECK (changed == std::vector{ 3, 0 });
+    CHECK (GetLastValues () == GetCurrentValues ());
+}
+
+TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: Invalidate (false) loses no pending redraw")
+{
+    Open ({});
+    Invalidate (false);
+    CHECK (NeedsRedraw ());
+}
+
+TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: takes no null pane, control or meter")
+{
+    Open ({});
+    CHECK (AddControl (*GetRootView (), std::unique_ptr<ZControl> ()) == nullptr);
+    CHECK (AddMeter (*GetRootView (), std::unique_ptr<ZControl> ()) == nullptr);
+    CHECK (AddPane (*GetRootView (), std::unique_ptr<ZPane> ()) == nullptr);
+    CHECK (GetControls ().GetCount () == 3);
+    CHECK (GetMeters ().GetCount () == 1);
+}
+
+TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: Remove ends a view with all that is in it")
+{
+    Open ({});
+    auto* page = AddPane (*GetRootView (), std::make_unique<ZView> (this, ZRect{ 0, 0, 40, 40 }));
+    auto* inner = AddPane (*page, std::make_unique<ZView> (this, ZRect{ 0, 0, 40, 40 }));
+    AddProbe (*inner, { 0, 0, 40, 40 }, 5);
+    CHECK (Press ({ 5, 5 })); // on the probe
+    CHECK (Remove (page));
+    CHECK (GetControls ().GetCount () == 3);
+    CHECK_FALSE (Drag ({ 6, 6 }));
+    CHECK (GetFocusPane () == nullptr);
+    CHECK_FALSE (Remove (page)); // gone
+}
+
+TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: closing in an endless drag shows the cursor and captures nothing")
+{
+    Open ({});
+    auto* slider = AddControl (*GetRootView (), std::make_unique<ZSlider> (this, ZRect{ 0, 0, 100, 10 }, 0));
+    slider->SetDragMode (kSliderEndless);
+    CHECK (Press ({ 5, 5 }));
+    CHECK (window.cursorShown == 0);
+    SUBCASE ("by Close")
+    {
+        Close ();
+    }
+    SUBCASE ("by Remove")
+    {
+        Remove (slider);
+    }
+    CHECK (wrapper.cursorsShown == 1);
+    CHECK (GetCapturePane () == nullptr);
 }
 
 TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: what another thread posts is carried out in the next tick")

@@ -99,3 +99,12 @@ TEST_CASE_FIXTURE (HoverFixture, "ZOldHoverGuiEditor: the upper layer moves over
     CHECK (Press ({ 45, 5 }));
     CHECK (GetCapturePane () == upperControl);
 }
+
+TEST_CASE_FIXTURE (PlainFixture, "ZOldGuiEditor: showing a page that is not there changes nothing")
+{
+    Open ({});
+    CHECK (Remove (GetBackView ()));
+    CHECK (GetControls ().GetCount () == 1); // its control went with it
+    ShowBack ();
+    CHECK (GetFrontView ()->IsVisible ());
+}

@@ -35,6 +35,7 @@ public:
     Words_t loaded;     // names of images
     Words_t tooltipLog; // what the tooltip of the window showed
     ZPoint size;        // as last asked for
+    int cursorsShown = 0;
 
     bool QueryEffect (std::int32_t, void*) override { return false; }
     bool GetInfo (std::int32_t kind, void* out) override
@@ -57,6 +58,7 @@ public:
         storage.SetNormalized (tag, value);
     }
     void EndEdit (std::int32_t) override {}
+    void ShowCursor () override { ++cursorsShown; }
     void ResizeTo (std::int32_t width, std::int32_t height) override { size = { width, height }; }
     std::unique_ptr<ZBitmapImp> CreateBitmap (std::string_view name) override
     {

@@ -67,6 +67,7 @@ public:
     void ForgetPane (const ZPane& pane) override { ReleaseModalPane (pane); }
     std::unique_ptr<ZTextEditImp> CreateTextEditImp () override { return nullptr; }
     std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () override { return nullptr; }
+    void ShowCursor () override { window.ShowCursor (); }
     void CreateTooltip () override {}
     void ShowTooltip (ZPane&) override {}
     void HideTooltip () override {}

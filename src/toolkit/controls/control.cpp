@@ -1,8 +1,8 @@
 #include "control.h"
 
 #include "event.h"
+#include "list_steps.h"
 #include "parameter_storage_base.h"
-#include "value_index.h"
 #include <algorithm>
 #include <cmath>
 
@@ -56,12 +56,12 @@ void ZControl::SetValueById (std::int32_t controlId, float newValue)
 
 void ZControl::SetIndex (std::int32_t index)
 {
-    SetValue (IndexToValue (index, GetStep ()));
+    SetValue (IntToNormalized (index, GetStep ()));
 }
 
 std::int32_t ZControl::GetIndex () const
 {
-    return ValueToIndex (value, GetStep ());
+    return NormalizedToInt (value, GetStep ());
 }
 
 bool ZControl::MouseDown (ZEvent& event, const ZMouseInput& mouse)

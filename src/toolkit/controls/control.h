@@ -28,7 +28,8 @@ public:
     // The value, normalized. Setters neither clamp nor broadcast.
     virtual void SetValue (float newValue); ///< the present one changes nothing, so nothing is painted again
     float GetValue () const { return value; }
-    virtual void SetValueById (std::int32_t controlId, float newValue); ///< kEveryPane has no meaning here
+    /// Every control hears of every id: one that shows other parameters, too, overrides this. kEveryPane has no meaning.
+    virtual void SetValueById (std::int32_t controlId, float newValue);
     void SetPlainValue (float plain) { SetValue (FromPlain (plain)); }
     float GetPlainValue () const { return ToPlain (value); }
     void SetBool (bool on) { SetValue (on ? 1.0f : 0.0f); }
@@ -78,11 +79,7 @@ public:
 
 protected:
     const ZParameterStorageBase* GetStorage () const { return storage; }
-    bool HasParameter () const; ///< whether the storage knows the id
-    bool HasValueText () const  ///< whether there is a way to say a value as a text
-    {
-        return converters.toText != nullptr || HasParameter ();
-    }
+    bool HasParameter () const;          ///< whether the storage knows the id
     bool BroadcastChange (float wanted); ///< @return false without a broadcast: for the present value and for no number
 
 private:

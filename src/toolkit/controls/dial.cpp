@@ -90,7 +90,7 @@ bool ZDial::OnMouseDown (ZEvent& event, const ZMouseInput& mouse)
     drag.Begin (GetValue (), IsFineModifier (mouse.modifiers));
     lastPoint = mouse.point;
     oppositeGrip = hit == kDialOppositeGrip;
-    ConfigureDrag ();
+    ReconfigureDrag ();
     lastDegree = vector.GetDegree (mouse.point);
     AnchorTurn (GetValue ());
     if (!mouse.LeftDown () || dragMode != kDialJump || drag.IsFine ())
@@ -107,7 +107,7 @@ bool ZDial::OnMouseMove (ZEvent& event, const ZMouseInput& mouse)
         return OnMouseUp (event, mouse);
     if (drag.SetFine (IsFineModifier (mouse.modifiers), GetValue ()))
     {
-        ConfigureDrag ();
+        ReconfigureDrag ();
         if (dragMode == kDialJump && !drag.IsFine ())
             JumpTo (mouse);
         else

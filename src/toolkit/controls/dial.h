@@ -76,8 +76,11 @@ protected:
     static Aim AimOf (const ZVectorToDegree& sweep, ZPoint point);
     Aim AimAt (ZPoint point, bool opposite) const; ///< with the sweep as it is now
 
+    /// Sets the vector of the present drag anew, as ConfigureVector says by now: for a dial whose frame changes under the
+    /// hand, before it passes a move on. Anchor and turn stay.
+    void ReconfigureDrag () { ConfigureVector (oppositeGrip, vector); }
+
 private:
-    void ConfigureDrag () { ConfigureVector (oppositeGrip, vector); }
     void AnchorTurn (float from);
     void JumpTo (const ZMouseInput& mouse); // anchors the turn where the pointer is
     bool IsOnOppositeGrip (ZPoint point) const;

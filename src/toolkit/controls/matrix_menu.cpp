@@ -1,9 +1,9 @@
 #include "matrix_menu.h"
 
+#include "list_steps.h"
 #include "pane_owner.h"
 #include "parameter_storage_base.h"
 #include "truncate.h"
-#include "value_index.h"
 
 namespace tessaly
 {
@@ -74,7 +74,7 @@ void ZMatrixMenu::FillFromStorage ()
 void ZMatrixMenu::SetValue (float newValue)
 {
     ZOverlayControl::SetValue (newValue);
-    const auto index = ValueToIndex (newValue, GetStep ());
+    const auto index = NormalizedToInt (newValue, GetStep ());
     SetSelected (index);
     CheckOnly (index);
 }
@@ -85,8 +85,8 @@ float ZMatrixMenu::StepValue (float normalized, std::int32_t delta, float factor
     if (HasParameter ())
         return ZOverlayControl::StepValue (normalized, steps, factor);
     const auto moved = Truncate (static_cast<double> (steps) * static_cast<double> (factor));
-    const auto target = static_cast<std::int64_t> (ValueToIndex (normalized, GetStep ())) + moved;
-    return IndexToValue (Truncate (static_cast<double> (target)), GetStep ());
+    const auto target = static_cast<std::int64_t> (NormalizedToInt (normalized, GetStep ())) + moved;
+    return IntToNormalized (Truncate (static_cast<double> (target)), GetStep ());
 }
 
 bool ZMatrixMenu::OnMouseWheel (ZEvent& event, const ZWheelInput& wheel)
@@ -132,7 +132,7 @@ bool ZMatrixMenu::OnCloseModal (bool commit)
     const auto result = imp->Close (commit);
     if (commit)
     {
-        BroadcastValue (GetId (), IndexToValue (GetSelected (), GetStep ()));
+        BroadcastValue (GetId (), IntToNormalized (GetSelected (), GetStep ()));
         SetDirty (true);
     }
     if (covered)

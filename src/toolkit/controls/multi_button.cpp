@@ -1,6 +1,6 @@
 #include "multi_button.h"
 
-#include "value_index.h"
+#include "list_steps.h"
 #include <algorithm>
 #include <utility>
 
@@ -43,7 +43,7 @@ void ZMultiButton::EndPress ()
 void ZMultiButton::SetValue (float newValue)
 {
     ZControl::SetValue (newValue);
-    const auto selected = ValueToIndex (newValue, GetStep ());
+    const auto selected = NormalizedToInt (newValue, GetStep ());
     for (const auto& entry : entries)
         entry.button->SetBool (entry.index == selected);
 }
@@ -52,7 +52,7 @@ void ZMultiButton::OnValue (std::int32_t /*id*/, float sent)
 {
     const auto wanted = sent >= 0.5f ? pressIndex : releaseIndex;
     if (wanted != kNoIndex && wanted != GetIndex ())
-        BroadcastValue (GetId (), IndexToValue (wanted, GetStep ()));
+        BroadcastValue (GetId (), IntToNormalized (wanted, GetStep ()));
 }
 
 bool ZMultiButton::IsDirty () const

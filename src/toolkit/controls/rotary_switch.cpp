@@ -1,6 +1,7 @@
 #include "rotary_switch.h"
 
-#include "value_index.h"
+#include "list_steps.h"
+#include "move_by_positions.h"
 #include <algorithm>
 
 namespace tessaly
@@ -20,7 +21,7 @@ std::int32_t ZRotarySwitch::FindRegion (ZPoint point) const
 void ZRotarySwitch::ConfigureVector (bool opposite, ZVectorToDegree& target) const
 {
     ZDial::ConfigureVector (opposite, target);
-    const auto positions = ValueToIndex (1.0f, GetStep ()) + 1;
+    const auto positions = NormalizedToInt (1.0f, GetStep ()) + 1;
     const auto begin = target.GetRelativeBegin ();
     const auto end = target.GetRelativeEnd ();
     const auto margin = (end - begin) / 2 / positions;
@@ -30,7 +31,7 @@ void ZRotarySwitch::ConfigureVector (bool opposite, ZVectorToDegree& target) con
 
 bool ZRotarySwitch::IsInBand (const Aim& aim) const
 {
-    const auto last = ValueToIndex (1.0f, GetStep ());
+    const auto last = NormalizedToInt (1.0f, GetStep ());
     const auto span = aim.end - aim.begin;
     const auto half = last >= 1 ? span / 2 / last : span;
     return aim.begin - half <= aim.degree && aim.degree <= aim.end + half;
@@ -47,7 +48,7 @@ std::int32_t ZRotarySwitch::HitTest (ZEvent& event, const ZMouseInput& mouse)
     if (IsOppositeGripEnabled ())
     {
         const auto aim = AimAt (mouse.point, true);
-        if (IsInBand (aim) && GetIndex () == ValueToIndex (aim.Fraction (GetValue ()), GetStep ()))
+        if (IsInBand (aim) && GetIndex () == NormalizedToInt (aim.Fraction (GetValue ()), GetStep ()))
             return kDialOppositeGrip;
     }
     return IsInBand (AimAt (mouse.point, false)) ? kDialHit : kDialRefused;
@@ -56,7 +57,7 @@ std::int32_t ZRotarySwitch::HitTest (ZEvent& event, const ZMouseInput& mouse)
 bool ZRotarySwitch::OnMouseDown (ZEvent& event, const ZMouseInput& mouse)
 {
     if (const auto chosen = FindRegion (mouse.point); chosen != kNone)
-        BroadcastValue (GetId (), IndexToValue (chosen, GetStep ()));
+        BroadcastValue (GetId (), IntToNormalized (chosen, GetStep ()));
     return ZDial::OnMouseDown (event, mouse);
 }
 
@@ -67,7 +68,7 @@ float ZRotarySwitch::DragValue (const ZMouseInput& mouse)
 
 float ZRotarySwitch::AngleValue (const ZMouseInput& mouse) const
 {
-    return IndexToValue (ValueToIndex (ZDial::AngleValue (mouse), GetStep ()), GetStep ());
+    return IntToNormalized (NormalizedToInt (ZDial::AngleValue (mouse), GetStep ()), GetStep ());
 }
 
 } // namespace tessaly

@@ -1,6 +1,7 @@
 #include "slide_switch.h"
 
-#include "value_index.h"
+#include "list_steps.h"
+#include "move_by_positions.h"
 
 namespace tessaly
 {
@@ -28,7 +29,7 @@ float ZSlideSwitch::PositionValue (const ZMouseInput& mouse) const
 bool ZSlideSwitch::OnMouseDown (ZEvent& event, const ZMouseInput& mouse)
 {
     if (const auto chosen = FindRegion (mouse.point); chosen != kNone)
-        BroadcastValue (GetId (), IndexToValue (chosen, GetStep ()));
+        BroadcastValue (GetId (), IntToNormalized (chosen, GetStep ()));
     return ZSlider::OnMouseDown (event, mouse);
 }
 

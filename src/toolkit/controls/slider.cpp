@@ -1,6 +1,7 @@
 #include "slider.h"
 
 #include "event.h"
+#include "pane_owner.h"
 #include "truncate.h"
 #include <algorithm>
 
@@ -20,6 +21,12 @@ ZSlider::ZSlider (ZPaneOwner* paneOwner, const ZRect& rect, std::int32_t control
     , axis (rect)
     , knobRect{ 0, 0, axis.Thickness (rect), axis.Thickness (rect) }
 {
+}
+
+ZSlider::~ZSlider ()
+{
+    if (!cursorShown && GetOwner () != nullptr)
+        GetOwner ()->ShowCursor ();
 }
 
 ZRect ZSlider::GetKnobRect () const

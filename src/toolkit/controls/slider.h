@@ -30,6 +30,7 @@ class ZSlider : public ZControl
 {
 public:
     ZSlider (ZPaneOwner* paneOwner, const ZRect& rect, std::int32_t controlId); ///< its knob is a square
+    ~ZSlider () override; ///< shows the cursor if a drag has hidden it
 
     virtual void SetDragMode (std::int32_t mode) { dragMode = mode; } ///< of SliderDragMode
     std::int32_t GetDragMode () const { return dragMode; }

@@ -27,8 +27,8 @@ void ZTextEdit::SetText (std::string_view newText)
 
 void ZTextEdit::UpdateText ()
 {
-    if (HasValueText ())
-        SetText (GetValueText (GetValue ()));
+    if (const auto said = GetValueText (GetValue ()); !said.empty ())
+        SetText (said);
 }
 
 ZRect ZTextEdit::GetTextPlace () const

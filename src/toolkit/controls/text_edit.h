@@ -33,7 +33,7 @@ public:
     float GetDragScale () const { return dragScale; }
     virtual float DragValue (const ZMouseInput& mouse); ///< @return the value that a drag to there asks for
 
-    // The text at rest. It follows the value before each drawing, if there is a way to say one
+    // The text at rest. It follows the value before each drawing; where the value has no text it stays
     void SetText (std::string_view newText); ///< UTF-8, at most 255 bytes are kept
     const std::string& GetText () const { return text; }
     const std::string& GetDisplayText () const { return text; }

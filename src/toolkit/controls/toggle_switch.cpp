@@ -1,6 +1,6 @@
 #include "toggle_switch.h"
 
-#include "value_index.h"
+#include "list_steps.h"
 
 namespace tessaly
 {
@@ -37,7 +37,7 @@ std::int32_t ZToggleSwitch::WantedIndex (const ZMouseInput& mouse) const
 
 void ZToggleSwitch::BroadcastIndex (std::int32_t index)
 {
-    BroadcastValue (GetId (), IndexToValue (index, GetStep ()));
+    BroadcastValue (GetId (), IntToNormalized (index, GetStep ()));
 }
 
 bool ZToggleSwitch::OnMouseDown (ZEvent& event, const ZMouseInput& mouse)

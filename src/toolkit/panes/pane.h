@@ -64,7 +64,8 @@ public:
     /// Hit test through the tree. @return the topmost pane at the point, or null; never a view
     virtual ZPane* FindPane (ZEvent& event, const ZMouseInput& mouse);
 
-    // State. The questions ask the parents, too; the operations ById act for the pane's id and for kEveryPane.
+    // State. The questions ask the parents, too; the operations ById call the plain
+    // ones, for the pane's id and for kEveryPane.
     virtual void Show ();
     virtual void Hide (); ///< also drops what was dirty: Show makes it dirty again
     void ShowById (std::int32_t paneId);
@@ -73,10 +74,10 @@ public:
     void SetDirty (bool on) { dirty = on; }
     void SetDirtyById (std::int32_t paneId, bool on);
     virtual bool IsDirty () const;
-    void SetActive (bool on); ///< chooses between the active and the inactive look
+    virtual void SetActive (bool on); ///< chooses between the active and the inactive look
     void SetActiveById (std::int32_t paneId, bool on);
     bool IsActive () const;
-    void SetMouseEnabled (bool on) { mouseEnabled = on; }
+    virtual void SetMouseEnabled (bool on) { mouseEnabled = on; }
     void SetMouseEnabledById (std::int32_t paneId, bool on);
     virtual bool IsMouseEnabled () const;
     void SetWheelEnabled (bool on) { wheelEnabled = on; }

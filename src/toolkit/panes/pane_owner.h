@@ -27,6 +27,8 @@ public:
     virtual std::unique_ptr<ZTextEditImp> CreateTextEditImp () = 0; ///< null: there are no text fields here
     virtual std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () = 0;   ///< null: there are no menus here
 
+    virtual void ShowCursor () = 0; ///< for a pane that ends with the cursor hidden; any other time a ZEvent is at hand
+
     virtual void CreateTooltip () = 0; ///< some pane has a tooltip: the means to show one are needed
     virtual void ShowTooltip (ZPane& pane) = 0;
     virtual void HideTooltip () = 0;

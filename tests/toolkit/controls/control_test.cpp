@@ -1,6 +1,7 @@
 #include "control.h"
 #include "pane_fixture.h"
 #include "parameter_storage_base.h"
+#include <cmath>
 #include <doctest/doctest.h>
 #include <limits>
 
@@ -130,4 +131,25 @@ TEST_CASE ("ZBroadcaster: who leaves, joins or turns the broadcast off in a call
     ear.SetListenEnabled (false);
     sender.BroadcastMessage (80, &sender);
     CHECK (ear.heard == 73);
+}
+
+TEST_CASE ("ZControl: its position is the storage's list entry for every value and length")
+{
+    for (std::int32_t entries = 2; entries < 40; ++entries)
+    {
+        ZParameterStorageBase storage;
+        storage.Allocate (1, 1);
+        storage.SetStep (0, 1.0f / static_cast<float> (entries));
+        ZControl control (nullptr, {}, 0);
+        control.SetStorage (&storage);
+        for (std::int32_t edge = 1; edge < entries; ++edge)
+            for (const float towards : { 0.0f, 1.0f })
+            {
+                const auto value = std::nextafter (static_cast<float> (edge) / static_cast<float> (entries), towards);
+                storage.SetNormalized (0, value);
+                control.SetValue (value);
+                CAPTURE (entries);
+                REQUIRE (control.GetIndex () == storage.GetInt (0));
+            }
+    }
 }

@@ -134,3 +134,15 @@ TEST_CASE ("ZKnobSlider: draws the background, and over it the knob in its place
     fixture.control.SetActive (false);
     CHECK (fixture.Drawn (fixture.control) == std::vector<std::string>{ "DrawBitmap strip 95,50,105,60 from 3,4" });
 }
+
+TEST_CASE ("ZSlider: one that ends in an endless drag leaves the cursor shown")
+{
+    PaneFixture fixture;
+    {
+        ZSlider slider (&fixture, kPlace, 3);
+        slider.SetDragMode (kSliderEndless);
+        fixture.Press (slider, { 96, 55 });
+        CHECK (fixture.window.cursorShown == 0);
+    }
+    CHECK (fixture.window.cursorShown == 1);
+}

@@ -1,5 +1,6 @@
 #include "draw_text_edit.h"
 #include "overlay_fixture.h"
+#include "parameter_storage_base.h"
 #include "strip_text_analyzer.h"
 #include <cmath>
 #include <doctest/doctest.h>
@@ -52,6 +53,17 @@ TEST_CASE ("ZTextEdit: a double click opens the field over the text, and what is
     CHECK (r.IsOpen ());
     r.Stroke (kKeyEscape);
     CHECK (r.control.GetHitRect () == ZRect{ 20, 4, 40, 14 });
+}
+
+TEST_CASE ("ZTextEdit: a read-out whose parameter has no text keeps its own")
+{
+    ZParameterStorageBase storage;
+    storage.Allocate (1, 1);
+    ZDrawTextEdit readout (nullptr, { 0, 0, 60, 20 }, 0);
+    readout.SetStorage (&storage);
+    readout.SetText ("own");
+    readout.UpdateText ();
+    CHECK (readout.GetText () == "own");
 }
 
 TEST_CASE ("ZTextEdit: escape, a press elsewhere and an unreadable text close the field and leave the value alone")

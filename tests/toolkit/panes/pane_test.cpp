@@ -1,5 +1,4 @@
 #include "pane_fixture.h"
-#include "value_index.h"
 #include <doctest/doctest.h>
 
 using namespace tessaly;
@@ -152,15 +151,23 @@ TEST_CASE_FIXTURE (Tree, "ZView: the topmost pane is found, a disabled one and t
     CHECK (view.GetFrame () == ZRect{ 100, 50, 320, 250 });
 }
 
-TEST_CASE ("Positions of a switch: a step is one over their number, and the range is cut into equal parts")
+TEST_CASE ("ZPane: the operations by id reach a pane's own way to show, hide and switch")
 {
-    for (const auto& [value, index] : { std::pair{ 0.249f, 0 }, { 0.25f, 1 }, { 1.0f, 3 }, { 1e30f, 3 }, { -1.0f, 0 } })
-        CHECK (ValueToIndex (value, 0.25f) == index);
-    for (float single : { 0.0f, -1.0f, 1.0f })
+    struct Dialog : ZPane
     {
-        CHECK (ValueToIndex (1.0f, single) == 0);
-        CHECK (IndexToValue (1, single) == 0.0f);
-    }
-    for (std::int32_t i = 0; i < 10; ++i)
-        CHECK (ValueToIndex (IndexToValue (i, 0.1f), 0.1f) == i);
+        using ZPane::ZPane;
+        int calls = 0;
+        void Show () override { ++calls; }
+        void Hide () override { ++calls; }
+        void SetActive (bool) override { ++calls; }
+        void SetMouseEnabled (bool) override { ++calls; }
+    };
+    Dialog dialog (nullptr);
+    dialog.SetId (7);
+    dialog.ShowById (7);
+    dialog.HideById (kEveryPane);
+    dialog.SetActiveById (7, false);
+    dialog.SetMouseEnabledById (7, false);
+    dialog.ShowById (8);
+    CHECK (dialog.calls == 4);
 }
