@@ -3,6 +3,7 @@
 #include "equalizer_design.h"
 #include "gain_computer.h"
 #include "glide.h"
+#include "step_ranges.h"
 #include "value_scales.h"
 
 #include <algorithm>
@@ -26,11 +27,11 @@ double coefAtReferenceRate (double timeMs)
 
 Compressor::Compressor ()
     : knee (kMiddleKnee)
-    , attackCoef44k (coefAtReferenceRate (stepToValue (attackMs, 221)))
-    , releaseCoef44k (coefAtReferenceRate (stepToValue (releaseMs, 164)))
+    , attackCoef44k (coefAtReferenceRate (stepToValue (attackMs, StepsOf (StripParameter::attack).init)))
+    , releaseCoef44k (coefAtReferenceRate (stepToValue (releaseMs, StepsOf (StripParameter::release).init)))
     , driveThresholdDb (driveThreshold (0))
     , driveOffsetDb (driveOffset (100))
-    , slopeTarget (1 - 1 / stepToValue (ratioValue, 120))
+    , slopeTarget (1 - 1 / stepToValue (ratioValue, StepsOf (StripParameter::ratio).init))
     , makeupAmount (tessaly::makeupAmount (100))
 {
     startUp (sampleRate);

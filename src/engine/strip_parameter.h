@@ -32,4 +32,6 @@ enum class StripParameter : std::int32_t
     bypass = 21
 };
 
+inline constexpr std::int32_t kStripParameterCount = 22;
+
 } // namespace tessaly

@@ -1,6 +1,6 @@
 #include "value_scales.h"
 
-#include "strip_parameter.h"
+#include "step_ranges.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,41 +23,31 @@ constexpr std::array<double, 361> makeGainTable ()
 constexpr std::array<double, 361> kGainTable = makeGainTable ();
 static_assert (isAscending (kGainTable));
 
-/// The part of a scale that one parameter uses; both steps inclusive.
-struct StepRange
-{
-    std::span<const double> table;
-    std::int32_t low = 0;
-    std::int32_t high = 0;
-};
-
 /// @return an empty table for a parameter that is not searched
-StepRange stepRange (std::int16_t parameterIndex)
+std::span<const double> scaleOf (StripParameter parameter)
 {
-    switch (static_cast<StripParameter> (parameterIndex))
+    switch (parameter)
     {
     case StripParameter::attack:
-        return { attackMs, 57, 283 };
+        return attackMs;
     case StripParameter::release:
-        return { releaseMs, 24, 300 };
+        return releaseMs;
     case StripParameter::ratio:
-        return { ratioValue, 0, 120 };
+        return ratioValue;
     case StripParameter::sideChainFreq:
-    case StripParameter::midFreq:
-        return { frequencyHz, 4, 124 };
     case StripParameter::highFreq:
-        return { frequencyHz, 60, 124 };
+    case StripParameter::midFreq:
     case StripParameter::lowFreq:
-        return { frequencyHz, 4, 72 };
+        return frequencyHz;
     case StripParameter::sideChainQ:
     case StripParameter::midQ:
-        return { qValue, 0, 60 };
+        return qValue;
     case StripParameter::sideChainGain:
     case StripParameter::highGain:
     case StripParameter::midGain:
     case StripParameter::lowGain:
     case StripParameter::totalGain:
-        return { kGainTable, 0, 360 };
+        return kGainTable;
     default:
         return {};
     }
@@ -73,15 +63,17 @@ double stepToValue (std::span<const double> table, std::int32_t step)
 
 std::int32_t nearestStep (std::int16_t parameterIndex, double value)
 {
-    const StepRange range = stepRange (parameterIndex);
-    if (range.table.empty ())
+    const auto parameter = static_cast<StripParameter> (parameterIndex);
+    const auto scale = scaleOf (parameter);
+    if (scale.empty ())
         return 0;
 
-    std::int32_t nearest = range.low;
+    const StepRange& range = StepsOf (parameter);
+    std::int32_t nearest = range.first;
     double smallestDistance = std::numeric_limits<double>::infinity ();
-    for (std::int32_t step = range.low; step <= range.high; ++step)
+    for (std::int32_t step = range.first; step <= range.last; ++step)
     {
-        const double distance = std::abs (value - stepToValue (range.table, step));
+        const double distance = std::abs (value - stepToValue (scale, step));
         if (distance < smallestDistance)
         {
             smallestDistance = distance;
@@ -94,13 +86,13 @@ std::int32_t nearestStep (std::int16_t parameterIndex, double value)
 float valueToStep (std::uint32_t parameterIndex, double value)
 {
     constexpr double kDriveStepsPerUnit = 20;
-    constexpr float kLastDriveStep = 200;
     constexpr double kLastFiniteRatio = 500;
     constexpr double kInfiniteRatio = ratioValue.back ();
 
     const auto parameter = static_cast<StripParameter> (parameterIndex);
     if (parameter == StripParameter::drive)
-        return std::clamp (static_cast<float> (value * kDriveStepsPerUnit), 0.0F, kLastDriveStep);
+        return std::clamp (static_cast<float> (value * kDriveStepsPerUnit), 0.0F,
+                           static_cast<float> (StepsOf (parameter).last));
     if (parameter == StripParameter::ratio && value > kLastFiniteRatio)
         value = kInfiniteRatio;
     if (parameter > StripParameter::totalGain)

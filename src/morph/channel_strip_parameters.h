@@ -8,14 +8,12 @@
 namespace tessaly
 {
 
-inline constexpr std::int32_t kStripParameterCount = 22;
-
 constexpr std::int32_t IndexOf (StripParameter parameter)
 {
     return static_cast<std::int32_t> (parameter);
 }
 
-/// The strip's parameters, in index order. Plain values are whole steps; what a step means is the business of the value
+/// The strip's parameters, in index order, each with its StepRange. Plain values are whole steps; what a step means is the business of the value
 /// scales. "Drive Offset" and "Makeup Amount" have no name: they are the morph's, not the user's.
 std::array<ZParameterRecord, kStripParameterCount> ChannelStripRecords ();
 

@@ -1,5 +1,6 @@
 #include "morph.h"
 
+#include "step_ranges.h"
 #include "truncate.h"
 #include <algorithm>
 
@@ -10,7 +11,7 @@ namespace
 {
 
 constexpr double kPositionsPerRow = 15.0;
-constexpr double kLastPosition = 120.0;
+constexpr double kLastPosition = StepsOf (StripParameter::morph).last;
 constexpr std::int32_t kLastRow = static_cast<std::int32_t> (kKeyPointRows) - 1;
 
 bool IsFilled (const KeyPointTable& table, std::int32_t row)

@@ -13,7 +13,7 @@ namespace
 {
 
 constexpr std::string_view kInfinite = "INF";
-constexpr double kInfiniteRatio = 3000.0; // the last entry of the scale
+constexpr double kInfiniteRatio = ratioValue.back ();
 
 bool EndsWithKilo (std::string_view text)
 {
