@@ -3,8 +3,9 @@
 #include "canvas.h"
 #include "channel_strip.h"
 #include "channel_strip_parameters.h"
-#include "plot_curve.h"
+#include "plot_columns.h"
 #include "truncate.h"
+#include <vector>
 
 namespace tessaly
 {
@@ -104,19 +105,19 @@ void ZAMX_CompGraph::DrawCurve (ZCanvas& canvas, std::uint32_t /*time*/) const
 {
     if (strip == nullptr)
         return;
-    const PlotColumns columns (plotRect, 1.0);
-    std::vector<ZPoint> points;
+    const PlotColumns columns (plotRect, canvas.GetScale ());
+    std::vector<ZPointF> points;
     points.reserve (static_cast<std::size_t> (columns.Count ()));
     for (std::int32_t i = 0; i < columns.Count (); ++i)
     {
         const auto x = columns.X (i);
-        const auto y = plotRect.top + YOf (strip->compressorCurveDb (XToDb (x - plotRect.left)));
-        points.push_back ({ Truncate (x), Truncate (columns.Row (y)) });
+        const auto outputDb = strip->compressorCurveDb (XToDb (x - plotRect.left));
+        points.push_back (canvas.ToDevicePixel ({ x, plotRect.top + YOf (outputDb) }));
     }
     const ZCanvasStateSt state (canvas);
     canvas.SetLineWidth (lineWidth);
     canvas.SetClipRect (plotRect);
-    StrokeCurve (canvas, points);
+    canvas.DrawPolyline (points);
 }
 
 } // namespace tessaly

@@ -11,7 +11,6 @@ namespace tessaly
 {
 
 class Channel_Strip;
-class PlotColumns;
 class ZBitmap;
 
 /// The frequency response of the equalizer: the sum as a filled area, the three bands as lines over it, and a marker for
@@ -101,15 +100,16 @@ private:
         double qStart = 0.0;    // steps
     };
 
-    using Rows = std::array<std::vector<double>, kCurves>; // y for each column
+    using Curve = std::vector<ZPointF>;
+    using Curves = std::array<Curve, kCurves>;
 
     // Drawing
     void DrawLook (ZCanvas& canvas, const ZBitmap* back) const;
     void DrawCurves (ZCanvas& canvas) const;
+    Curves FindCurves (const ZCanvas& canvas) const; // a point for each column of the surface's pixels
+    void FillArea (ZCanvas& canvas, Curve outline) const;
+    void DrawLine (ZCanvas& canvas, const Curves& curves, std::int32_t band) const;
     void DrawMarkers (ZCanvas& canvas) const;
-    void FillSum (ZCanvas& canvas, const PlotColumns& columns, const Rows& rows) const;
-    void DrawLine (ZCanvas& canvas, const PlotColumns& columns, const Rows& rows, std::int32_t band) const;
-    Rows FindRows (const PlotColumns& columns) const;
 
     // Gestures
     bool IsEditing () const { return mouseEditing || keyEditing; }

@@ -1,8 +1,7 @@
 #include "canvas.h"
 #include "channel_strip.h"
 #include "eq_graph.h"
-#include "plot_curve.h"
-#include "truncate.h"
+#include "plot_columns.h"
 
 namespace tessaly
 {
@@ -27,71 +26,68 @@ void ZAMX_EqGraph::DrawLook (ZCanvas& canvas, const ZBitmap* back) const
     DrawMarkers (canvas);
 }
 
-/// The sum is that of the bands' responses in dB, in the engine's order, so it takes no third of its own.
-ZAMX_EqGraph::Rows ZAMX_EqGraph::FindRows (const PlotColumns& columns) const
+/// The sum adds up the bands' responses in dB, in the engine's order, so it takes no evaluation of its own.
+ZAMX_EqGraph::Curves ZAMX_EqGraph::FindCurves (const ZCanvas& canvas) const
 {
-    Rows rows;
-    for (auto& row : rows)
-        row.reserve (static_cast<std::size_t> (columns.Count ()));
+    const PlotColumns columns (scale.Plot (), canvas.GetScale ());
+    Curves curves;
+    for (auto& curve : curves)
+        curve.reserve (static_cast<std::size_t> (columns.Count ()) + 2); // the area has two corners more
     for (std::int32_t i = 0; i < columns.Count (); ++i)
     {
-        const auto frequency = scale.XToFreqExact (columns.X (i));
+        const auto x = columns.X (i);
+        const auto frequency = scale.XToFreqExact (x);
+        const auto add = [&] (std::int32_t band, double gainDb)
+        {
+            const ZPointF point{ x, scale.GainToYExact (gainDb) };
+            curves[static_cast<std::size_t> (band)].push_back (canvas.ToDevicePixel (point));
+        };
         double sum = 0.0;
         for (const std::int32_t band : { kLowBand, kMidBand, kHighBand })
         {
             const auto gainDb = strip->eqResponseDb (frequency, static_cast<std::int16_t> (band));
             sum += gainDb;
-            rows[static_cast<std::size_t> (band)].push_back (columns.Row (scale.GainToYExact (gainDb)));
+            add (band, gainDb);
         }
-        rows[kAllBands].push_back (columns.Row (scale.GainToYExact (sum)));
+        add (kAllBands, sum);
     }
-    return rows;
+    return curves;
 }
 
 void ZAMX_EqGraph::DrawCurves (ZCanvas& canvas) const
 {
-    const PlotColumns columns (scale.Plot (), 1.0);
-    const auto rows = FindRows (columns);
+    const auto curves = FindCurves (canvas);
     const ZCanvasStateSt state (canvas);
     canvas.SetClipRect (scale.Plot ());
-    FillSum (canvas, columns, rows);
+    FillArea (canvas, curves[kAllBands]);
     std::int32_t onTop = kNoBand;
     for (const std::int32_t band : { kHighBand, kMidBand, kLowBand, kAllBands })
     {
         if (band == currentBand || band == hoverBand)
             onTop = band;
         else
-            DrawLine (canvas, columns, rows, band);
+            DrawLine (canvas, curves, band);
     }
     if (onTop != kNoBand)
-        DrawLine (canvas, columns, rows, onTop);
+        DrawLine (canvas, curves, onTop);
 }
 
-void ZAMX_EqGraph::FillSum (ZCanvas& canvas, const PlotColumns& columns, const Rows& rows) const
+void ZAMX_EqGraph::FillArea (ZCanvas& canvas, Curve outline) const
 {
     const auto& style = styles[kAllBands];
-    const auto base = scale.GainToY (0.0);
-    std::vector<ZPoint> points;
-    points.reserve (rows[kAllBands].size () + 2);
-    points.push_back ({ scale.Plot ().left - 1, base });
-    for (std::int32_t i = 0; i < columns.Count (); ++i)
-        points.push_back ({ Truncate (columns.X (i)), Truncate (rows[kAllBands][static_cast<std::size_t> (i)]) });
-    points.push_back ({ scale.Plot ().right + 1, base });
+    const double base = scale.GainToY (0.0);
+    outline.insert (outline.begin (), { scale.Plot ().left - 1.0, base });
+    outline.push_back ({ scale.Plot ().right + 1.0, base });
     canvas.SetColor (style.bright, style.alpha);
     canvas.SetLineWidth (style.width);
-    canvas.FillPolygon (points);
+    canvas.FillPolygon (outline);
 }
 
-void ZAMX_EqGraph::DrawLine (ZCanvas& canvas, const PlotColumns& columns, const Rows& rows, std::int32_t band) const
+void ZAMX_EqGraph::DrawLine (ZCanvas& canvas, const Curves& curves, std::int32_t band) const
 {
-    const auto curve = static_cast<std::size_t> (band);
-    std::vector<ZPoint> points;
-    points.reserve (rows[curve].size ());
-    for (std::int32_t i = 0; i < columns.Count (); ++i)
-        points.push_back ({ Truncate (columns.X (i)), Truncate (rows[curve][static_cast<std::size_t> (i)]) });
     canvas.SetColor (GetCurveColor (band), 255);
-    canvas.SetLineWidth (styles[curve].width);
-    StrokeCurve (canvas, points);
+    canvas.SetLineWidth (styles[static_cast<std::size_t> (band)].width);
+    canvas.DrawPolyline (curves[static_cast<std::size_t> (band)]);
 }
 
 void ZAMX_EqGraph::DrawMarkers (ZCanvas& canvas) const
