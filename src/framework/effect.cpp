@@ -10,18 +10,6 @@ namespace
 {
 
 template <typename T>
-T Load (const std::atomic<T>& field)
-{
-    return field.load (std::memory_order_relaxed);
-}
-
-template <typename T>
-void Store (std::atomic<T>& field, T value)
-{
-    field.store (value, std::memory_order_relaxed);
-}
-
-template <typename T>
 bool Answer (void* out, T value)
 {
     *static_cast<T*> (out) = value;
@@ -49,10 +37,10 @@ void ZEffect::SetPluginCore (std::unique_ptr<ZPluginCore> newCore)
 
     core->SetVuBuffer (vuBuffer.get ());
     core->SetMidiEvent (midiEvent.get ());
-    core->SetChannels (Load (numInputs), Load (numOutputs));
-    core->SetSampleRate (Load (sampleRate));
-    core->SetBlockSize (Load (blockSize));
-    core->SetBypass (Load (bypass));
+    core->SetChannels (numInputs, numOutputs);
+    core->SetSampleRate (sampleRate);
+    core->SetBlockSize (blockSize);
+    core->SetBypass (bypass);
     if (storage == nullptr)
         return;
     core->SetProgram (storage->GetCurrentProgram ());
@@ -142,18 +130,18 @@ bool ZEffect::GetInfo (std::int32_t kind, void* out)
     case kCodeMidiEvent:
         return Answer (out, midiEvent.get ());
     case kCodeSampleRate:
-        return Answer (out, Load (sampleRate));
+        return Answer<double> (out, sampleRate);
     case kCodeBlockSize:
-        return Answer (out, Load (blockSize));
+        return Answer<std::int32_t> (out, blockSize);
     case kCodeBypass:
-        return Answer (out, Load (bypass));
+        return Answer<bool> (out, bypass);
     case kCodeMeterArgument:
-        return Answer (out, Load (meterArgument));
+        return Answer<std::int32_t> (out, meterArgument);
     case kCodeTimeInfo:
         GetTimeInfo (static_cast<ZTimeInfo*> (out));
         return true;
     case kCodeNumInputs:
-        return Answer (out, Load (numInputs));
+        return Answer<std::int32_t> (out, numInputs);
     case kCodeHostName:
         return GetHostName (static_cast<char*> (out)) == kOk;
     default:
@@ -174,7 +162,7 @@ bool ZEffect::NotifyEditor2 (std::int32_t code, void* data)
 void ZEffect::BeginBuffers ()
 {
     if (vuBuffer != nullptr)
-        vuBuffer->BeginBlock (Load (meterArgument));
+        vuBuffer->BeginBlock (meterArgument);
     if (midiEvent != nullptr)
         midiEvent->BeginBlock ();
 }
@@ -192,7 +180,7 @@ std::int32_t ZEffect::Process (ZAudioBlock& block)
     BeginBuffers ();
     auto result = kOk;
     if (core != nullptr)
-        result = Load (bypass) ? core->ProcessBlockBypassed (block) : core->ProcessBlock (block);
+        result = bypass ? core->ProcessBlockBypassed (block) : core->ProcessBlock (block);
     EndBuffers (block.numSamples);
     return result;
 }
@@ -200,7 +188,7 @@ std::int32_t ZEffect::Process (ZAudioBlock& block)
 void ZEffect::ProcessRaw (float** in, float** out, std::int32_t count)
 {
     BeginBuffers ();
-    if (core != nullptr && Load (bypass))
+    if (core != nullptr && bypass)
         core->ProcessBypassed (in, out, count);
     else if (core != nullptr)
         core->Process (in, out, count);
@@ -214,23 +202,23 @@ std::int32_t ZEffect::AfterProcess (ZAudioBlock& block)
 
 void ZEffect::SetChannels (std::int32_t inputs, std::int32_t outputs)
 {
-    if (inputs == Load (numInputs) && outputs == Load (numOutputs))
+    if (inputs == numInputs && outputs == numOutputs)
         return;
     if (core != nullptr)
         core->SetChannels (inputs, outputs);
-    Store (numInputs, inputs);
-    Store (numOutputs, outputs);
+    numInputs = inputs;
+    numOutputs = outputs;
 }
 
 std::int32_t ZEffect::NegotiateChannels (std::int32_t* inputs, std::int32_t* outputs)
 {
     if (inputs == nullptr || outputs == nullptr || core == nullptr)
         return kOk;
-    if (*inputs == Load (numInputs) && *outputs == Load (numOutputs))
+    if (*inputs == numInputs && *outputs == numOutputs)
         return kOk;
     const auto result = core->NegotiateChannels (inputs, outputs);
-    Store (numInputs, *inputs);
-    Store (numOutputs, *outputs);
+    numInputs = *inputs;
+    numOutputs = *outputs;
     return result;
 }
 
@@ -269,17 +257,17 @@ void ZEffect::TrackSweep (std::int32_t index)
 {
     if (index == 0)
     {
-        Store (sweepIndex, 0);
-        Store (sweepRunning, true);
+        sweepIndex = 0;
+        sweepRunning = true;
         return;
     }
-    if (index != std::int64_t{ Load (sweepIndex) } + 1)
-        Store (sweepRunning, false);
-    Store (sweepIndex, index);
-    if (Load (sweepRunning) && index == storage->GetParameterCount () - 1)
+    if (index != std::int64_t{ sweepIndex } + 1)
+        sweepRunning = false;
+    sweepIndex = index;
+    if (sweepRunning && index == storage->GetParameterCount () - 1)
     {
         OnAllParameters ();
-        Store (sweepRunning, false);
+        sweepRunning = false;
     }
 }
 
@@ -303,7 +291,7 @@ void ZEffect::SetSampleRate (double rateHz)
 {
     if (core != nullptr)
         core->SetSampleRate (rateHz);
-    Store (sampleRate, rateHz);
+    sampleRate = rateHz;
     NotifyEditor (kCodeSampleRate, &rateHz);
 }
 
@@ -311,7 +299,7 @@ void ZEffect::SetBlockSize (std::int32_t samples)
 {
     if (core != nullptr)
         core->SetBlockSize (samples);
-    Store (blockSize, samples);
+    blockSize = samples;
     NotifyEditor (kCodeBlockSize, &samples);
 }
 
@@ -319,13 +307,13 @@ void ZEffect::SetBypass (bool on)
 {
     if (core != nullptr)
         core->SetBypass (on);
-    Store (bypass, on);
+    bypass = on;
     NotifyEditor (kCodeBypass, &on);
 }
 
 void ZEffect::SetMeterArgument (std::int32_t samples)
 {
-    Store (meterArgument, samples);
+    meterArgument = samples;
 }
 
 std::int32_t ZEffect::SetActive (bool active)

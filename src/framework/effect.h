@@ -5,8 +5,8 @@
 #include "parameter_storage_base.h"
 #include "plugin_core.h"
 #include "result.h"
+#include "shared_value.h"
 #include "vu_buffer.h"
-#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -21,7 +21,7 @@ class ZStream;
 ///
 /// Threads: Process, ProcessRaw, MidiEvent and AfterProcess on the audio thread; SetParameter, GetParameter, SetBypass,
 /// SetLoading and GetInfo (but for the time information, which is the audio thread's) on any thread; all else during
-/// set-up, not beside a block. No locks: fields that threads share are relaxed atomics.
+/// set-up, not beside a block. No locks: what threads share is a SharedValue or a relaxed cell.
 class ZEffect
 {
 public:
@@ -70,8 +70,8 @@ public:
     virtual void MidiExtra (std::int32_t a, std::int32_t b, std::int32_t c);
 
     /// Set while a whole set of values is being applied.
-    virtual void SetLoading (bool on) { loading.store (on, std::memory_order_relaxed); }
-    virtual bool IsLoading () { return loading.load (std::memory_order_relaxed); }
+    virtual void SetLoading (bool on) { loading = on; }
+    virtual bool IsLoading () { return loading; }
 
     virtual void SetParameter (std::int32_t index, float normalized);
     virtual float GetParameter (std::int32_t index) { return ReadParameter (index); }
@@ -141,15 +141,15 @@ private:
 
     std::vector<float> programValues; // normalized, of the program as last selected; relaxed_cells.h
     std::vector<float> lastValues;    // normalized, last given to SetParameter; relaxed_cells.h
-    std::atomic<bool> sweepRunning = false;
-    std::atomic<std::int32_t> sweepIndex = 0;
-    std::atomic<std::int32_t> numInputs = 1;
-    std::atomic<std::int32_t> numOutputs = 1;
-    std::atomic<double> sampleRate = 44100.0;
-    std::atomic<std::int32_t> blockSize = 1024;
-    std::atomic<bool> bypass = false;
-    std::atomic<std::int32_t> meterArgument = 0;
-    std::atomic<bool> loading = false;
+    SharedValue<bool> sweepRunning = false;
+    SharedValue<std::int32_t> sweepIndex = 0;
+    SharedValue<std::int32_t> numInputs = 1;
+    SharedValue<std::int32_t> numOutputs = 1;
+    SharedValue<double> sampleRate = 44100.0;
+    SharedValue<std::int32_t> blockSize = 1024;
+    SharedValue<bool> bypass = false;
+    SharedValue<std::int32_t> meterArgument = 0;
+    SharedValue<bool> loading = false;
 };
 
 } // namespace tessaly

@@ -23,6 +23,7 @@ public:
         stored.store (newValue, std::memory_order_relaxed);
         return *this;
     }
+    T Exchange (T newValue) { return stored.exchange (newValue, std::memory_order_relaxed); } ///< @return the old one
 
 private:
     static_assert (std::atomic<T>::is_always_lock_free, "the audio thread takes no lock");

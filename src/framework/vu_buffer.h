@@ -1,7 +1,7 @@
 #pragma once
 
+#include "shared_value.h"
 #include <array>
-#include <atomic>
 #include <cstdint>
 #include <vector>
 
@@ -17,7 +17,7 @@ class ZTemplateVuBufferInfo
 public:
     void Set (const T* value) ///< holds the value and drops what waits
     {
-        held.store (*value, std::memory_order_relaxed);
+        held = *value;
         readIndex = writeIndex = 0;
     }
 
@@ -27,7 +27,7 @@ public:
         writeIndex = Next (writeIndex);
     }
 
-    void GetHeld (T* out) const { *out = held.load (std::memory_order_relaxed); }
+    void GetHeld (T* out) const { *out = held; }
 
     /// The value at a time within the queue: the held one, or the newest queued one that is due by then.
     void GetAt (T* out, std::int32_t time) const
@@ -48,7 +48,7 @@ public:
     void Consume () ///< holds every value that is due
     {
         for (; readIndex != writeIndex && ring[readIndex].time <= 0; readIndex = Next (readIndex))
-            held.store (ring[readIndex].value, std::memory_order_relaxed);
+            held = ring[readIndex].value;
     }
 
 private:
@@ -61,7 +61,7 @@ private:
     static std::uint32_t Next (std::uint32_t index) { return (index + 1) % Capacity; }
 
     std::array<Record, Capacity> ring{};
-    std::atomic<T> held{};
+    SharedValue<T> held;
     std::int32_t blockOffset = 0;
     std::uint32_t readIndex = 0;  // oldest queued record
     std::uint32_t writeIndex = 0; // next free record; equal to readIndex when the ring is empty

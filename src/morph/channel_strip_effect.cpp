@@ -78,7 +78,7 @@ void ZChannel_StripEffect::ApplyMorph (std::int32_t /*index*/, float normalized)
 
 void ZChannel_StripEffect::WriteMorphed (std::int32_t index, float step)
 {
-    morphWroteParameters.store (true, std::memory_order_relaxed);
+    morphWroteParameters = true;
     const auto normalized = storage->PlainToNormalized (index, step);
     SetNormalized (index, normalized);
     storage->SetDefaultNormalized (index, normalized); // so that "back to default" means what the morph gave

@@ -3,8 +3,8 @@
 #include "channel_strip_parameters.h"
 #include "old_effect.h"
 #include "shared_key_points.h"
+#include "shared_value.h"
 #include "text_buffer.h"
-#include <atomic>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -76,7 +76,7 @@ public:
 
     /// Whether the morph has written a parameter since the last call. Lets the editor tell a change by the morph from a
     /// change by the user; a lost one costs it a needless comparison.
-    bool TakeMorphWroteParameters () { return morphWroteParameters.exchange (false, std::memory_order_relaxed); }
+    bool TakeMorphWroteParameters () { return morphWroteParameters.Exchange (false); }
 
 protected:
     void OnParameter (std::int32_t index, float normalized) override;
@@ -86,7 +86,7 @@ private:
     void ApplyValues (const std::array<float, kStripParameterCount>& stored);
 
     SharedKeyPoints keyPoints{ builtInKeyPoints };
-    std::atomic<bool> morphWroteParameters = false;
+    SharedValue<bool> morphWroteParameters = false;
     ZText keyPointName{ "01 Basic" };
     std::string stateFault;
 };
