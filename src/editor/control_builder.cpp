@@ -1,22 +1,17 @@
 #include "control_builder.h"
 
-#include "anim_click_button.h"
 #include "anim_dial.h"
-#include "anim_matrix_menu.h"
 #include "anim_on_off_button.h"
-#include "anim_picture.h"
-#include "anim_rotary_switch.h"
-#include "anim_slide_switch.h"
-#include "anim_slider.h"
 #include "anim_toggle_switch.h"
-#include "ascii_font_text_edit.h"
-#include "bitmap_picture.h"
 #include "canvas_imp.h"
-#include "draw_matrix_menu.h"
-#include "draw_text_edit.h"
+#include "click_buttons.h"
 #include "gui_editor.h"
-#include "knob_slider.h"
+#include "matrix_menus.h"
 #include "multi_button.h"
+#include "pictures.h"
+#include "sliders.h"
+#include "switches.h"
+#include "text_edits.h"
 
 namespace tessaly
 {

@@ -1,7 +1,7 @@
 #include "old_gui_editor.h"
 
-#include "bitmap_picture.h"
 #include "offscreen_view.h"
+#include "pictures.h"
 
 namespace tessaly
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bitmap_picture.h"
+#include "pictures.h"
 #include <cstdint>
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "font_text_edit.h"
 #include "look_columns.h"
+#include "text_edits.h"
 #include <cstdint>
 
 namespace tessaly

@@ -1,8 +1,5 @@
 #include "about_picture.h"
 #include "amx_font_text_edit.h"
-#include "anim_picture.h"
-#include "anim_vu_meter.h"
-#include "bitmap_picture.h"
 #include "bypass_button.h"
 #include "channel_strip_editor.h"
 #include "channel_strip_effect.h"
@@ -17,7 +14,9 @@
 #include "kprd_text_button.h"
 #include "morph_dial.h"
 #include "panel_texts.h"
+#include "pictures.h"
 #include "strip_text_analyzer.h"
+#include "vu_meters.h"
 
 namespace tessaly
 {

@@ -1,6 +1,4 @@
 #include "amx_font_text_edit.h"
-#include "anim_picture.h"
-#include "bitmap_picture.h"
 #include "channel_strip_editor.h"
 #include "channel_strip_parameters.h"
 #include "drive_dial.h"
@@ -8,6 +6,7 @@
 #include "guide_lower_dial.h"
 #include "knee_switch.h"
 #include "morph_dial.h"
+#include "pictures.h"
 
 namespace tessaly
 {

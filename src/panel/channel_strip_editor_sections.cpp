@@ -1,8 +1,5 @@
 #include "about_picture.h"
 #include "amx_font_text_edit.h"
-#include "anim_picture.h"
-#include "anim_vu_meter.h"
-#include "bitmap_picture.h"
 #include "bypass_button.h"
 #include "channel_strip_editor.h"
 #include "channel_strip_effect.h"
@@ -17,6 +14,8 @@
 #include "kprd_manager.h"
 #include "kprd_text_button.h"
 #include "morph_dial.h"
+#include "pictures.h"
+#include "vu_meters.h"
 
 namespace tessaly
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bitmap_click_button.h"
+#include "click_buttons.h"
 #include <cstdint>
 
 namespace tessaly

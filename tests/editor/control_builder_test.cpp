@@ -3,9 +3,9 @@
 #include "anim_dial.h"
 #include "anim_on_off_button.h"
 #include "anim_toggle_switch.h"
-#include "draw_text_edit.h"
 #include "editor_fixture.h"
-#include "knob_slider.h"
+#include "sliders.h"
+#include "text_edits.h"
 #include <doctest/doctest.h>
 
 using namespace tessaly;

@@ -1,6 +1,6 @@
-#include "draw_matrix_menu.h"
-#include "draw_text_edit.h"
 #include "editor_fixture.h"
+#include "matrix_menus.h"
+#include "text_edits.h"
 #include <doctest/doctest.h>
 
 using namespace tessaly;

@@ -1,5 +1,5 @@
-#include "anim_click_button.h"
 #include "anim_on_off_button.h"
+#include "click_buttons.h"
 #include "multi_button.h"
 #include "pane_fixture.h"
 #include <array>

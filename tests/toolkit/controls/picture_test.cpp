@@ -1,8 +1,8 @@
 #include "anim_dial.h"
-#include "anim_rotary_switch.h"
-#include "anim_vu_meter.h"
-#include "bitmap_picture.h"
 #include "pane_fixture.h"
+#include "pictures.h"
+#include "switches.h"
+#include "vu_meters.h"
 #include <doctest/doctest.h>
 #include <limits>
 

@@ -1,5 +1,5 @@
-#include "knob_slider.h"
 #include "pane_fixture.h"
+#include "sliders.h"
 #include <doctest/doctest.h>
 
 using namespace tessaly;

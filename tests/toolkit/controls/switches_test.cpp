@@ -1,7 +1,6 @@
-#include "anim_rotary_switch.h"
-#include "anim_slide_switch.h"
 #include "anim_toggle_switch.h"
 #include "pane_fixture.h"
+#include "switches.h"
 #include <algorithm>
 #include <array>
 #include <doctest/doctest.h>

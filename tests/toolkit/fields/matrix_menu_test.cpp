@@ -1,5 +1,4 @@
-#include "anim_matrix_menu.h"
-#include "draw_matrix_menu.h"
+#include "matrix_menus.h"
 #include "overlay_fixture.h"
 #include "pane_fixture.h"
 #include "parameter_storage_base.h"

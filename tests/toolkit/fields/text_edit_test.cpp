@@ -1,7 +1,7 @@
-#include "draw_text_edit.h"
 #include "overlay_fixture.h"
 #include "parameter_storage_base.h"
 #include "strip_text_analyzer.h"
+#include "text_edits.h"
 #include <cmath>
 #include <doctest/doctest.h>
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bitmap_control.h"
 #include "click_button.h"
 #include "state_control.h"
 #include <array>
@@ -25,6 +26,13 @@ protected:
 
 private:
     bool pressed = false; // and the pointer inside
+};
+
+/// A click button that looks the same up and down.
+class ZBitmapClickButton : public ZBitmapControl<ZClickButton>
+{
+public:
+    using ZBitmapControl::ZBitmapControl;
 };
 
 } // namespace tessaly

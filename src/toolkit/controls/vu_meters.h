@@ -1,5 +1,6 @@
 #pragma once
 
+#include "anim_control.h"
 #include "control.h"
 
 namespace tessaly
@@ -12,8 +13,15 @@ public:
     ZVuMeter (ZPaneOwner* paneOwner, const ZRect& rect, std::int32_t controlId)
         : ZControl (paneOwner, rect, controlId)
     {
-        SetMouseEnabled (false);
+        ZPane::SetMouseEnabled (false);
     }
+};
+
+/// A meter as a strip of frames. CreateAnim makes one in one step.
+class ZAnimVuMeter : public ZRangeAnimControl<ZVuMeter>
+{
+public:
+    using ZRangeAnimControl::ZRangeAnimControl;
 };
 
 } // namespace tessaly

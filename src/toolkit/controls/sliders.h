@@ -1,11 +1,19 @@
 #pragma once
 
+#include "anim_control.h"
 #include "draw_back.h"
 #include "draw_knob.h"
 #include "slider.h"
 
 namespace tessaly
 {
+
+/// A slider as a strip of frames.
+class ZAnimSlider : public ZRangeAnimControl<ZSlider>
+{
+public:
+    using ZRangeAnimControl::ZRangeAnimControl;
+};
 
 /// A slider as a knob over a background.
 class ZKnobSlider : public ZSlider, public ZDrawKnob, public ZDrawBack

@@ -1,4 +1,4 @@
-#include "anim_click_button.h"
+#include "click_buttons.h"
 
 namespace tessaly
 {
