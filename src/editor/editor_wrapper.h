@@ -22,8 +22,8 @@ public:
     virtual bool QueryEffect (std::int32_t kind, void* out) = 0;
     virtual bool GetInfo (std::int32_t kind, void* out) = 0;
 
-    virtual void SetParameter (std::int32_t tag, float value) = 0; ///< a parameter's id; normalized, 0 to 1
-    virtual void EndEdit (std::int32_t tag) = 0; ///< the host is to take the storage's value; -1: of all that differ
+    virtual void SetParameter (std::int32_t id, float value) = 0; ///< a parameter's id; normalized, 0 to 1
+    virtual void EndEdit (std::int32_t id) = 0; ///< the host is to take the storage's value; -1: of all that differ
     virtual void ShowCursor () = 0; ///< takes back one ZEventImp::HideCursor, after a drag that ended without a release
     virtual void ResizeTo (std::int32_t width, std::int32_t height) = 0; ///< pixels at scale 1
 

@@ -213,40 +213,40 @@ void ZGuiEditor::HideTooltip ()
         tooltip->Exit ();
 }
 
-void ZGuiEditor::SetValueById (std::int32_t tag, float value)
+void ZGuiEditor::SetValueById (std::int32_t id, float value)
 {
     for (std::int32_t i = 0; i < controls.GetCount (); ++i) // by index: a control may leave while it is told
-        controls.At (i)->SetValueById (tag, value);
+        controls.At (i)->SetValueById (id, value);
 }
 
-void ZGuiEditor::ShowById (std::int32_t tag)
+void ZGuiEditor::ShowById (std::int32_t id)
 {
     for (auto* control : controls)
-        control->ShowById (tag);
+        control->ShowById (id);
 }
 
-void ZGuiEditor::HideById (std::int32_t tag)
+void ZGuiEditor::HideById (std::int32_t id)
 {
     for (auto* control : controls)
-        control->HideById (tag);
+        control->HideById (id);
 }
 
-void ZGuiEditor::SetDirtyById (std::int32_t tag, bool on)
+void ZGuiEditor::SetDirtyById (std::int32_t id, bool on)
 {
     for (auto* control : controls)
-        control->SetDirtyById (tag, on);
+        control->SetDirtyById (id, on);
 }
 
-void ZGuiEditor::SetActiveById (std::int32_t tag, bool on)
+void ZGuiEditor::SetActiveById (std::int32_t id, bool on)
 {
     for (auto* control : controls)
-        control->SetActiveById (tag, on);
+        control->SetActiveById (id, on);
 }
 
-void ZGuiEditor::SetMouseEnabledById (std::int32_t tag, bool on)
+void ZGuiEditor::SetMouseEnabledById (std::int32_t id, bool on)
 {
     for (auto* control : controls)
-        control->SetMouseEnabledById (tag, on);
+        control->SetMouseEnabledById (id, on);
 }
 
 } // namespace tessaly

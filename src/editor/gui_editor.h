@@ -32,7 +32,7 @@ class ZEvent;
 /// are in pixels of the surface at scale 1.
 ///
 /// A value goes round: a control broadcasts what its user wants, SetParameter writes it and sets it on every control of
-/// that tag. What others change is found by the next idle tick, or comes as an event of the effect.
+/// that id. What others change is found by the next idle tick, or comes as an event of the effect.
 ///
 /// Threads: the host's user-interface thread. Only the effect's events may come on any thread: those of another one are
 /// parked, and the next Idle carries them out.
@@ -85,11 +85,11 @@ public:
     void SetDialMode (std::int32_t mode); ///< drag mode of every dial and slider
 
     // Values
-    /// Sets a value on every control of this tag. What is no number is dropped.
+    /// Sets a value on every control of this id. What is no number is dropped.
     virtual void ParameterChanged (std::int32_t id, float value);
-    /// Writes what a control wants, limited to 0 to 1, if the tag is a parameter's; all controls get it as it is.
-    virtual void SetParameter (std::int32_t tag, float value);
-    void EndParameterEdit (std::int32_t tag) { wrapper.EndEdit (tag); }
+    /// Writes what a control wants, limited to 0 to 1, if the id is a parameter's; all controls get it as it is.
+    virtual void SetParameter (std::int32_t id, float value);
+    void EndParameterEdit (std::int32_t id) { wrapper.EndEdit (id); }
     void OnValue (std::int32_t id, float value) override { SetParameter (id, value); }
     std::int32_t GetChannelCount () const { return channelCount; } ///< as last told by the effect; 0 at first
     void SetMeterFade (bool on);                                   ///< false: meters sink to zero
@@ -111,13 +111,13 @@ public:
     void ShowTooltip (ZPane& pane) override;
     void HideTooltip () override;
 
-    // To all controls, by tag or for kEveryPane; for a value the tag alone counts
-    void SetValueById (std::int32_t tag, float value);
-    void ShowById (std::int32_t tag);
-    void HideById (std::int32_t tag);
-    void SetDirtyById (std::int32_t tag, bool on);
-    void SetActiveById (std::int32_t tag, bool on);
-    void SetMouseEnabledById (std::int32_t tag, bool on);
+    // To all controls, by id or for kEveryPane; for a value the id alone counts
+    void SetValueById (std::int32_t id, float value);
+    void ShowById (std::int32_t id);
+    void HideById (std::int32_t id);
+    void SetDirtyById (std::int32_t id, bool on);
+    void SetActiveById (std::int32_t id, bool on);
+    void SetMouseEnabledById (std::int32_t id, bool on);
 
     // Building. The editor owns what it is given, until Remove or Close, and hands back a borrowed pointer; null for null
     template <std::derived_from<ZPane> Pane>
@@ -135,7 +135,7 @@ public:
         return added;
     }
     template <std::derived_from<ZControl> Control>
-    Control* AddControl (ZView& view, std::unique_ptr<Control> control) ///< its tag is a parameter's id or above them
+    Control* AddControl (ZView& view, std::unique_ptr<Control> control) ///< its id is a parameter's id or above them
     {
         auto* added = AddPane (view, std::move (control));
         if (added != nullptr)
@@ -143,7 +143,7 @@ public:
         return added;
     }
     template <std::derived_from<ZControl> Meter>
-    Meter* AddMeter (ZView& view, std::unique_ptr<Meter> meter) ///< its tag is the index of a meter
+    Meter* AddMeter (ZView& view, std::unique_ptr<Meter> meter) ///< its id is the index of a meter
     {
         auto* added = AddPane (view, std::move (meter));
         meters.Add (added);

@@ -99,13 +99,13 @@ void ZGuiEditor::OnParameterPosted (std::int32_t id)
         ParameterChanged (id, storage->GetNormalized (id));
 }
 
-void ZGuiEditor::SetParameter (std::int32_t tag, float value)
+void ZGuiEditor::SetParameter (std::int32_t id, float value)
 {
     if (std::isnan (value))
         return;
-    if (storage != nullptr && tag >= 0 && tag < storage->GetParameterCount ())
-        wrapper.SetParameter (tag, std::clamp (value, 0.0f, 1.0f));
-    ParameterChanged (tag, value);
+    if (storage != nullptr && id >= 0 && id < storage->GetParameterCount ())
+        wrapper.SetParameter (id, std::clamp (value, 0.0f, 1.0f));
+    ParameterChanged (id, value);
 }
 
 void ZGuiEditor::ParameterChanged (std::int32_t id, float value)

@@ -13,7 +13,7 @@ using namespace tessaly;
 namespace
 {
 
-constexpr std::int32_t kCommandTag = 30000; // a tag that is no parameter's
+constexpr std::int32_t kCommandId = 30000; // an id that is no parameter's
 
 /// Three controls side by side, 40 pixels each, of parameters 0 and 1 and of a command, and a meter below.
 struct SmallFixture : EditorFixture<>
@@ -25,7 +25,7 @@ struct SmallFixture : EditorFixture<>
     {
         auto& root = *GetRootView ();
         row = { AddProbe (root, { 0, 0, 40, 40 }, 0), AddProbe (root, { 40, 0, 80, 40 }, 1),
-                AddProbe (root, { 80, 0, 120, 40 }, kCommandTag) };
+                AddProbe (root, { 80, 0, 120, 40 }, kCommandId) };
         meter = AddMeter (root, std::make_unique<ZControl> (this, ZRect{ 0, 40, 20, 60 }, 0));
         meter->SetMouseEnabled (false);
     }
@@ -160,7 +160,7 @@ TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: values go from control to effect, 
     CHECK (row[0]->GetValue () == 1.5f);
     Tick (); // and then as the effect has it
     CHECK (row[0]->GetValue () == 1.0f);
-    row[2]->BroadcastValue (kCommandTag, 1.0f);
+    row[2]->BroadcastValue (kCommandId, 1.0f);
     CHECK (row[2]->GetValue () == 1.0f);
     CHECK (wrapper.written.size () == 1);
 
@@ -168,7 +168,7 @@ TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: values go from control to effect, 
     wrapper.storage.SetNormalized (3, 0.5f); // no control bears it
     Tick ();
     Tick ();
-    CHECK (changed == std::vector{ 0, 0, kCommandTag, 1, 3 });
+    CHECK (changed == std::vector{ 0, 0, kCommandId, 1, 3 });
 
     const auto nothing = std::numeric_limits<float>::quiet_NaN ();
     row[0]->BroadcastValue (0, nothing);

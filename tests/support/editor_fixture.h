@@ -52,10 +52,10 @@ public:
             return false;
         return true;
     }
-    void SetParameter (std::int32_t tag, float value) override
+    void SetParameter (std::int32_t id, float value) override
     {
-        written.emplace_back (tag, value);
-        storage.SetNormalized (tag, value);
+        written.emplace_back (id, value);
+        storage.SetNormalized (id, value);
     }
     void EndEdit (std::int32_t) override {}
     void ShowCursor () override { ++cursorsShown; }
@@ -173,9 +173,9 @@ public:
     void OnFocusLost () override { log.emplace_back ("lost"); }
     void OnSampleRate (double rateHz) override { rate = rateHz; }
 
-    ProbeControl* AddProbe (ZView& view, const ZRect& frame, std::int32_t tag)
+    ProbeControl* AddProbe (ZView& view, const ZRect& frame, std::int32_t id)
     {
-        return this->AddControl (view, std::make_unique<ProbeControl> (this, frame, tag, log));
+        return this->AddControl (view, std::make_unique<ProbeControl> (this, frame, id, log));
     }
 
     void Tick (std::uint32_t milliseconds = 30)

@@ -37,8 +37,8 @@ public:
 
     bool QueryEffect (std::int32_t kind, void* out) override;
     bool GetInfo (std::int32_t kind, void* out) override;
-    void SetParameter (std::int32_t tag, float value) override { storage.SetNormalized (tag, value); }
-    void EndEdit (std::int32_t /*tag*/) override {}                             // no host keeps values
+    void SetParameter (std::int32_t id, float value) override { storage.SetNormalized (id, value); }
+    void EndEdit (std::int32_t /*id*/) override {}                              // no host keeps values
     void ShowCursor () override {}                                              // no control ends in a drag
     void ResizeTo (std::int32_t /*width*/, std::int32_t /*height*/) override {} // the surface is of a fixed size
     std::unique_ptr<ZBitmapImp> CreateBitmap (std::string_view name) override;
