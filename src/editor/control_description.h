@@ -52,7 +52,7 @@ struct ZControlDescription
     std::int32_t hitY = 0;
     std::int32_t hitWidth = 0;
     std::int32_t hitHeight = 0;
-    const char* imageName = nullptr; // picture, strip, knob or font
+    const char* imageName = nullptr; // picture, strip, thumb or font
     std::int32_t imageX = 0;         // top left in that image
     std::int32_t imageY = 0;
     std::int32_t frameCount = 0; // of a strip, whose frames are as high as the control
@@ -66,7 +66,7 @@ struct ZControlDescription
     std::int32_t centerX = 0; // of a dial, from the frame's top left
     std::int32_t centerY = 0;
     std::int32_t counterClockwise = 0; // not 0: that way
-    std::int32_t knobWidth = 0;        // of a slider
+    std::int32_t knobWidth = 0;        // thumb of a slider
     std::int32_t knobHeight = 0;
     std::int32_t sliderOrientation = 0; // 0, 1 horizontal, reversed; 2, other vertical, reversed
     std::int32_t zoneStart = 0;         // middle zone of a toggle switch

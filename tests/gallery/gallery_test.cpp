@@ -68,7 +68,7 @@ constexpr std::string_view kFinalValues =
     "Polarity = Inverted\n" // dragged from one end to the other
     "Level = 72 %\n"        // set by the host at last
     "Depth = 29 %\n"        // a page at once, one after 500 ms, then one every second tick of 30 ms
-    "Blend = 82 %\n"        // the knob's middle at 68 of 96 pixels, a page of ten steps and one step
+    "Blend = 82 %\n"        // the thumb's middle at 68 of 96 pixels, a page of ten steps and one step
     "Slope = 24 dB\n"
     "Tap = On\nStamp = On\nPad = On\n"
     "Latch2 = On\nLatch3 = Off\nLatch4 = On\n"

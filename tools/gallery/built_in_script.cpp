@@ -44,7 +44,7 @@ press
 snap 04-pressed
 release
 
-# Sliders: a knob dragged, a track that pages while the button is down, the wheel, keys
+# Sliders: a thumb dragged, a track that pages while the button is down, the wheel, keys
 point level 10 0
 press
 drag -32 0

@@ -90,7 +90,7 @@ void DrawBlend (Sketch& sketch, const Frame& frame)
     sketch.RoundRect (2, 2, 6 + (frame.width - 10) * frame.Part (), frame.height - 4.0, 3, kAccent);
 }
 
-void DrawSliderKnob (Sketch& sketch, const Frame& frame)
+void DrawSliderThumb (Sketch& sketch, const Frame& frame)
 {
     const bool upright = frame.height > frame.width;
     sketch.RoundRect (0.5, 0.5, frame.width - 1.0, frame.height - 1.0, 3, kGroove);
@@ -304,8 +304,8 @@ const std::array kDrawings{
     Drawing{ "TOGGLE_OFF.PNG", 28, 60, 3, DrawToggle, true },
     Drawing{ "SLOPE.PNG", 100, 20, 4, DrawSlope },
     Drawing{ "BLEND.PNG", 100, 20, 51, DrawBlend },
-    Drawing{ "KNOB.PNG", 14, 24, 1, DrawSliderKnob },
-    Drawing{ "KNOB_UP.PNG", 24, 12, 1, DrawSliderKnob },
+    Drawing{ "THUMB.PNG", 14, 24, 1, DrawSliderThumb },
+    Drawing{ "THUMB_UP.PNG", 24, 12, 1, DrawSliderThumb },
     Drawing{ "TAP.PNG", 100, 20, 2, DrawTap },
     Drawing{ "STAMP.PNG", 100, 20, 1, DrawStamp },
     Drawing{ "PAD.PNG", 100, 20, 1, DrawPad },

@@ -64,12 +64,12 @@ ZControlDescription Dial (std::int32_t column, std::int32_t kind, std::int32_t i
     return record;
 }
 
-ZControlDescription Slider (std::int32_t column, std::int32_t kind, std::int32_t id, const ZRect& rect, ZPoint knob,
+ZControlDescription Slider (std::int32_t column, std::int32_t kind, std::int32_t id, const ZRect& rect, ZPoint thumb,
                             std::int32_t orientation)
 {
     auto record = Record (column, 1, kind, id, rect);
-    record.knobWidth = knob.x;
-    record.knobHeight = knob.y;
+    record.knobWidth = thumb.x;
+    record.knobHeight = thumb.y;
     record.sliderOrientation = orientation;
     return record;
 }
@@ -157,9 +157,9 @@ std::vector<Exhibit> FirstRow ()
 std::vector<Exhibit> SecondRow ()
 {
     auto level = Slider (0, kKindKnobSlider, kLevel, { 16, 48, 122, 72 }, { 14, 24 }, 0);
-    level.imageName = "KNOB.PNG";
+    level.imageName = "THUMB.PNG";
     auto depth = Slider (1, kKindKnobSlider, kDepth, { 57, 28, 81, 92 }, { 24, 12 }, 3);
-    depth.imageName = "KNOB_UP.PNG";
+    depth.imageName = "THUMB_UP.PNG";
     const ZRect strip{ 19, 50, 119, 70 };
     // The button without a look lies over its picture, which lets the mouse through.
     return { { "level", level },

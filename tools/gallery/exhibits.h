@@ -40,7 +40,7 @@ inline constexpr std::array kCells{
     Cell{ 3, 0, "Toggle switch" },
     Cell{ 4, 0, "Picture of a value" },
     Cell{ 5, 0, "Pictures", "three out of one image" },
-    Cell{ 0, 1, "Slider with a knob" },
+    Cell{ 0, 1, "Slider with a thumb" },
     Cell{ 1, 1, "Slider that pages" },
     Cell{ 2, 1, "Slider of frames" },
     Cell{ 3, 1, "Slide switch" },

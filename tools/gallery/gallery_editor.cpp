@@ -143,7 +143,7 @@ void GalleryEditor::CreateHover ()
     auto& texts = *AddPane (view.GetUpperView (), std::make_unique<ZMultiTextView> (this, line));
     AddHint (texts, kGain, "Gain: a dial, dragged straight");
     AddHint (texts, kPan, "Pan: a dial that jumps to the pointer");
-    AddHint (texts, kLevel, "Level: a slider with a knob");
+    AddHint (texts, kLevel, "Level: a slider with a thumb");
     AddHint (texts, kNote, "Note: a menu in columns");
 }
 

@@ -12,7 +12,7 @@ namespace tessaly::gallery
 namespace
 {
 
-/// A groove in the middle of a slider's frame, as long as its knob's centre can go.
+/// A groove in the middle of a slider's frame, as long as its thumb's centre can go.
 void DrawGroove (Sketch& sketch, const ZControlDescription& slider)
 {
     const bool level = slider.width > slider.height;

@@ -41,7 +41,7 @@ std::int32_t ZSlider::HitTest (ZEvent& event, const ZMouseInput& mouse)
 {
     if (ZControl::HitTest (event, mouse) == kSliderMiss)
         return kSliderMiss;
-    return GetKnobRect ().Contains (mouse.point) ? kSliderKnobHit : kSliderTrackHit;
+    return GetKnobRect ().Contains (mouse.point) ? kSliderThumbHit : kSliderTrackHit;
 }
 
 bool ZSlider::OnMouseDown (ZEvent& event, const ZMouseInput& mouse)
@@ -79,12 +79,12 @@ bool ZSlider::StartDrag (ZEvent& event, const ZMouseInput& mouse, std::int32_t h
         event.HideCursor ();
         cursorShown = false;
         return true;
-    case kSliderKnob:
-        return hit == kSliderKnobHit;
+    case kSliderThumb:
+        return hit == kSliderThumbHit;
     case kSliderPage:
         if (hit == kSliderLabelHit)
             paging = Paging::Finished;
-        else if (hit != kSliderKnobHit)
+        else if (hit != kSliderThumbHit)
             paging = PositionValue (mouse) > dragStartValue ? Paging::Up : Paging::Down;
         return true;
     default:
@@ -189,7 +189,7 @@ float ZSlider::PageValue (const ZMouseInput& mouse)
         return StepValue (present, 1, 1.0f);
     if (paging == Paging::Down && aim < present)
         return StepValue (present, -1, 1.0f);
-    paging = Paging::Finished; // the knob has passed the pointer: for good
+    paging = Paging::Finished; // the thumb has passed the pointer: for good
     return present;
 }
 

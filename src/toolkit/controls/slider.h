@@ -12,39 +12,43 @@ enum SliderDragMode : std::int32_t
 {
     kSliderEndless = 0, // relative, with the cursor hidden and held where it was pressed
     kSliderJump = 1,    // the value jumps to the pointer and follows it
-    kSliderKnob = 2,    // relative, only by the knob
-    kSliderPage = 3     // relative by the knob; on the track steps towards the pointer
+    kSliderThumb = 2,   // relative, only by the thumb
+    kSliderPage = 3     // relative by the thumb; on the track steps towards the pointer
 };
 
 enum SliderHit : std::int32_t // what HitTest tells apart
 {
     kSliderMiss = 0,
-    kSliderKnobHit = 1,
+    kSliderThumbHit = 1,
     kSliderTrackHit = 2,
     kSliderLabelHit = 3
 };
 
-/// A straight control with a knob that moves along its frame. A drag counts pixels from its start, so that the pointer
-/// and the knob stay together beyond the ends; in the endless mode a drag that reaches a stop counts anew from there.
+/// A straight control with a thumb (in the names of operations: its knob) that moves along its frame. A drag counts pixels
+/// from its start, so that the pointer and the thumb stay together beyond the ends; in the endless mode a drag that
+/// reaches a stop counts anew from there.
 class ZSlider : public ZControl
 {
 public:
-    ZSlider (ZPaneOwner* paneOwner, const ZRect& rect, std::int32_t controlId); ///< its knob is a square
+    ZSlider (ZPaneOwner* paneOwner, const ZRect& rect, std::int32_t controlId); ///< its thumb is a square
     ~ZSlider () override; ///< shows the cursor if a drag has hidden it
 
     virtual void SetDragMode (std::int32_t mode) { dragMode = mode; } ///< of SliderDragMode
     std::int32_t GetDragMode () const { return dragMode; }
     void SetStyle (std::int32_t bits) { axis.SetStyle (bits); } ///< of SliderStyle
     std::int32_t GetStyle () const { return axis.GetStyle (); }
-    void SetKnobRect (const ZRect& rect) { knobRect = rect; } ///< relative to the place of the knob
+    void SetKnobRect (const ZRect& rect) { knobRect = rect; } ///< relative to the place of the thumb
     ZRect GetKnobRect () const;                               ///< where it is, in the parent's coordinates
     std::int32_t GetTrackLength () const { return axis.Length (GetFrame ()); }
     std::int32_t GetKnobLength () const { return axis.Length (knobRect); }
-    virtual std::int32_t GetTravel () const { return GetTrackLength () - GetKnobLength (); } ///< of the knob, in pixels
+    virtual std::int32_t GetTravel () const
+    {
+        return GetTrackLength () - GetKnobLength ();
+    } ///< of the thumb, in pixels
 
     // The value that the pointer asks for at a step of the drag. Without travel it is the present one.
     virtual float DragValue (const ZMouseInput& mouse);           ///< in the present mode
-    virtual float PositionValue (const ZMouseInput& mouse) const; ///< with the knob's centre at the pointer
+    virtual float PositionValue (const ZMouseInput& mouse) const; ///< with the thumb's centre at the pointer
     float RelativeValue (const ZMouseInput& mouse);
     float EndlessValue (const ZMouseInput& mouse);
     float PageValue (const ZMouseInput& mouse);

@@ -15,7 +15,7 @@ public:
     using ZRangeAnimControl::ZRangeAnimControl;
 };
 
-/// A slider as a knob over a background.
+/// A slider as a thumb over a background.
 class ZKnobSlider : public ZSlider, public ZDrawKnob, public ZDrawBack
 {
 public:

@@ -25,7 +25,7 @@ struct ZKnobRecord
     ZPoint source;             // top left of the knob in the bitmap
 };
 
-/// Mix-in: a knob, cut out of an image in the size of the rectangle that it is drawn in.
+/// Mix-in: a knob, as a slider's thumb, cut out of an image in the size of the rectangle that it is drawn in.
 class ZDrawKnob : public ZLookRecords<ZKnobRecord>
 {
 public:

@@ -10,12 +10,12 @@ namespace
 
 using Fixture = ControlFixture<ZKnobSlider>;
 
-// 100 long with a knob of 10: its travel is 90 from x 55, where its knob's centre is at value 0.
+// 100 long with a thumb of 10: its travel is 90 from x 55, where its thumb's centre is at value 0.
 constexpr ZRect kPlace{ 50, 50, 150, 60 };
 
 } // namespace
 
-TEST_CASE ("ZSlider: the knob stands at its value, from the left or from the bottom by the longer side of the frame")
+TEST_CASE ("ZSlider: the thumb stands at its value, from the left or from the bottom by the longer side of the frame")
 {
     ZSlider across (nullptr, { 50, 50, 150, 60 }, 0);
     across.SetValue (0.5f);
@@ -23,7 +23,7 @@ TEST_CASE ("ZSlider: the knob stands at its value, from the left or from the bot
     across.SetStyle (kHorizontal | kReversed);
     across.SetValue (0.9f);
     CHECK (across.GetKnobRect () == ZRect{ 59, 50, 69, 60 });
-    across.SetValue (-3e30f); // whatever its value, the knob stays in the track
+    across.SetValue (-3e30f); // whatever its value, the thumb stays in the track
     CHECK (across.GetKnobRect () == ZRect{ 140, 50, 150, 60 });
 
     ZSlider upright (nullptr, { 50, 50, 60, 150 }, 0);
@@ -34,7 +34,7 @@ TEST_CASE ("ZSlider: the knob stands at its value, from the left or from the bot
     CHECK (upright.GetKnobRect () == ZRect{ 51, 127, 59, 147 });
 }
 
-TEST_CASE ("ZSlider: a jump centres the knob on the pointer and follows it, a fine drag ends where the pointer is")
+TEST_CASE ("ZSlider: a jump centres the thumb on the pointer and follows it, a fine drag ends where the pointer is")
 {
     Fixture fixture (kPlace, kSliderJump, 0.0f);
     CHECK (fixture.Pressed ({ 100, 55 }) == Values{ 0.5f });
@@ -45,9 +45,9 @@ TEST_CASE ("ZSlider: a jump centres the knob on the pointer and follows it, a fi
                          { { 109, 55 }, 0.3, kShift } }); // and finely on from there
 }
 
-TEST_CASE ("ZSlider: by the knob only, a press on the track is refused")
+TEST_CASE ("ZSlider: by the thumb only, a press on the track is refused")
 {
-    Fixture fixture (kPlace, kSliderKnob, 0.5f);
+    Fixture fixture (kPlace, kSliderThumb, 0.5f);
     CHECK_FALSE (fixture.Press (fixture.control, { 60, 55 }));
     CHECK (fixture.Press (fixture.control, { 96, 55 }));
     fixture.CheckDrag ({ { { 96, 55 }, 0.5 }, { { 105, 55 }, 0.6 } });
@@ -83,7 +83,7 @@ TEST_CASE ("ZSlider: in steps, one comes at the press, further ones after a whil
 
     fixture.Pressed ({ 60, 55 });
     after (1700, 60, 0.3);        // downwards
-    fixture.Pressed ({ 82, 55 }); // on the knob
+    fixture.Pressed ({ 82, 55 }); // on the thumb
     after (1700, 91, 0.4);
 }
 
@@ -113,7 +113,7 @@ TEST_CASE ("ZSlider: an endless drag holds the hidden cursor where it was presse
 
 TEST_CASE ("ZSlider: without travel nothing moves")
 {
-    for (const auto mode : { kSliderEndless, kSliderJump, kSliderKnob, kSliderPage })
+    for (const auto mode : { kSliderEndless, kSliderJump, kSliderThumb, kSliderPage })
     {
         Fixture fixture (kPlace, mode, 0.5f);
         fixture.control.SetKnobRect ({ 0, 0, mode == kSliderJump ? 300 : 100, 10 });
@@ -123,7 +123,7 @@ TEST_CASE ("ZSlider: without travel nothing moves")
     }
 }
 
-TEST_CASE ("ZKnobSlider: draws the background, and over it the knob in its place")
+TEST_CASE ("ZKnobSlider: draws the background, and over it the thumb in its place")
 {
     Fixture fixture (kPlace, kSliderJump, 0.5f);
     fixture.control.ZDrawBack::SetBitmapActive (&fixture.strip, { 7, 8 });

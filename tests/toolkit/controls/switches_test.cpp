@@ -86,7 +86,7 @@ TEST_CASE ("ZSlideSwitch: rests on positions, each with an equal part of the who
     ControlFixture<ZAnimSlideSwitch> fixture ({ 0, 0, 90, 10 });
     auto& slide = fixture.control;
     slide.SetStep (1.0f / 3);
-    slide.SetDragMode (kSliderKnob); // jumps nevertheless
+    slide.SetDragMode (kSliderThumb); // jumps nevertheless
     fixture.Press (slide, { 45, 5 });
     for (const std::int32_t x : { 50, 59, 61, 89, 500, 31, 29, -7 })
         fixture.Drag (slide, { x, 5 });
