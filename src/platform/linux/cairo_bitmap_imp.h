@@ -1,8 +1,8 @@
 #pragma once
 
-#include "bitmap_imp.h"
 #include "cairo_copy.h"
 #include "cairo_handles.h"
+#include "cairo_image.h"
 #include "image_store.h"
 #include <cstddef>
 #include <cstdint>
@@ -17,7 +17,7 @@ namespace tessaly
 class ZStream;
 
 /// A PNG image. Its data may hold `density` pixels a coordinate each way; its size is in coordinates all the same.
-class ZCairoBitmapImp final : public ZBitmapImp
+class ZCairoBitmapImp final : public ZCairoImage
 {
 public:
     /// @param density  1 or 2, clamped
@@ -31,6 +31,9 @@ public:
     const std::string& GetName () const override { return name; }
     std::uint32_t GetWidth () const override { return width; }
     std::uint32_t GetHeight () const override { return height; }
+
+    ImagePart Part (const ZRect&) override { return { Pixels (), nullptr }; }
+    ImagePart PartWithoutKey (const ZRect&, ZColor key) override { return { PixelsWithoutKey (key), nullptr }; }
 
     CopySource Pixels () const; ///< valid as long as this
     /// Those without the opaque pixels of this colour, which are looked for once and not again for each copy.

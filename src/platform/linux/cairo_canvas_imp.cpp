@@ -1,6 +1,6 @@
 #include "cairo_canvas_imp.h"
 
-#include "cairo_bitmap_imp.h"
+#include "cairo_image.h"
 #include <algorithm>
 #include <cairo.h>
 #include <cmath>
@@ -385,26 +385,26 @@ void ZCairoCanvasImp::StretchCanvas (ZCanvasImp& source, const ZRect& rect, cons
 
 void ZCairoCanvasImp::DrawBitmapPlain (ZBitmapImp& bitmap, const ZRect& rect, ZPoint from)
 {
-    if (const auto* ours = dynamic_cast<ZCairoBitmapImp*> (&bitmap))
-        Copy (ours->Pixels (), rect, AreaAt (from, rect), {});
+    if (auto* ours = dynamic_cast<ZCairoImage*> (&bitmap))
+        Copy (ours->Part (AreaAt (from, rect)).source, rect, AreaAt (from, rect), {});
 }
 
 void ZCairoCanvasImp::DrawBitmapKeyed (ZBitmapImp& bitmap, const ZRect& rect, ZPoint from, ZColor key)
 {
-    if (auto* ours = dynamic_cast<ZCairoBitmapImp*> (&bitmap))
-        Copy (ours->PixelsWithoutKey (key), rect, AreaAt (from, rect), {});
+    if (auto* ours = dynamic_cast<ZCairoImage*> (&bitmap))
+        Copy (ours->PartWithoutKey (AreaAt (from, rect), key).source, rect, AreaAt (from, rect), {});
 }
 
 void ZCairoCanvasImp::DrawBitmapAlpha (ZBitmapImp& bitmap, const ZRect& rect, ZPoint from, std::uint8_t alpha)
 {
-    if (const auto* ours = dynamic_cast<ZCairoBitmapImp*> (&bitmap))
-        Copy (ours->Pixels (), rect, AreaAt (from, rect), { alpha / 255.0, {} });
+    if (auto* ours = dynamic_cast<ZCairoImage*> (&bitmap))
+        Copy (ours->Part (AreaAt (from, rect)).source, rect, AreaAt (from, rect), { alpha / 255.0, {} });
 }
 
 void ZCairoCanvasImp::StretchBitmap (ZBitmapImp& bitmap, const ZRect& rect, const ZRect& from)
 {
-    if (const auto* ours = dynamic_cast<ZCairoBitmapImp*> (&bitmap))
-        Copy (ours->Pixels (), rect, from, {});
+    if (auto* ours = dynamic_cast<ZCairoImage*> (&bitmap))
+        Copy (ours->Part (from).source, rect, from, {});
 }
 
 } // namespace tessaly

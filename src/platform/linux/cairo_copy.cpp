@@ -142,11 +142,13 @@ void CopyArea (cairo_t* target, const PixelGrid& grid, const ZRect& rect, const 
 {
     if (source.surface == nullptr || cairo_image_surface_get_data (source.surface) == nullptr)
         return;
+    const double left = source.place.x;
+    const double top = source.place.y;
     const Axis x = AlongAxis (grid.X (), { double (rect.left), double (rect.right) }, source.grid.X (),
-                              { double (from.left), double (from.right) }, source.width,
+                              { from.left - left, from.right - left }, source.width,
                               cairo_image_surface_get_width (source.surface));
     const Axis y = AlongAxis (grid.Y (), { double (rect.top), double (rect.bottom) }, source.grid.Y (),
-                              { double (from.top), double (from.bottom) }, source.height,
+                              { from.top - top, from.bottom - top }, source.height,
                               cairo_image_surface_get_height (source.surface));
     if (x.IsEmpty () || y.IsEmpty ())
         return;

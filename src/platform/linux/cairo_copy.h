@@ -16,6 +16,7 @@ struct CopySource
     PixelGrid grid;                     // from its coordinates to its pixels
     std::int32_t width = 0;             // in its coordinates
     std::int32_t height = 0;
+    ZPoint place{}; // of its top left in the coordinates of `from`: not (0, 0) where it is a part of an image
 };
 
 /// How a copy is blended. A pixel that is the opaque colour `key` is left out.
