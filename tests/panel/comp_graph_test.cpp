@@ -2,19 +2,20 @@
 
 #include "drawn_curves.h"
 #include "knee_switch.h"
-#include "panel_ids.h"
+#include "panel_layout.h"
 #include "strip_fixture.h"
 #include <cmath>
 #include <doctest/doctest.h>
 
 using namespace tessaly;
+using namespace tessaly::layout;
 using enum StripParameter;
 
 TEST_CASE ("CompGraph: the curve lies where the engine computes it, at any density of the screen")
 {
     StripFixture f;
-    ZAMX_CompGraph graph (&f, { 156, 57, 236, 132 }, kCompGraphId);
-    graph.SetPlotRect ({ 174, 62, 231, 119 });
+    ZAMX_CompGraph graph (&f, kCompGraph, kCompGraphId);
+    graph.SetPlotRect (kCompPlot);
     graph.SetStrip (f.engine);
     f.Show (graph);
     for (const double scale : { 1.0, 2.0, 1.25 })
@@ -24,7 +25,7 @@ TEST_CASE ("CompGraph: the curve lies where the engine computes it, at any densi
         const auto curves = CurvesIn (f.Drawn (graph));
         REQUIRE (curves.size () == 1);
         const auto& points = curves.front ().points;
-        REQUIRE (static_cast<int> (points.size ()) == static_cast<int> (std::ceil (57 * scale)));
+        REQUIRE (static_cast<double> (points.size ()) == std::ceil (57 * scale));
         for (std::size_t i = 0; i < points.size (); ++i)
         {
             const auto column = static_cast<double> (i) / scale;
@@ -37,7 +38,7 @@ TEST_CASE ("CompGraph: the curve lies where the engine computes it, at any densi
 TEST_CASE ("CompGraph: drive, ratio, knee and the hidden two draw it anew")
 {
     StripFixture f;
-    ZAMX_CompGraph graph (&f, { 156, 57, 236, 132 }, kCompGraphId);
+    ZAMX_CompGraph graph (&f, kCompGraph, kCompGraphId);
     for (std::int32_t id = 0; id < kStripParameterCount; ++id)
     {
         graph.SetDirty (false);
@@ -51,13 +52,12 @@ namespace
 
 struct KneeFixture : StripFixture
 {
-    ZAMX_KneeSwitch knee{ this, { 29, 136, 146, 149 }, IndexOf (StripParameter::knee) };
+    ZAMX_KneeSwitch knee{ this, kKneeSwitch, IndexOf (StripParameter::knee) };
 
     KneeFixture ()
     {
-        const ZRect regions[]{ { 29, 136, 67, 149 }, { 66, 136, 110, 149 }, { 109, 136, 146, 149 } };
-        knee.SetImages (&strip, &strip, 3, 13);
-        knee.SetRegions (regions, 3);
+        knee.SetImages (&strip, &strip, kKneePositions, 13);
+        knee.SetRegions (kKneeRegions.data (), kKneePositions);
         StripFixture::Show (knee);
     }
     std::int32_t Index () const { return storage->GetInt (knee.GetId ()); }

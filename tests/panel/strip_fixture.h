@@ -15,9 +15,8 @@ namespace tessaly
 {
 
 /// A collection of key-point sets that a test makes up.
-class MadeUpCollection final : public KPRD_CollectionImp
+struct MadeUpCollection final : KPRD_CollectionImp
 {
-public:
     using Fill = void (*) (KPRD_Entries&);
 
     explicit MadeUpCollection (Fill function)
@@ -26,16 +25,13 @@ public:
     }
     void Load (KPRD_Entries& list) override { fill (list); }
 
-    static KPRD_Data& AddFile (KPRD_Entries& list, const char* name)
+    static void AddFile (KPRD_Entries& list, const char* name)
     {
-        list.push_back (std::make_unique<KPRD_Data> ());
-        list.back ()->SetFile (name, 1);
-        return *list.back ();
+        list.emplace_back (std::make_unique<KPRD_Data> ())->SetFile (name, 1);
     }
     static KPRD_Entries& AddFolder (KPRD_Entries& list, const char* name)
     {
-        list.push_back (std::make_unique<KPRD_Data> ());
-        return list.back ()->SetName (name);
+        return list.emplace_back (std::make_unique<KPRD_Data> ())->SetName (name);
     }
 
 private:
