@@ -2,7 +2,7 @@
 
 #include "ch_strip_file_exception.h"
 #include "channel_strip_storage.h"
-#include "key_point_block.h"
+#include "key_point_file.h"
 #include "memory_stream.h"
 #include "morph.h"
 #include "null_stream.h"
@@ -87,9 +87,9 @@ void ZChannel_StripEffect::WriteMorphed (std::int32_t index, float step)
 
 void ZChannel_StripEffect::LoadKeyPointBlock (const void* data, std::int32_t size)
 {
-    auto table = keyPoints.Read (); // row 9 is in no file
-    if (ReadKeyPointBlock (data, size, table))
-        keyPoints.Replace (table);
+    auto set = keyPoints.Read (); // row 9 is in no file
+    if (ReadKeyPointFile (data, size, set))
+        keyPoints.Replace (set);
 }
 
 void ZChannel_StripEffect::SetKeyPointName (const char* name)

@@ -71,7 +71,7 @@ public:
     }
     static std::int32_t KeyPointParameter (std::uint32_t row, std::uint32_t column)
     {
-        return KeyPointTable::KeyPointParameter (row, column);
+        return KeyPointSet::KeyPointParameter (row, column);
     }
 
     /// Whether the morph has written a parameter since the last call. Lets the editor tell a change by the morph from a

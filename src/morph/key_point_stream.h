@@ -5,7 +5,7 @@
 namespace tessaly
 {
 
-/// A key-point file in memory. Its numbers have their highest byte first; a read hands its bytes over in reversed
+/// A key-point file in memory. Its numbers have their highest byte first; a read gives its bytes in reversed
 /// order, so that a plain read of a number's width gives the number on a machine of the other order.
 class KPDStream final : public ZMemoryStream
 {

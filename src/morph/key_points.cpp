@@ -7,7 +7,7 @@ namespace tessaly
 
 // "01 Basic". Columns are the parameters 1 to 17.
 // clang-format off
-constinit const KeyPointTable builtInKeyPoints { { {
+constinit const KeyPointSet builtInKeyPoints { { {
     { { 184, 159,  30,   1, 100,  70,  30, 133,  12, 112, 180,  72, 180,  12,  32, 180, 180 } },
     { { 165, 170,  45,   1, 100,  70,  50, 205,  12, 116, 151,  53, 210,  14,  30, 152, 180 } },
     { { 147, 181,  60,   1, 100,  94,  71, 260,  12, 113, 100,  71, 269,  16,  28,  89, 180 } },
@@ -21,17 +21,17 @@ constinit const KeyPointTable builtInKeyPoints { { {
 } } };
 // clang-format on
 
-bool KeyPointTable::HasKeyPoint (std::uint32_t row) const
+bool KeyPointSet::HasKeyPoint (std::uint32_t row) const
 {
     return row < rows.size () && std::find (rows[row].begin (), rows[row].end (), kEmptyCell) == rows[row].end ();
 }
 
-std::int32_t KeyPointTable::KeyPointStep (std::uint32_t row, std::uint32_t column) const
+std::int32_t KeyPointSet::KeyPointStep (std::uint32_t row, std::uint32_t column) const
 {
     return row < kKeyPointRows && column < kKeyPointColumns ? rows[row][column] : kEmptyCell;
 }
 
-std::int32_t KeyPointTable::KeyPointParameter (std::uint32_t row, std::uint32_t column)
+std::int32_t KeyPointSet::KeyPointParameter (std::uint32_t row, std::uint32_t column)
 {
     return row < kKeyPointRows && column < kKeyPointColumns ? static_cast<std::int32_t> (column) + 1 : kNoParameter;
 }

@@ -14,8 +14,8 @@ inline constexpr std::int32_t kNoParameter = -2;
 /// The steps of one key point: column j is parameter j + 1.
 using KeyPointRow = std::array<std::int16_t, kKeyPointColumns>;
 
-/// One set of key points: rows of steps between which the morph moves. A value; no thread of its own.
-struct KeyPointTable
+/// One key-point set: rows of steps between which the morph moves. A value; no thread of its own.
+struct KeyPointSet
 {
     std::array<KeyPointRow, kKeyPointRows> rows;
 
@@ -25,6 +25,6 @@ struct KeyPointTable
 };
 
 /// The set of an instance that loaded no other one.
-extern const KeyPointTable builtInKeyPoints;
+extern const KeyPointSet builtInKeyPoints;
 
 } // namespace tessaly

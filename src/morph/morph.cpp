@@ -14,21 +14,21 @@ constexpr double kPositionsPerRow = 15.0;
 constexpr double kLastPosition = StepsOf (StripParameter::morph).last;
 constexpr std::int32_t kLastRow = static_cast<std::int32_t> (kKeyPointRows) - 1;
 
-bool IsFilled (const KeyPointTable& table, std::int32_t row)
+bool IsFilled (const KeyPointSet& set, std::int32_t row)
 {
-    return row >= 0 && table.HasKeyPoint (static_cast<std::uint32_t> (row));
+    return row >= 0 && set.HasKeyPoint (static_cast<std::uint32_t> (row));
 }
 
-std::int32_t FilledDownFrom (const KeyPointTable& table, std::int32_t row)
+std::int32_t FilledDownFrom (const KeyPointSet& set, std::int32_t row)
 {
-    while (row >= 0 && !IsFilled (table, row))
+    while (row >= 0 && !IsFilled (set, row))
         --row;
     return row;
 }
 
-std::int32_t FilledUpFrom (const KeyPointTable& table, std::int32_t row)
+std::int32_t FilledUpFrom (const KeyPointSet& set, std::int32_t row)
 {
-    while (row < kLastRow && !IsFilled (table, row))
+    while (row < kLastRow && !IsFilled (set, row))
         ++row;
     return row;
 }
@@ -43,17 +43,17 @@ KeyPointRow Between (const KeyPointRow& lower, const KeyPointRow& upper, double 
 
 } // namespace
 
-std::optional<KeyPointRow> MorphedSteps (const KeyPointTable& table, float position)
+std::optional<KeyPointRow> MorphedSteps (const KeyPointSet& set, float position)
 {
     const auto place = std::clamp (static_cast<double> (position), 0.0, kLastPosition) / kPositionsPerRow;
     const auto row = TruncateToInt16 (place);
     const auto fraction = place - row;
-    const auto lower = FilledDownFrom (table, row);
-    const auto upper = FilledUpFrom (table, row + 1);
+    const auto lower = FilledDownFrom (set, row);
+    const auto upper = FilledUpFrom (set, row + 1);
 
-    const bool hasLower = IsFilled (table, lower);
-    const bool hasUpper = IsFilled (table, upper);
-    const auto& rows = table.rows;
+    const bool hasLower = IsFilled (set, lower);
+    const bool hasUpper = IsFilled (set, upper);
+    const auto& rows = set.rows;
     if (hasLower && hasUpper && fraction != 0.0)
         return Between (rows[static_cast<std::size_t> (lower)], rows[static_cast<std::size_t> (upper)], fraction);
     if (hasLower)

@@ -13,6 +13,6 @@ namespace tessaly
 /// jumps where the position crosses a row. Where only one side is filled, that row as it stands.
 /// @param position  0 to 120, 15 to a row, clamped
 /// @return nothing when all rows are empty
-std::optional<KeyPointRow> MorphedSteps (const KeyPointTable& table, float position);
+std::optional<KeyPointRow> MorphedSteps (const KeyPointSet& set, float position);
 
 } // namespace tessaly

@@ -3,7 +3,7 @@
 namespace tessaly
 {
 
-SharedKeyPoints::SharedKeyPoints (const KeyPointTable& table)
+SharedKeyPoints::SharedKeyPoints (const KeyPointSet& table)
 {
     for (auto& cells : buffers)
         Fill (cells, table);
@@ -12,23 +12,23 @@ SharedKeyPoints::SharedKeyPoints (const KeyPointTable& table)
 // Cells are stored with release and loaded with acquire: who reads a cell of a set to come also sees that the
 // generation has been raised since, and so knows that its copy is spoilt.
 
-void SharedKeyPoints::Fill (Cells& cells, const KeyPointTable& table)
+void SharedKeyPoints::Fill (Cells& cells, const KeyPointSet& table)
 {
     for (std::size_t row = 0; row < kKeyPointRows; ++row)
         for (std::size_t column = 0; column < kKeyPointColumns; ++column)
             cells[row][column].store (table.rows[row][column], std::memory_order_release);
 }
 
-KeyPointTable SharedKeyPoints::Copy (const Cells& cells)
+KeyPointSet SharedKeyPoints::Copy (const Cells& cells)
 {
-    KeyPointTable table;
+    KeyPointSet table;
     for (std::size_t row = 0; row < kKeyPointRows; ++row)
         for (std::size_t column = 0; column < kKeyPointColumns; ++column)
             table.rows[row][column] = cells[row][column].load (std::memory_order_acquire);
     return table;
 }
 
-KeyPointTable SharedKeyPoints::Read () const
+KeyPointSet SharedKeyPoints::Read () const
 {
     for (;;)
     {
@@ -39,7 +39,7 @@ KeyPointTable SharedKeyPoints::Read () const
     }
 }
 
-void SharedKeyPoints::Replace (const KeyPointTable& table)
+void SharedKeyPoints::Replace (const KeyPointSet& table)
 {
     const std::lock_guard alone (writing);
     const auto next = generation.load (std::memory_order_relaxed) + 1;

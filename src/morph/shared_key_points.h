@@ -18,16 +18,16 @@ namespace tessaly
 class SharedKeyPoints
 {
 public:
-    explicit SharedKeyPoints (const KeyPointTable& table);
+    explicit SharedKeyPoints (const KeyPointSet& table);
 
-    KeyPointTable Read () const;               ///< any thread
-    void Replace (const KeyPointTable& table); ///< any thread but the audio thread
+    KeyPointSet Read () const;               ///< any thread
+    void Replace (const KeyPointSet& table); ///< any thread but the audio thread
 
 private:
     using Cells = std::array<std::array<std::atomic<std::int16_t>, kKeyPointColumns>, kKeyPointRows>;
 
-    static void Fill (Cells& cells, const KeyPointTable& table);
-    static KeyPointTable Copy (const Cells& cells);
+    static void Fill (Cells& cells, const KeyPointSet& table);
+    static KeyPointSet Copy (const Cells& cells);
 
     std::array<Cells, 2> buffers;
     std::atomic<std::uint32_t> generation = 0;

@@ -24,7 +24,7 @@ struct StripState
 {
     std::array<float, kStripParameterCount> values{}; ///< normalized, as stored: any bytes
     ZText keyPointName{};                             ///< all 256 bytes are stored
-    KeyPointTable keyPoints{};
+    KeyPointSet keyPoints{};
 };
 
 inline constexpr std::int32_t kStripTreeBytes = 720;

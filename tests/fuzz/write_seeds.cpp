@@ -16,6 +16,6 @@ int main (int argc, char** argv)
     };
     write ("state_fuzzer", Processor ().Save ());
     write ("state_tree_fuzzer", Strip ().Save ());
-    write ("key_point_block_fuzzer", "KPRD" + std::string (508, '\x01'));
+    write ("key_point_file_fuzzer", "KPRD" + std::string (508, '\x01'));
     write ("typed_text_fuzzer", "\x07 2.5k");
 }

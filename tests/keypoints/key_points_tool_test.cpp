@@ -236,7 +236,7 @@ TEST_CASE ("keypoints: a state without a set takes one into the built-in table, 
     constexpr std::size_t kLastRow = 92 + 284 + 9 * 34; // in a state: behind its head, the set's name and nine rows
     const std::vector<float> values (22, 0.0f);
     const Bytes state = State (values, "").substr (0, 92) + Tree (Format () + Chunk ("PRM ", Values (values)));
-    const auto changed = keypoints::WithKeyPoints (std::as_bytes (std::span (state)), "one", keypoints::EmptyTable (),
+    const auto changed = keypoints::WithKeyPoints (std::as_bytes (std::span (state)), "one", keypoints::EmptySet (),
                                                    keypoints::Panel ());
     REQUIRE (changed.size () == 812);
     CHECK (changed[kLastRow] == std::byte{ 0xFF });

@@ -113,7 +113,7 @@ TEST_CASE ("The name of the set is cut at a whole character and holds nothing of
     CHECK (std::string (effect.GetKeyPointName () + 6, 250) == std::string (250, '\0'));
 }
 
-TEST_CASE ("A stored state comes back byte for byte, what lies behind the name's end and row 9 included")
+TEST_CASE ("A stored state comes back byte for byte, the bytes after the name and row 9 included")
 {
     auto set = KeyPoints ("Name", 20);
     set.replace (100, 5, "\x7Frest");
@@ -132,7 +132,7 @@ TEST_CASE ("A stored state comes back byte for byte, what lies behind the name's
     CHECK (strip.log == CallLog{ "notify 10001 null", "notify 10002 null" });
 }
 
-TEST_CASE ("Edits win over the morph, \"Bypass\" follows the two sections, and what is no number keeps the old value")
+TEST_CASE ("A state's edits win over its morph, its sections over \"Bypass\", and NaN changes nothing")
 {
     auto values = kHalves;
     values[0] = values[20] = std::nanf ("");

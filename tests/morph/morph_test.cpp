@@ -6,23 +6,22 @@ using namespace tessaly;
 namespace
 {
 
-KeyPointTable Without (std::initializer_list<std::size_t> rows)
+KeyPointSet Without (std::initializer_list<std::size_t> rows)
 {
-    auto table = builtInKeyPoints;
+    auto set = builtInKeyPoints;
     for (const auto row : rows)
-        table.rows[row][row % kKeyPointColumns] = kEmptyCell; // one cell empties a row
-    return table;
+        set.rows[row][row % kKeyPointColumns] = kEmptyCell; // one cell empties a row
+    return set;
 }
 
 } // namespace
 
 TEST_CASE ("Morph: over empty rows the steps lie on a line between the filled ones and are truncated")
 {
-    const auto table = Without ({ 3, 4 });
-    CHECK (MorphedSteps (table, 52).value ()[0] == 171); // 147 + 7 / 15 * (200 - 147) = 171.73
-    CHECK (MorphedSteps (table, 59).value ()[0] == 196); // 147 + 14 / 15 * 53 = 196.47
-    CHECK (MorphedSteps (table, 60).value ()[0] ==
-           147); // back on the lower row: the fraction is of the position's cell
+    const auto set = Without ({ 3, 4 });
+    CHECK (MorphedSteps (set, 52).value ()[0] == 171); // 147 + 7 / 15 * (200 - 147) = 171.73
+    CHECK (MorphedSteps (set, 59).value ()[0] == 196); // 147 + 14 / 15 * 53 = 196.47
+    CHECK (MorphedSteps (set, 60).value ()[0] == 147); // back on the lower row: the fraction is of the position's cell
 }
 
 TEST_CASE ("Morph: where one side is empty it takes the other, and with no row at all it does nothing")

@@ -9,9 +9,9 @@ using namespace tessaly;
 namespace
 {
 
-KeyPointTable AllOf (int step)
+KeyPointSet AllOf (int step)
 {
-    KeyPointTable table{};
+    KeyPointSet table{};
     for (auto& row : table.rows)
         row.fill (static_cast<std::int16_t> (step));
     return table;
@@ -19,7 +19,7 @@ KeyPointTable AllOf (int step)
 
 } // namespace
 
-TEST_CASE ("SharedKeyPoints: a reader beside two writers gets whole sets, and the last one in the end")
+TEST_CASE ("SharedKeyPoints: a reader concurrent with two writers gets whole sets")
 {
     constexpr int kSets = 5000;
     SharedKeyPoints points (AllOf (0));

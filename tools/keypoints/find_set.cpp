@@ -1,6 +1,6 @@
 #include "find_set.h"
 
-#include "key_point_block.h"
+#include "key_point_file.h"
 #include "key_point_folders.h"
 #include "kprd_manager.h"
 #include "set_error.h"
@@ -26,10 +26,10 @@ NamedSet FindSet (const std::string& fileOrName)
     if (entry == nullptr)
         throw SetError ("there is neither a file nor a key-point set \"" + fileOrName +
                         "\"; \"keypoints list\" shows the sets");
-    NamedSet set{ entry->Name (), EmptyTable () };
+    NamedSet set{ entry->Name (), EmptySet () };
     const auto size = static_cast<std::int32_t> (entry->Size ());
-    if (!ReadKeyPointBlock (entry->Data (), size, set.table))
-        throw SetError ("the set \"" + fileOrName + "\" is damaged: " + KeyPointBlockFault (entry->Data (), size));
+    if (!ReadKeyPointFile (entry->Data (), size, set.table))
+        throw SetError ("the set \"" + fileOrName + "\" is damaged: " + KeyPointFileFault (entry->Data (), size));
     return set;
 }
 

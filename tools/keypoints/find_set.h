@@ -10,7 +10,7 @@ namespace tessaly::keypoints
 struct NamedSet
 {
     std::string name;
-    KeyPointTable table;
+    KeyPointSet table;
 };
 
 /// A set by its file, or by the name under which the plug-in's collection has it. A file wins.

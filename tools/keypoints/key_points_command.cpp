@@ -57,7 +57,7 @@ void Show (const Arguments& arguments)
         PrintSet (std::cout, table, panel);
 }
 
-void Write (const Arguments& arguments, const KeyPointTable& table)
+void Write (const Arguments& arguments, const KeyPointSet& table)
 {
     WriteSetFile (arguments.set, table, arguments.Present ());
     std::cout << arguments.set.string () << ": " << CountKeyPoints (table) << " of " << kSetRows << " key points\n";
@@ -70,7 +70,7 @@ void Make (const Arguments& arguments)
     std::ifstream in (arguments.table);
     if (!in || fs::is_directory (arguments.table))
         throw SetError ("cannot read \"" + arguments.table.string () + "\"");
-    KeyPointTable table;
+    KeyPointSet table;
     try
     {
         table = ReadCsv (in, Panel ());
@@ -85,7 +85,7 @@ void Make (const Arguments& arguments)
 void Capture (const Arguments& arguments)
 {
     const Panel panel;
-    auto table = EmptyTable ();
+    auto table = EmptySet ();
     for (std::size_t row = 0; row < arguments.files.size (); ++row)
         if (arguments.files[row] != kNoSource)
             table.rows[row] = CapturedRow (arguments.files[row], panel);

@@ -20,7 +20,7 @@ constexpr auto kMakeupAmount = IndexOf (StripParameter::makeupAmount);
 
 std::int32_t ParameterOf (std::uint32_t column)
 {
-    return KeyPointTable::KeyPointParameter (0, column);
+    return KeyPointSet::KeyPointParameter (0, column);
 }
 
 /// Texts of a storage, by the call that copies one.

@@ -100,7 +100,7 @@ public:
         ReadRow (fields, table.rows[static_cast<std::size_t> (row) - 1]);
     }
 
-    const KeyPointTable& Table () const { return table; }
+    const KeyPointSet& Table () const { return table; }
 
 private:
     int NumberedRow (std::string_view text)
@@ -138,7 +138,7 @@ private:
 
     const Header& header; // not owned: the caller's
     const Panel& panel;   // not owned: the caller's
-    KeyPointTable table = EmptyTable ();
+    KeyPointSet table = EmptySet ();
     std::array<bool, kSetRows + 1> seen{}; // by number, for numbered lines
     int row = 0;                           // of the last line, from 1
     std::string place;                     // of the present line, for messages
@@ -163,7 +163,7 @@ bool BoundedLine (std::istream& in, std::string& line)
 
 } // namespace
 
-KeyPointTable ReadCsv (std::istream& in, const Panel& panel)
+KeyPointSet ReadCsv (std::istream& in, const Panel& panel)
 {
     std::optional<Header> header;
     std::optional<Reader> reader;
@@ -188,7 +188,7 @@ KeyPointTable ReadCsv (std::istream& in, const Panel& panel)
     return reader->Table ();
 }
 
-void WriteCsv (std::ostream& out, const KeyPointTable& table, const Panel& panel)
+void WriteCsv (std::ostream& out, const KeyPointSet& table, const Panel& panel)
 {
     out << kNumberColumn;
     for (std::uint32_t column = 0; column < kKeyPointColumns; ++column)

@@ -14,9 +14,9 @@ namespace tessaly::keypoints
 // with # are left out, and so are blank ones where the lines are numbered or nothing follows.
 
 /// @throws SetError that names row, column and reason
-KeyPointTable ReadCsv (std::istream& in, const Panel& panel);
+KeyPointSet ReadCsv (std::istream& in, const Panel& panel);
 
 /// All nine, numbered. A table with steps that the parameters have reads back the same.
-void WriteCsv (std::ostream& out, const KeyPointTable& table, const Panel& panel);
+void WriteCsv (std::ostream& out, const KeyPointSet& table, const Panel& panel);
 
 } // namespace tessaly::keypoints

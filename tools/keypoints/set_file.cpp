@@ -35,7 +35,7 @@ std::vector<char> ReadBytes (const fs::path& file)
     std::ifstream in (file, std::ios::binary);
     if (!in)
         throw SetError ("cannot read " + Quoted (file));
-    std::vector<char> bytes (kKeyPointBlockSize + 1);
+    std::vector<char> bytes (kKeyPointFileSize + 1);
     in.read (bytes.data (), static_cast<std::streamsize> (bytes.size ()));
     if (in.bad ())
         throw SetError ("cannot read " + Quoted (file));
@@ -46,7 +46,7 @@ std::vector<char> ReadBytes (const fs::path& file)
 std::vector<char> ReadSetBytes (const fs::path& file)
 {
     auto bytes = ReadBytes (file);
-    if (const char* fault = KeyPointBlockFault (bytes.data (), static_cast<std::int32_t> (bytes.size ())))
+    if (const char* fault = KeyPointFileFault (bytes.data (), static_cast<std::int32_t> (bytes.size ())))
         throw SetError (Quoted (file) + " is no key-point file: " + fault);
     return bytes;
 }
@@ -58,7 +58,7 @@ void WriteBytes (const fs::path& file, const char* bytes, Existing existing)
         refuse ();
     host::PendingFile pending (file);
     std::ofstream out (pending.WorkingPath (), std::ios::binary);
-    out.write (bytes, kKeyPointBlockSize);
+    out.write (bytes, kKeyPointFileSize);
     out.close ();
     if (!out)
         throw SetError ("cannot write " + Quoted (file));
@@ -70,7 +70,7 @@ void WriteBytes (const fs::path& file, const char* bytes, Existing existing)
 
 } // namespace
 
-SetBytes ToBytes (const KeyPointTable& table)
+SetBytes ToBytes (const KeyPointSet& table)
 {
     SetBytes bytes{};
     std::ranges::copy (kMagic, bytes.begin ());
@@ -85,9 +85,9 @@ SetBytes ToBytes (const KeyPointTable& table)
     return bytes;
 }
 
-KeyPointTable EmptyTable ()
+KeyPointSet EmptySet ()
 {
-    KeyPointTable table;
+    KeyPointSet table;
     for (auto& row : table.rows)
         row.fill (kEmptyCell);
     return table;
@@ -108,7 +108,7 @@ std::string SetFault (const fs::path& file)
     try
     {
         const auto bytes = ReadBytes (file);
-        const char* fault = KeyPointBlockFault (bytes.data (), static_cast<std::int32_t> (bytes.size ()));
+        const char* fault = KeyPointFileFault (bytes.data (), static_cast<std::int32_t> (bytes.size ()));
         return fault != nullptr ? fault : "";
     }
     catch (const SetError&)
@@ -117,15 +117,15 @@ std::string SetFault (const fs::path& file)
     }
 }
 
-KeyPointTable ReadSetFile (const fs::path& file)
+KeyPointSet ReadSetFile (const fs::path& file)
 {
     const auto bytes = ReadSetBytes (file);
-    auto table = EmptyTable ();
-    ReadKeyPointBlock (bytes.data (), static_cast<std::int32_t> (bytes.size ()), table);
+    auto table = EmptySet ();
+    ReadKeyPointFile (bytes.data (), static_cast<std::int32_t> (bytes.size ()), table);
     return table;
 }
 
-void WriteSetFile (const fs::path& file, const KeyPointTable& table, Existing existing)
+void WriteSetFile (const fs::path& file, const KeyPointSet& table, Existing existing)
 {
     const auto bytes = ToBytes (table);
     WriteBytes (file, reinterpret_cast<const char*> (bytes.data ()), existing);
@@ -143,7 +143,7 @@ bool HasSetExtension (const fs::path& file)
     return name.size () > 4 && Lowered (name).ends_with (".kpd");
 }
 
-int CountKeyPoints (const KeyPointTable& table)
+int CountKeyPoints (const KeyPointSet& table)
 {
     int count = 0;
     for (std::uint32_t row = 0; row < kSetRows; ++row)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "key_point_block.h"
+#include "key_point_file.h"
 #include "key_points.h"
 
 #include <array>
@@ -11,13 +11,13 @@
 namespace tessaly::keypoints
 {
 
-using SetBytes = std::array<std::uint8_t, kKeyPointBlockSize>;
+using SetBytes = std::array<std::uint8_t, kKeyPointFileSize>;
 
 /// A set as a key-point file holds it: the rows 0 to 8, an empty row as cells of -1. What the plug-in reads past is 0.
-SetBytes ToBytes (const KeyPointTable& table);
+SetBytes ToBytes (const KeyPointSet& table);
 
-/// A table without any key point.
-KeyPointTable EmptyTable ();
+/// A set without any key point.
+KeyPointSet EmptySet ();
 
 /// Why the plug-in would not take a file: another extension, no ordinary file, another content. @return empty if it
 /// would
@@ -25,7 +25,7 @@ std::string SetFault (const std::filesystem::path& file);
 
 /// @return rows 0 to 8 of a key-point file, row 9 empty
 /// @throws SetError with the reason when it is none
-KeyPointTable ReadSetFile (const std::filesystem::path& file);
+KeyPointSet ReadSetFile (const std::filesystem::path& file);
 
 enum class Existing
 {
@@ -35,7 +35,7 @@ enum class Existing
 
 /// Writes a key-point file, which appears whole or not at all.
 /// @throws SetError, HostError with the reason when it cannot be written or may not
-void WriteSetFile (const std::filesystem::path& file, const KeyPointTable& table, Existing existing);
+void WriteSetFile (const std::filesystem::path& file, const KeyPointSet& table, Existing existing);
 
 /// Copies a key-point file byte for byte, likewise. @throws SetError when `from` is none
 void CopySetFile (const std::filesystem::path& from, const std::filesystem::path& to, Existing existing);
@@ -43,7 +43,7 @@ void CopySetFile (const std::filesystem::path& from, const std::filesystem::path
 bool HasSetExtension (const std::filesystem::path& file); ///< "kpd", in any case
 
 /// @return the number of filled rows among the nine
-int CountKeyPoints (const KeyPointTable& table);
+int CountKeyPoints (const KeyPointSet& table);
 
 inline constexpr std::uint32_t kSetRows = 9;
 

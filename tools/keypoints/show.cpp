@@ -35,7 +35,7 @@ std::vector<Line> HeaderLines (const Panel& panel)
     return lines;
 }
 
-Line ValueLine (const KeyPointTable& table, std::uint32_t row, const Panel& panel)
+Line ValueLine (const KeyPointSet& table, std::uint32_t row, const Panel& panel)
 {
     Line line;
     if (table.HasKeyPoint (row))
@@ -54,7 +54,7 @@ void PrintLine (std::ostream& out, const std::string& start, const Line& line, c
 
 } // namespace
 
-void PrintSet (std::ostream& out, const KeyPointTable& table, const Panel& panel)
+void PrintSet (std::ostream& out, const KeyPointSet& table, const Panel& panel)
 {
     auto lines = HeaderLines (panel);
     for (std::uint32_t row = 0; row < kSetRows; ++row)
@@ -77,7 +77,7 @@ void PrintSet (std::ostream& out, const KeyPointTable& table, const Panel& panel
     }
 }
 
-void PrintJson (std::ostream& out, const std::string& name, const KeyPointTable& table, const Panel& panel)
+void PrintJson (std::ostream& out, const std::string& name, const KeyPointSet& table, const Panel& panel)
 {
     Json set{ { "name", name }, { "parameters", Json::array () }, { "keyPoints", Json::array () } };
     for (std::uint32_t column = 0; column < kKeyPointColumns; ++column)

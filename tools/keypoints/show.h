@@ -10,11 +10,11 @@ namespace tessaly::keypoints
 {
 
 /// The nine key points, a line each below the parameters' names and units; an empty one says so.
-void PrintSet (std::ostream& out, const KeyPointTable& table, const Panel& panel);
+void PrintSet (std::ostream& out, const KeyPointSet& table, const Panel& panel);
 
 /// The same as JSON: the parameters with name and unit, and for each key point its number, values as on the panel, and
 /// steps; null in place of both where it is empty.
 /// @param name  of the set
-void PrintJson (std::ostream& out, const std::string& name, const KeyPointTable& table, const Panel& panel);
+void PrintJson (std::ostream& out, const std::string& name, const KeyPointSet& table, const Panel& panel);
 
 } // namespace tessaly::keypoints

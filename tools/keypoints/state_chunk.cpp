@@ -29,7 +29,7 @@ constexpr std::size_t kHeadBytes = kHeadLetters + 4 * kStripParameterCount;
 
 std::size_t ParameterOf (std::uint32_t column)
 {
-    return static_cast<std::size_t> (KeyPointTable::KeyPointParameter (0, column));
+    return static_cast<std::size_t> (KeyPointSet::KeyPointParameter (0, column));
 }
 
 StripState ReadTree (std::span<const std::byte> chunk)
@@ -91,7 +91,7 @@ KeyPointRow CapturedRow (const std::filesystem::path& file, const Panel& panel)
 }
 
 std::vector<std::byte> WithKeyPoints (std::span<const std::byte> chunk, const std::string& name,
-                                      const KeyPointTable& table, const Panel& panel)
+                                      const KeyPointSet& table, const Panel& panel)
 {
     auto state = ReadTree (chunk);
     for (float& value : state.values)

@@ -26,6 +26,6 @@ KeyPointRow CapturedRow (const std::filesystem::path& file, const Panel& panel);
 /// @param name  of the set; cut at a whole character where it is too long
 /// @throws SetError when the state is damaged
 std::vector<std::byte> WithKeyPoints (std::span<const std::byte> chunk, const std::string& name,
-                                      const KeyPointTable& table, const Panel& panel);
+                                      const KeyPointSet& table, const Panel& panel);
 
 } // namespace tessaly::keypoints

@@ -10,16 +10,16 @@ namespace
 {
 
 /// Row r, column c hold 100 r + c; what is read past holds rubbish.
-Bytes Block ()
+Bytes File ()
 {
-    Bytes block = "KPRD" + Bytes (28, '\xEE');
+    Bytes file = "KPRD" + Bytes (28, '\xEE');
     for (std::uint64_t row = 0; row < 9; ++row)
     {
         for (std::uint64_t column = 0; column < 17; ++column)
-            block += Big (100 * row + column, 2);
-        block += Bytes (6, '\xEE');
+            file += Big (100 * row + column, 2);
+        file += Bytes (6, '\xEE');
     }
-    return block + Bytes (120, '\xEE');
+    return file + Bytes (120, '\xEE');
 }
 
 } // namespace
@@ -32,16 +32,16 @@ TEST_CASE ("A key-point file fills the rows 0 to 8 and leaves row 9, one with a 
         const std::vector<char> held (bytes.begin (), bytes.end ()); // of just that size, for the sanitizers
         effect.LoadKeyPointBlock (held.data (), static_cast<std::int32_t> (held.size ()));
     };
-    const auto block = Block ();
+    const auto file = File ();
     for (const std::size_t size : { 0u, 1u, 3u, 4u, 511u })
-        load (block.substr (0, size));
-    load (block + 'x');
-    load ("DRPK" + block.substr (4));
+        load (file.substr (0, size));
+    load (file + 'x');
+    load ("DRPK" + file.substr (4));
     effect.LoadKeyPointBlock (nullptr, 512);
-    effect.LoadKeyPointBlock (block.data (), -512);
+    effect.LoadKeyPointBlock (file.data (), -512);
     CHECK (effect.KeyPointStep (0, 0) == 184);
 
-    load (block);
+    load (file);
     for (std::uint32_t row = 0; row < 9; ++row)
         for (std::uint32_t column = 0; column < 17; ++column)
             CHECK (effect.KeyPointStep (row, column) == static_cast<std::int32_t> (100 * row + column));

@@ -1,7 +1,7 @@
 // A key-point file, and the morph through what it holds.
 
 #include "instances.h"
-#include "key_point_block.h"
+#include "key_point_file.h"
 
 using namespace tessaly;
 using namespace tessaly::fuzz;
@@ -9,11 +9,11 @@ using namespace tessaly::fuzz;
 extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, std::size_t size)
 {
     const auto blockSize = static_cast<std::int32_t> (size);
-    KeyPointTable table = builtInKeyPoints;
-    const bool taken = ReadKeyPointBlock (data, blockSize, table);
-    Demand (taken == (KeyPointBlockFault (data, blockSize) == nullptr));
-    Demand (taken || table.rows == builtInKeyPoints.rows);
-    Demand (table.rows[kKeyPointRows - 1] == builtInKeyPoints.rows[kKeyPointRows - 1]);
+    KeyPointSet set = builtInKeyPoints;
+    const bool taken = ReadKeyPointFile (data, blockSize, set);
+    Demand (taken == (KeyPointFileFault (data, blockSize) == nullptr));
+    Demand (taken || set.rows == builtInKeyPoints.rows);
+    Demand (set.rows[kKeyPointRows - 1] == builtInKeyPoints.rows[kKeyPointRows - 1]);
     if (!taken)
         return 0;
 
