@@ -255,7 +255,7 @@ void ZVst3ControllerWrapper::RefreshValues ()
                                                static_cast<double> (storage->GetNormalized (i)));
 }
 
-/// A host's value for a conversion; what is no number stands for the present value.
+/// A host's value for a conversion; NaN stands for the present value.
 Vst::ParamValue ZVst3ControllerWrapper::Usable (Vst::ParamID id, Vst::ParamValue normalized)
 {
     return StoredValue (normalized).value_or (EditControllerEx1::getParamNormalized (id));
@@ -374,7 +374,7 @@ bool ZVst3ControllerWrapper::IsRepeat (Vst::ParamID id, float value)
     return !IsOrdinaryId (id) || storage->GetNormalized (static_cast<std::int32_t> (id)) == value;
 }
 
-/// Tells the host of every parameter that the effect moved beside the one that was set to `value`.
+/// Tells the host of every parameter that the effect moved besides the one that was set to `value`.
 tresult ZVst3ControllerWrapper::ReportSideEffects (Vst::ParamID id, float value)
 {
     storage->GetValues (values);

@@ -21,7 +21,7 @@ struct ZAudioBlock;
 /// nothing. `disconnect`, `terminate` and the editor's leaving wait until no other thread is inside the editor's
 /// OnEffectEvent (GuardedPointer); so that may not wait for the user-interface thread.
 ///
-/// Parameter points: a value that is no number is dropped, one beyond 0 to 1 counts as the nearest end. The queue holds
+/// Parameter points: NaN is dropped, one beyond 0 to 1 counts as the nearest end. The queue holds
 /// 64 points; a block with more hands them on in pieces of 64, in their order, so that no block allocates.
 class ZVst3EffectWrapper final : public Steinberg::Vst::AudioEffect, public ZEffectWrapper
 {

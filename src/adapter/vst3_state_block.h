@@ -19,7 +19,7 @@ public:
     virtual void SetParameter (std::int32_t index, float normalized) = 0;
     virtual float GetParameter (std::int32_t index) = 0;
     virtual void UpdateBypass (std::int32_t index) = 0;
-    virtual void ReadExtra (Steinberg::IBStream* stream) = 0; ///< the effect's own state, behind the block
+    virtual void ReadExtra (Steinberg::IBStream* stream) = 0; ///< the effect's own state, after the block
     virtual void WriteExtra (Steinberg::IBStream* stream) = 0;
     virtual void SetStateLoaded (bool loaded) = 0;
 };

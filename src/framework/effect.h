@@ -21,7 +21,7 @@ class ZStream;
 ///
 /// Threads: Process, ProcessRaw, MidiEvent and AfterProcess on the audio thread; SetParameter, GetParameter, SetBypass,
 /// SetLoading and GetInfo (but for the time information, which is the audio thread's) on any thread; all else during
-/// set-up, not beside a block. No locks: what threads share is a SharedValue or a relaxed cell.
+/// set-up, never concurrently with a block. No locks: what threads share is a SharedValue or a relaxed cell.
 class ZEffect
 {
 public:
@@ -131,7 +131,7 @@ protected:
     std::unique_ptr<ZParameterStorageBase> storage;
     std::unique_ptr<ZVuBuffer> vuBuffer;
     std::unique_ptr<ZMidiEvent> midiEvent;
-    std::unique_ptr<ZPluginCore> core; // behind what it borrows
+    std::unique_ptr<ZPluginCore> core; // last: destroyed before what it borrows
 
 private:
     void TrackSweep (std::int32_t index);

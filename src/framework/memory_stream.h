@@ -20,7 +20,7 @@ public:
     std::int32_t GetSize () override { return size; }
 
 protected:
-    /// The next bytes, up to `count` and the end, and moves behind them. @return their count; 0 with `data` null
+    /// The next bytes, up to `count` and the end, and moves past them. @return their count; 0 with `data` null
     std::int32_t Take (const std::uint8_t*& data, std::int32_t count);
 
 private:

@@ -23,7 +23,7 @@ std::string PaddedLeft (std::string text, int width)
     return text;
 }
 
-/// "0x" counts only with a digit behind it; without one the number is the 0.
+/// "0x" counts only with a digit after it; without one the number is the 0.
 bool HasHexPrefix (std::string_view text)
 {
     constexpr std::string_view kDigits = "0123456789abcdefABCDEF";

@@ -105,7 +105,7 @@ void ZParameterStorageBase::SetParameterRecord (std::int32_t index, const ZParam
     SetName (index, record.name);
     SetUnits (index, record.units);
     SetConverters (index, record.converters);
-    SetListTexts (index, record.listTexts); // behind the range, which a list replaces by its own
+    SetListTexts (index, record.listTexts); // after the range, which a list replaces by its own
     SetFlags (index, record.flags);
     SetUnitId (index, record.unitId);
 }

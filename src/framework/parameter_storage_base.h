@@ -107,7 +107,7 @@ public:
     void PlainToText (std::int32_t index, float plain, char* buffer, std::int32_t size) const;
 
     /// Reads a text as a decimal number; `out` gets what the beginning of the text says.
-    /// @return false if something is left over behind the number, or, with nothing written, for a null text
+    /// @return false if something is left over after the number, or, with nothing written, for a null text
     bool TextToPlain (std::int32_t index, const char* text, float* out) const;
     bool TextToNormalized (std::int32_t index, const char* text, float* out) const; ///< likewise, then converted
 

@@ -9,7 +9,7 @@ namespace tessaly
 {
 
 /// A normalized value as a stored state or a host gives it: anything. Beyond 0 to 1 the nearest end stands for it.
-/// @return nothing for what is no number: the parameter keeps its value
+/// @return nothing for NaN: the parameter keeps its value
 template <std::floating_point T>
 std::optional<T> StoredValue (T value)
 {

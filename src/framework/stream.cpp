@@ -12,7 +12,7 @@ namespace
 struct Line
 {
     std::ptrdiff_t length; // up to the terminator
-    std::ptrdiff_t next;   // where the line behind it begins
+    std::ptrdiff_t next;   // where the next line begins
 };
 
 /// Ends the line at the terminator if it comes before the end found so far.

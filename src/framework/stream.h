@@ -31,7 +31,7 @@ public:
     virtual std::int32_t GetSize () = 0;
 
     /// Reads what comes before the earliest of CR LF, CR, LF and `delimiters` (may be null), and leaves the stream
-    /// behind that. A line that does not fit is cut, its rest is the next line.
+    /// after that. A line that does not fit is cut, its rest is the next line.
     /// @param buffer  of size + 1 bytes; gets the line, zero-terminated  @return the line's length
     virtual std::int32_t ReadLine (char* buffer, std::int32_t size, const char* delimiters);
 

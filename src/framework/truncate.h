@@ -8,7 +8,7 @@
 namespace tessaly
 {
 
-/// Toward zero; what does not fit lands on the nearest end of int32, no number on 0.
+/// Toward zero; what does not fit lands on the nearest end of int32, NaN on 0.
 inline std::int32_t Truncate (double value)
 {
     using Limits = std::numeric_limits<std::int32_t>;

@@ -55,9 +55,9 @@ public:
 
     std::uint64_t Id () const { return id; }           ///< the letters in the low four bytes
     std::int64_t Size () const { return size; }        ///< of the payload
-    std::int64_t End () const { return start + size; } ///< position behind the payload
+    std::int64_t End () const { return start + size; } ///< position after the payload
 
-    /// Moves the stream behind the payload. @return false when the stream does not get there
+    /// Moves the stream past the payload. @return false when the stream does not get there
     bool GoToEnd () const;
 
 private:

@@ -24,7 +24,7 @@ void Throw (ChStripFileFault fault, ZStream& stream)
     throw ChStripFileBinException (true, static_cast<std::int32_t> (fault), &stream);
 }
 
-/// The header of the tree tells: its letters come first, or behind four zero bytes.
+/// The header of the tree tells: its letters come first, or after four zero bytes.
 ChunkForm DetectForm (ZStream& stream)
 {
     const auto start = stream.Tell ();
@@ -68,14 +68,14 @@ public:
         if (format.Size () < kLeastFormatBytes) // the number itself tells nothing: there is one format
             Throw (ChStripFileFault::abnormalSize, stream);
 
-        auto position = PassBehind (format, tree);
+        auto position = GoPast (format, tree);
         for (std::int32_t count = 0; position < tree.End (); ++count)
         {
             if (count == kMostChunks)
                 Throw (ChStripFileFault::abnormalSize, stream);
             const auto chunk = NextChunk ();
             ReadPayload (chunk);
-            position = PassBehind (chunk, tree);
+            position = GoPast (chunk, tree);
         }
     }
 
@@ -83,7 +83,7 @@ private:
     ZReadBinChunk NextChunk () { return ZReadBinChunk (&stream, order, form); }
 
     /// Some hosts' streams refuse to go to their very end, so that only a place inside the tree has to be reached.
-    std::int64_t PassBehind (const ZReadBinChunk& chunk, const ZReadBinChunk& tree)
+    std::int64_t GoPast (const ZReadBinChunk& chunk, const ZReadBinChunk& tree)
     {
         if (!chunk.GoToEnd () && chunk.End () < tree.End ())
             Throw (ChStripFileFault::abnormalId, stream);

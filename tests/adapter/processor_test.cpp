@@ -66,7 +66,7 @@ TEST_CASE ("Ten thousand points of one block leave what they leave one block eac
     CHECK (stateAfterBlock (Vst::kRealtime, points) == changed);
 }
 
-TEST_CASE ("A point that is no number is dropped, one beyond the range counts as its end")
+TEST_CASE ("A NaN point is dropped, one beyond the range counts as its end")
 {
     StripInHost strip;
     strip.Start (Vst::kOffline);

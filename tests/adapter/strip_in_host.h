@@ -104,7 +104,7 @@ public:
     std::vector<host::HandlerCall> calls;
     std::vector<host::ParameterPoint> meters; ///< output points of the last block
     host::NamedHost context;
-    ContextReturn contextReturn; // behind the instance's end, ahead of the context's
+    ContextReturn contextReturn; // after the instance's end, before the context's
     host::PluginInstance instance;
 
 private:

@@ -36,7 +36,7 @@ TEST_CASE ("ZK2XTextAnalyzer: a typed value becomes the nearest step of its para
     CHECK (Typed (ZK2XTextAnalyzer (kSideChainF), "1 0 0") == 32.0f);
     CHECK (Typed (ZK2XTextAnalyzer (kSideChainF), "9999999999") == 124.0f);
     CHECK (Typed (ZK2XTextAnalyzer (11), "+1.2.9") == 192.0f); // the number ends at the second point
-    CHECK (Typed (ZK2XTextAnalyzer (1), "--5") == 57.0f);      // no number at all: the low end
+    CHECK (Typed (ZK2XTextAnalyzer (1), "--5") == 57.0f);      // no digits come first: the low end
     for (const char* refused : { "", "k", "1kk", "1k5", "inf", "1e3", "12Hz", "0x1" })
         CHECK (Typed (ZK2XTextAnalyzer (kSideChainF), refused) == std::nullopt);
 }

@@ -95,7 +95,7 @@ const std::pair<const char*, void (*) (Block&)> kCases[] = {
     { "in place", [] (Block& b) { b.outChannel = b.inChannel; } },
     { "silence flags", [] (Block& b) { b.inputBus.silenceFlags = b.outputBus.silenceFlags = 1; } },
     { "denormal input", [] (Block& b) { b.in.fill (1e-40f); } },
-    { "input that is no number", [] (Block& b) { b.in.fill (std::numeric_limits<float>::quiet_NaN ()); } },
+    { "NaN input", [] (Block& b) { b.in.fill (std::numeric_limits<float>::quiet_NaN ()); } },
     { "no lists", [] (Block& b) { b.data.inputParameterChanges = b.data.outputParameterChanges = nullptr; } },
     { "no transport", [] (Block& b) { b.data.processContext = nullptr; } },
     { "meters that are not taken", [] (Block& b) { b.meters.takesQueues = false; } },

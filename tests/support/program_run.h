@@ -13,7 +13,7 @@
 namespace tessaly::test
 {
 
-/// A program that runs beside the test, its output kept in files.
+/// A program that runs concurrently with the test, its output kept in files.
 class RunningProgram
 {
 public:
