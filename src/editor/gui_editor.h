@@ -31,8 +31,8 @@ class ZEvent;
 /// wants to the effect. It belongs to no window system: it is told to draw and gets raw calls. Points and rectangles
 /// are in pixels of the surface at scale 1.
 ///
-/// A value goes round: a control broadcasts what its user wants, SetParameter writes it and sets it on every control of
-/// that id. What others change is found by the next idle tick, or comes as an event of the effect.
+/// A control broadcasts the value that its user wants; SetParameter writes it to the effect and sets it on every control
+/// of that id. What others change is found by the next idle tick, or comes as an event of the effect.
 ///
 /// Threads: the host's user-interface thread. Only the effect's events may come on any thread: those of another one are
 /// parked, and the next Idle carries them out.
@@ -85,7 +85,7 @@ public:
     void SetDialMode (std::int32_t mode); ///< drag mode of every dial and slider
 
     // Values
-    /// Sets a value on every control of this id. What is no number is dropped.
+    /// Sets a value on every control of this id. NaN is dropped.
     virtual void ParameterChanged (std::int32_t id, float value);
     /// Writes what a control wants, limited to 0 to 1, if the id is a parameter's; all controls get it as it is.
     virtual void SetParameter (std::int32_t id, float value);

@@ -11,7 +11,7 @@ namespace tessaly
 namespace
 {
 
-/// Whether a control that has one value is to be given the other. What is no number never is.
+/// Whether a control that has one value is to be given the other. NaN never is.
 bool IsNews (float value, float known)
 {
     return value != known && !std::isnan (value);

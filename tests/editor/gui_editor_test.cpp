@@ -107,7 +107,7 @@ TEST_CASE_FIXTURE (SmallFixture,
 }
 
 TEST_CASE_FIXTURE (SmallFixture,
-                   "ZGuiEditor: the pointer enters panes on ticks, not during a drag or beside a modal pane")
+                   "ZGuiEditor: the pointer enters panes on ticks, not during a drag or while a pane is modal")
 {
     Open ({});
     Hover ({ 5, 5 });

@@ -37,7 +37,7 @@ TEST_CASE ("canvas: lines, polygons and rectangles end at their pixels, only wha
     canvas.FrameRect ({ 48, 1, 49, 2 }); // as small as can be
     canvas.FrameRect ({ 48, 3, 48, 5 }); // and nothing
     canvas.FillRect ({ 50, 4, 48, 5 });
-    canvas.SetLineWidth (2); // half before, half behind
+    canvas.SetLineWidth (2); // half before, half after
     canvas.MoveTo ({ 8, 4 });
     canvas.LineTo ({ 11, 4 });
     canvas.SetColor ({ 0, 0, 0 }, 153); // blends once, in the corners too

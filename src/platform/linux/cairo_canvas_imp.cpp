@@ -249,9 +249,9 @@ void ZCairoCanvasImp::FrameRect (const ZRect& rect)
     }
     // The outer rectangle without the inner one, by the even-odd rule: a transparent colour blends once in the corners.
     const std::int32_t before = lineWidth / 2;
-    const std::int32_t behind = lineWidth - before;
-    AddRect ({ line.left - before, line.top - before, line.right + behind, line.bottom + behind });
-    AddRect ({ line.left + behind, line.top + behind, line.right - before, line.bottom - before });
+    const std::int32_t after = lineWidth - before;
+    AddRect ({ line.left - before, line.top - before, line.right + after, line.bottom + after });
+    AddRect ({ line.left + after, line.top + after, line.right - before, line.bottom - before });
     FillPath ();
 }
 

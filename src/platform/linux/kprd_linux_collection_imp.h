@@ -13,7 +13,7 @@ namespace tessaly
 /// at that level. Nothing looks into the files: whatever has the extension is listed.
 ///
 /// A host is waiting, so there are bounds. For each collection folder: kMostEntries names are looked at, those below it
-/// included, and kMostBytes are read; what comes behind them is not seen. Of a file kLongestFile bytes are read.
+/// included, and kMostBytes are read; what comes after them is not seen. Of a file kLongestFile bytes are read.
 /// Nothing is opened that could block: no FIFO, no socket, no device.
 ///
 /// Passed over without a message: folders that are missing, unreadable or had their turn before, by another path; files

@@ -50,7 +50,7 @@ public:
     static constexpr double kLeastScale = 1.0;
     static constexpr double kMostScale = 8.0;
 
-    /// @param pixels  a coordinate; clamped, no number counts as 1
+    /// @param pixels  a coordinate; clamped, NaN counts as 1
     explicit PixelGrid (double pixels)
         : PixelGrid (std::isnan (pixels) ? kLeastScale : std::clamp (pixels, kLeastScale, kMostScale), 0.0, 0.0)
     {

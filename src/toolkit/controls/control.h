@@ -80,7 +80,7 @@ public:
 protected:
     const ZParameterStorageBase* GetStorage () const { return storage; }
     bool HasParameter () const;          ///< whether the storage knows the id
-    bool BroadcastChange (float wanted); ///< @return false without a broadcast: for the present value and for no number
+    bool BroadcastChange (float wanted); ///< @return false without a broadcast: for the present value and for NaN
 
 private:
     bool StepBy (std::int32_t delta); // true if that asks for another value

@@ -119,7 +119,7 @@ std::int32_t ZCanvasTextEditImp::WidthTo (std::size_t position) const
 
 void ZCanvasTextEditImp::ShowCaret ()
 {
-    const auto room = Inside ().Width () - 1; // the caret behind the last character needs a pixel
+    const auto room = Inside ().Width () - 1; // the caret after the last character needs a pixel
     const auto caret = WidthTo (line.GetCaret ());
     const auto furthest = std::max (WidthTo (line.GetText ().size ()) - room, 0);
     scrolled = std::min ({ scrolled, caret, furthest });

@@ -95,7 +95,7 @@ void ZEditLine::SelectWordAt (std::size_t position)
 {
     if (text.empty ())
         return;
-    const auto inside = std::min (position, text.size () - 1); // behind the end: the last word
+    const auto inside = std::min (position, text.size () - 1); // after the end: the last word
     caret = RunEnd (inside);
     anchor = RunStart (caret);
 }

@@ -16,7 +16,7 @@ public:
     enum class Reach
     {
         kCharacter,
-        kWord, // with the blanks behind it; a run of other signs counts as a word
+        kWord, // with the blanks after it; a run of other signs counts as a word
         kLine
     };
 

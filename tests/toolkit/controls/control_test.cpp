@@ -36,7 +36,7 @@ TEST_CASE ("ZControl: a wish goes out as a broadcast, and the value comes back f
     CHECK_FALSE (fixture.Key (control, kKeyLeft));
     CHECK_FALSE (fixture.Wheel (control, -1));
     control.SetValue (std::numeric_limits<float>::quiet_NaN ());
-    CHECK_FALSE (fixture.Wheel (control, 1)); // no number to go on from
+    CHECK_FALSE (fixture.Wheel (control, 1)); // NaN, from which nothing follows
     control.SetValue (0.5f);
     control.SetWheelEnabled (false);
     control.SetKeyEnabled (false);
