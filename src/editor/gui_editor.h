@@ -31,8 +31,8 @@ class ZEvent;
 /// wants to the effect. It belongs to no window system: it is told to draw and gets raw calls. Points and rectangles
 /// are in pixels of the surface at scale 1.
 ///
-/// A control broadcasts the value that its user wants; SetParameter writes it to the effect and sets it on every control
-/// of that id. What others change is found by the next idle tick, or comes as an event of the effect.
+/// A control broadcasts the value that its user wants; SetParameter writes it to the effect and sets it on every
+/// control of that id. What others change is found by the next idle tick, or comes as an event of the effect.
 ///
 /// Threads: the host's user-interface thread. Only the effect's events may come on any thread: those of another one are
 /// parked, and the next Idle carries them out.
@@ -119,7 +119,8 @@ public:
     void SetActiveById (std::int32_t id, bool on);
     void SetMouseEnabledById (std::int32_t id, bool on);
 
-    // Building. The editor owns what it is given, until Remove or Close, and hands back a borrowed pointer; null for null
+    // Building. The editor owns what it is given, until Remove or Close, and hands back a borrowed pointer; null for
+    // null
     template <std::derived_from<ZPane> Pane>
     Pane* AddView (std::unique_ptr<Pane> pane) ///< owned, in no view yet
     {
@@ -183,12 +184,12 @@ protected:
     const std::vector<float>& GetCurrentValues () const { return currentValues; } ///< of the storage, in this tick
     const std::vector<float>& GetLastValues () const { return lastValues; }       ///< as the controls were given them
 
-    /// Whether an event of the effect's own, from kCodeFirstOfEffect on, is taken: OnOwnEvent then gets it. Called on the
-    /// thread that caused the event, at any time. ParkedEvents::kOwnCodes codes can be taken.
+    /// Whether an event of the effect's own, from kCodeFirstOfEffect on, is taken: OnOwnEvent then gets it. Called on
+    /// the thread that caused the event, at any time. ParkedEvents::kOwnCodes codes can be taken.
     virtual bool TakesOwnEvent (std::int32_t /*code*/) const { return false; }
 
-    // One for each event of the effect, on the user-interface thread. They may come while the editor is closed. Where the
-    // data is an object of the effect, null says that it goes: nothing of it may be kept
+    // One for each event of the effect, on the user-interface thread. They may come while the editor is closed. Where
+    // the data is an object of the effect, null says that it goes: nothing of it may be kept
     virtual void OnCore (ZPluginCore* /*core*/) {}
     virtual void OnStorage (ZParameterStorageBase* newStorage);
     virtual void OnVuBuffer (ZVuBuffer* newMeters);

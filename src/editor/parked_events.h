@@ -41,9 +41,9 @@ struct EffectEvents
     std::array<std::uint64_t, kParameters / 64> parameters{}; // a bit for each posted id
 };
 
-/// Keeps an effect's events until the editor's own thread takes them: Park may be called on any thread,
-/// concurrently with itself and with Take. Each slot is an atomic; the bit of a code is set after its slot, with release,
-/// and Take reads it with acquire. No locks, no allocation.
+/// Keeps an effect's events until the editor's own thread takes them: Park may be called on any thread, concurrently
+/// with itself and with Take. Each slot is an atomic; the bit of a code is set after its slot, with release, and Take
+/// reads it with acquire. No locks, no allocation.
 ///
 /// The objects of the events that adopt one (core, storage, buffers) are only passed on: who exchanges them while an
 /// editor is open does it on the editor's thread.

@@ -19,9 +19,9 @@ namespace tessaly
 /// smoothed. So nothing half covered is left at their edges, and a repaint through a clip gives what the first painting
 /// gave. This holds for the ellipse clip too. Lines and outlines are smoothed. They run through the middle of
 /// coordinates' pixels when their width is odd and between two when it is even, so that level and upright ones are
-/// sharp; those of width 1 cover exactly the rectangles of their coordinates. Filled polygons are smoothed and end where
-/// an outline of the same points and the present line width runs; with an even width an upright one covers what FillRect
-/// covers.
+/// sharp; those of width 1 cover exactly the rectangles of their coordinates. Filled polygons are smoothed and end
+/// where an outline of the same points and the present line width runs; with an even width an upright one covers what
+/// FillRect covers.
 class ZCairoCanvasImp final : public ZCanvasImp
 {
 public:

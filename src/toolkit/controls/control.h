@@ -13,9 +13,9 @@ class ZParameterStorageBase;
 
 inline constexpr float kFineFactor = 0.25f; // of a drag with the fine modifier
 
-/// A pane that holds one normalized value of one parameter. It never changes its value from a user's input: it works out
-/// the wanted one and broadcasts it with its id; the owner writes the parameter and sets the value on every control of
-/// that id. Concrete controls are a behaviour class derived from this one, which draws nothing, and drawing mix-ins.
+/// A pane that holds one normalized value of one parameter. It never changes its value from a user's input: it works
+/// out the wanted one and broadcasts it with its id; the owner writes the parameter and sets the value on every control
+/// of that id. Concrete controls are a behaviour class derived from this one, which draws nothing, and drawing mix-ins.
 /// Without a storage, or with an id beyond its parameters, the control works on its own fields alone.
 class ZControl : public ZPane, public ZBroadcaster
 {
@@ -28,7 +28,8 @@ public:
     // The value, normalized. Setters neither clamp nor broadcast.
     virtual void SetValue (float newValue); ///< the present one changes nothing, so nothing is painted again
     float GetValue () const { return value; }
-    /// Every control hears of every id: one that shows other parameters, too, overrides this. kEveryPane has no meaning.
+    /// Every control hears of every id: one that shows other parameters, too, overrides this. kEveryPane has no
+    /// meaning.
     virtual void SetValueById (std::int32_t controlId, float newValue);
     void SetPlainValue (float plain) { SetValue (FromPlain (plain)); }
     float GetPlainValue () const { return ToPlain (value); }

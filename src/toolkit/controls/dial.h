@@ -76,8 +76,8 @@ protected:
     static Aim AimOf (const ZVectorToDegree& sweep, ZPoint point);
     Aim AimAt (ZPoint point, bool opposite) const; ///< with the sweep as it is now
 
-    /// Sets the vector of the present drag anew, as ConfigureVector says by now: for a dial whose frame changes under the
-    /// hand, before it passes a move on. Anchor and turn stay.
+    /// Sets the vector of the present drag anew, as ConfigureVector says by now: for a dial whose frame changes under
+    /// the hand, before it passes a move on. Anchor and turn stay.
     void ReconfigureDrag () { ConfigureVector (oppositeGrip, vector); }
 
 private:

@@ -24,9 +24,9 @@ enum SliderHit : std::int32_t // what HitTest tells apart
     kSliderLabelHit = 3
 };
 
-/// A straight control with a thumb that moves along its frame; names of operations say knob for it. A drag counts pixels
-/// from its start, so that the pointer and the thumb stay together beyond the ends; in the endless mode a drag that
-/// reaches a stop counts anew from there.
+/// A straight control with a thumb that moves along its frame; names of operations say knob for it. A drag counts
+/// pixels from its start, so that the pointer and the thumb stay together beyond the ends; in the endless mode a drag
+/// that reaches a stop counts anew from there.
 class ZSlider : public ZControl
 {
 public:

@@ -8,8 +8,8 @@
 namespace tessaly
 {
 
-/// An image with a colour key. Belongs to the editor's cache, which loads each name once; frames of a strip are a matter
-/// of source rectangles.
+/// An image with a colour key. Belongs to the editor's cache, which loads each name once; frames of a strip are a
+/// matter of source rectangles.
 class ZBitmap
 {
 public:

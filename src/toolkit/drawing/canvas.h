@@ -12,9 +12,9 @@ namespace tessaly
 
 class ZBitmap;
 
-/// What panes draw on. Adds an origin to every coordinate, so that a pane draws at its own frame's coordinates, and hands
-/// the call to the platform. An empty destination draws nothing. The modified flag says whether anything was drawn since
-/// it was last cleared. Host's user-interface thread; adds no allocation.
+/// What panes draw on. Adds an origin to every coordinate, so that a pane draws at its own frame's coordinates, and
+/// hands the call to the platform. An empty destination draws nothing. The modified flag says whether anything was
+/// drawn since it was last cleared. Host's user-interface thread; adds no allocation.
 class ZCanvas
 {
 public:

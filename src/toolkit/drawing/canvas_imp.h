@@ -69,8 +69,8 @@ public:
     virtual void FramePolygon (std::span<const ZPoint> points) = 0; ///< closed
     virtual void FillPolygon (std::span<const ZPoint> points) = 0;  ///< even-odd; an outline of its points runs on them
 
-    // Curves, with points between whole coordinates for surfaces that are denser. All points are moved by `offset`. With
-    // whole points both draw what MoveTo and LineTo, or FillPolygon above, draw. The pen stays where it is.
+    // Curves, with points between whole coordinates for surfaces that are denser. All points are moved by `offset`.
+    // With whole points both draw what MoveTo and LineTo, or FillPolygon above, draw. The pen stays where it is.
     virtual void DrawPolyline (std::span<const ZPointF> points, ZPoint offset) = 0;
     virtual void FillPolygon (std::span<const ZPointF> points, ZPoint offset) = 0;
 

@@ -25,8 +25,8 @@ public:
     void SetBroadcastEnabled (bool on) { enabled = on; }
     bool IsBroadcastEnabled () const { return enabled; }
 
-    // To each enabled listener in the order of attachment. One that is told may attach and detach any listener, but must
-    // not end the broadcaster. Who joins meanwhile is told the next time.
+    // To each enabled listener in the order of attachment. One that is told may attach and detach any listener, but
+    // must not end the broadcaster. Who joins meanwhile is told the next time.
     void BroadcastValue (std::int32_t id, float value);             ///< the wanted one, normalized
     void BroadcastMessage (std::int32_t message, ZControl* sender); ///< a gesture without a value; sender: never null
 
