@@ -1,5 +1,6 @@
 #include "class_id.h"
 
+#include "ascii_case.h"
 #include "plugin_config.h"
 #include <string>
 
@@ -19,8 +20,7 @@ std::uint32_t LowerCaseByte (std::string_view name, std::size_t index)
 {
     if (index >= name.size ())
         return 0;
-    const char c = name[index];
-    return static_cast<unsigned char> (c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
+    return static_cast<unsigned char> (AsciiLower (name[index]));
 }
 
 } // namespace

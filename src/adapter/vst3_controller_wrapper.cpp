@@ -8,6 +8,7 @@
 #include "parameter_ids.h"
 #include "parameter_storage_base.h"
 #include "plugin_config.h"
+#include "scoped_flag.h"
 #include "stored_value.h"
 #include "text_conversion.h"
 #include <algorithm>
@@ -31,25 +32,6 @@ ZParameterStorageBase* StorageOf (ZEffect* effect)
     effect->GetInfo (kCodeStorage, &storage);
     return storage;
 }
-
-/// Sets a flag and brings the old value back on every way out.
-class ScopedFlag
-{
-public:
-    explicit ScopedFlag (bool& target)
-        : flag (target)
-        , previous (target)
-    {
-        flag = true;
-    }
-    ~ScopedFlag () { flag = previous; }
-    ScopedFlag (const ScopedFlag&) = delete;
-    ScopedFlag& operator= (const ScopedFlag&) = delete;
-
-private:
-    bool& flag; // not owned: the caller's
-    bool previous;
-};
 
 } // namespace
 

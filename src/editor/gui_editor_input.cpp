@@ -1,6 +1,7 @@
 #include "dial.h"
 #include "event.h"
 #include "gui_editor.h"
+#include "scoped_flag.h"
 #include "slider.h"
 #include <utility>
 
@@ -9,25 +10,6 @@ namespace tessaly
 
 namespace
 {
-
-/// Keeps a control that calls back into the editor from being called again by it. The old state returns in the end.
-class InputLock
-{
-public:
-    explicit InputLock (bool& guarded)
-        : locked (guarded)
-        , before (guarded)
-    {
-        locked = true;
-    }
-    ~InputLock () { locked = before; }
-    InputLock (const InputLock&) = delete;
-    InputLock& operator= (const InputLock&) = delete;
-
-private:
-    bool& locked; // not owned: the editor's
-    bool before;
-};
 
 /// Asks the modal pane and, if that did not take the event and is another one, the second. Both by reference to the
 /// editor's own pointers: either pane may end while the first is asked.
@@ -112,7 +94,7 @@ bool ZGuiEditor::MouseDown (ZEvent& event, const ZMouseInput& mouse)
 {
     if (!IsOpen () || inputLocked)
         return capturePane != nullptr;
-    const InputLock lock (inputLocked);
+    const ScopedFlag lock (inputLocked); // a control that calls back is not entered again
     if (capturePane != nullptr)
         capturePane->MouseUp (event, mouse);
     capturePane = nullptr;
@@ -133,7 +115,7 @@ bool ZGuiEditor::MouseMove (ZEvent& event, const ZMouseInput& mouse)
 {
     if (!IsOpen () || inputLocked)
         return capturePane != nullptr;
-    const InputLock lock (inputLocked);
+    const ScopedFlag lock (inputLocked);
     if (capturePane != nullptr && !capturePane->MouseMove (event, mouse))
         capturePane = nullptr;
     return capturePane != nullptr;
@@ -143,7 +125,7 @@ bool ZGuiEditor::MouseUp (ZEvent& event, const ZMouseInput& mouse)
 {
     if (!IsOpen () || inputLocked)
         return false;
-    const InputLock lock (inputLocked);
+    const ScopedFlag lock (inputLocked);
     if (capturePane != nullptr)
         capturePane->MouseUp (event, mouse);
     capturePane = nullptr;

@@ -1,5 +1,6 @@
 #include "text_buffer.h"
 
+#include "utf8.h"
 #include <algorithm>
 
 namespace tessaly
@@ -16,8 +17,7 @@ std::string_view CutAtCharacter (std::string_view text, std::size_t size)
 {
     if (text.size () <= size)
         return text;
-    const auto isInside = [text] (std::size_t at) { return (static_cast<unsigned char> (text[at]) & 0xC0) == 0x80; };
-    while (size > 0 && isInside (size))
+    while (size > 0 && ContinuesCharacter (text[size]))
         --size;
     return text.substr (0, size);
 }

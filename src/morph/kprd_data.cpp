@@ -1,5 +1,6 @@
 #include "kprd_data.h"
 
+#include "ascii_case.h"
 #include <algorithm>
 #include <string_view>
 
@@ -12,7 +13,7 @@ namespace
 /// Lower case, the way names are compared: '_' stands before the letters.
 unsigned char Folded (char c)
 {
-    return static_cast<unsigned char> (c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
+    return static_cast<unsigned char> (AsciiLower (c));
 }
 
 } // namespace

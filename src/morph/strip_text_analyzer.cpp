@@ -1,5 +1,6 @@
 #include "strip_text_analyzer.h"
 
+#include "ascii_case.h"
 #include "number_text.h"
 #include "value_scales.h"
 #include <algorithm>
@@ -41,8 +42,7 @@ bool ZRatioTextAnalyzer::IsValid (char* text)
 {
     if (ZK2XTextAnalyzer::IsValid (text))
         return true;
-    std::transform (text, text + std::strlen (text), text,
-                    [] (char c) { return c >= 'a' && c <= 'z' ? static_cast<char> (c - 'a' + 'A') : c; });
+    std::transform (text, text + std::strlen (text), text, AsciiUpper);
     return text == kInfinite;
 }
 

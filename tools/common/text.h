@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ascii_case.h"
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -25,8 +26,7 @@ inline std::string_view Trimmed (std::string_view text)
 inline std::string Lowered (std::string_view text)
 {
     std::string lowered (text);
-    std::transform (lowered.begin (), lowered.end (), lowered.begin (),
-                    [] (char c) { return c >= 'A' && c <= 'Z' ? static_cast<char> (c - 'A' + 'a') : c; });
+    std::transform (lowered.begin (), lowered.end (), lowered.begin (), AsciiLower);
     return lowered;
 }
 

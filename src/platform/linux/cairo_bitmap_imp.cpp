@@ -1,5 +1,6 @@
 #include "cairo_bitmap_imp.h"
 
+#include "ascii_case.h"
 #include "stream.h"
 #include <algorithm>
 #include <cairo.h>
@@ -51,8 +52,7 @@ CairoSurface WithAlpha (CairoSurface decoded)
 std::string UpperCase (std::string_view text) // of ASCII: image names are
 {
     std::string upper (text);
-    std::transform (upper.begin (), upper.end (), upper.begin (),
-                    [] (char c) { return 'a' <= c && c <= 'z' ? static_cast<char> (c - 'a' + 'A') : c; });
+    std::transform (upper.begin (), upper.end (), upper.begin (), AsciiUpper);
     return upper;
 }
 

@@ -1,6 +1,7 @@
 #include "pango_text.h"
 
 #include "canvas_imp.h"
+#include "utf8.h"
 #include <algorithm>
 #include <cmath>
 #include <pango/pangocairo.h>
@@ -22,7 +23,7 @@ double FromPango (int units)
 std::string WellFormed (std::string_view text)
 {
     std::size_t length = std::min (text.size (), PangoText::kLongestText);
-    while (0 < length && length < text.size () && (static_cast<unsigned char> (text[length]) & 0xC0) == 0x80)
+    while (0 < length && length < text.size () && ContinuesCharacter (text[length]))
         --length;
     if (g_utf8_validate (text.data (), static_cast<gssize> (length), nullptr))
         return std::string (text.substr (0, length));

@@ -2,6 +2,7 @@
 
 #include "canvas.h"
 #include "pane_owner.h"
+#include "scoped_flag.h"
 #include "view.h"
 
 namespace tessaly
@@ -44,9 +45,8 @@ void ZOverlayControl::Draw (ZCanvas& canvas, std::uint32_t time)
 
 void ZOverlayControl::DrawOwnLook (ZCanvas& canvas, std::uint32_t time)
 {
-    drawsOwnLook = true;
+    const ScopedFlag guard (drawsOwnLook);
     ZControl::Draw (canvas, time);
-    drawsOwnLook = false;
 }
 
 bool ZOverlayControl::OnMouseDown (ZEvent& event, const ZMouseInput& mouse)

@@ -1,5 +1,6 @@
 #include "canvas_menu_imp.h"
 
+#include "ascii_case.h"
 #include "canvas.h"
 #include "matrix_menu.h"
 #include "pane_owner.h"
@@ -20,11 +21,6 @@ constexpr std::int32_t kRowSpace = 6;   // pixels of a row above and below the f
 constexpr std::int32_t kTextSpace = 12; // pixels right of the widest text
 constexpr std::int32_t kTremble = 4;    // pixels that a click may move and still be a click
 constexpr std::int32_t kEitherButton = kLeftButton | kMiddleButton | kRightButton;
-
-char Lower (char letter)
-{
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char> (letter - 'A' + 'a') : letter;
-}
 
 /// A tick in the left square of a row.
 void DrawCheck (ZCanvas& canvas, const ZRect& row)
@@ -265,7 +261,7 @@ void ZCanvasMenuImp::HighlightFirst (char letter)
     {
         const auto index = (highlighted + tried) % count;
         const auto text = GetItemText (index);
-        if (IsItemEnabled (index) && !text.empty () && Lower (text[0]) == Lower (letter))
+        if (IsItemEnabled (index) && !text.empty () && AsciiLower (text[0]) == AsciiLower (letter))
             return Highlight (index);
     }
 }

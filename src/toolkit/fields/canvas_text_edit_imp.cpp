@@ -1,5 +1,6 @@
 #include "canvas_text_edit_imp.h"
 
+#include "ascii_case.h"
 #include "canvas.h"
 #include "clipboard.h"
 #include "text_edit.h"
@@ -45,7 +46,7 @@ char ShortcutLetter (char character)
 {
     if (character >= 1 && character <= 26)
         return static_cast<char> ('a' + character - 1);
-    return character >= 'A' && character <= 'Z' ? static_cast<char> (character - 'A' + 'a') : character;
+    return AsciiLower (character);
 }
 
 /// Whether what a key carries is text: plain keys, space, and the numeric pad.
@@ -342,8 +343,8 @@ bool ZCanvasTextEditImp::EditByShortcut (const ZKeyInput& key)
 
 void ZCanvasTextEditImp::Type (char byte)
 {
-    constexpr std::size_t kLongestCharacter = 4;            // bytes of UTF-8
-    if ((static_cast<unsigned char> (byte) & 0xC0) != 0x80) // a character begins
+    constexpr std::size_t kLongestCharacter = 4; // bytes of UTF-8
+    if (!ContinuesCharacter (byte))
         arriving.clear ();
     arriving += byte;
     if (IsUtf8 (arriving))

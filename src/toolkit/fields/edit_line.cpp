@@ -12,11 +12,6 @@ namespace
 
 constexpr std::size_t kMostBytes = kTextSize - 1;
 
-bool IsInsideCharacter (char byte)
-{
-    return (static_cast<unsigned char> (byte) & 0xC0) == 0x80;
-}
-
 /// The well-formed character at the beginning of a text; empty without one.
 std::string_view FirstCharacter (std::string_view text)
 {
@@ -103,7 +98,7 @@ void ZEditLine::SelectWordAt (std::size_t position)
 void ZEditLine::MoveTo (std::size_t position, bool extend)
 {
     caret = std::min (position, text.size ());
-    while (caret > 0 && caret < text.size () && IsInsideCharacter (text[caret]))
+    while (caret > 0 && caret < text.size () && ContinuesCharacter (text[caret]))
         --caret;
     if (!extend)
         anchor = caret;
@@ -150,7 +145,7 @@ std::size_t ZEditLine::Next (std::size_t position) const
 {
     if (position < text.size ())
         ++position;
-    while (position < text.size () && IsInsideCharacter (text[position]))
+    while (position < text.size () && ContinuesCharacter (text[position]))
         ++position;
     return position;
 }
