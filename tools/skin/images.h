@@ -1,6 +1,6 @@
 #pragma once
 
-#include "picture.h"
+#include "pictures.h"
 #include <span>
 #include <string_view>
 

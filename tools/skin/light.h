@@ -1,6 +1,6 @@
 #pragma once
 
-#include "picture.h"
+#include "pictures.h"
 
 namespace tessaly::skin
 {

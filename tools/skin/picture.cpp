@@ -1,4 +1,4 @@
-#include "picture.h"
+#include "pictures.h"
 
 #include <cairo.h>
 #include <stdexcept>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frames.h"
-#include "picture.h"
+#include "pictures.h"
 
 namespace tessaly::skin
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "picture.h"
+#include "pictures.h"
 #include <string_view>
 
 namespace tessaly::skin
