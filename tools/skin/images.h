@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pictures.h"
+#include "picture.h"
 #include <span>
 #include <string_view>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pictures.h"
+#include "picture.h"
 
 namespace tessaly::skin
 {

@@ -1,4 +1,4 @@
-#include "pictures.h"
+#include "picture.h"
 
 #include <cairo.h>
 #include <stdexcept>

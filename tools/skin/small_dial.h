@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frames.h"
-#include "pictures.h"
+#include "picture.h"
 
 namespace tessaly::skin
 {
