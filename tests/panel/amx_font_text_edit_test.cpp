@@ -1,0 +1,130 @@
+#include "amx_font_text_edit.h"
+#include "message_desk.h"
+#include "panel_ids.h"
+#include <cstddef>
+#include <doctest/doctest.h>
+
+using namespace tessaly;
+using doctest::Approx;
+
+namespace
+{
+
+constexpr ZPoint kMiddle{ 120, 72 };
+constexpr ZPoint kOutside{ 300, 200 };
+
+struct ReadoutDesk : MessageDesk
+{
+    ZAMX_FontTextEdit* text = nullptr; // not owned: the editor's
+
+    ReadoutDesk () { Open ({ 0, 0 }); }
+    void MakePanes (ZView& root) override
+    {
+        text = AddControl (root, std::make_unique<ZAMX_FontTextEdit> (this, ZRect{ 109, 66, 134, 77 }, kFreeTag));
+        text->SetBitmapActive (GetBitmap ("panel"), { 109, 66 });
+        text->SetFontActive (GetBitmap ("font"), "05", 5, 11, 20, {});
+        text->SetToText ([] (float, char* to) { PutText (to, "5"); });
+        text->SetColumns (0, 1);
+        text->SetValue (0.5f);
+    }
+    void DoubleClick (ZPoint point)
+    {
+        Click (point);
+        TakeMessages ();
+        Click (point);
+    }
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE (ReadoutDesk, "A read-out tells when a drag begins to touch it, goes on and ends")
+{
+    Press (kMiddle);
+    Tick (70);
+    Drag ({ 120, 62 });
+    CHECK (text->GetLastTouch () == window.time);
+    Release ({ 120, 62 });
+    CHECK (text->GetValue () == Approx (0.6));
+    const auto told = TakeMessages ();
+    CHECK (told.front () == kTouchStarted);
+    CHECK (told.back () == kTouchEnded);
+    CHECK (std::count (told.begin (), told.end (), kTouchGoesOn) == static_cast<std::ptrdiff_t> (told.size ()) - 2);
+    text->MouseMove (event, At (kMiddle, 0));
+    Hands::Press (*text, kMiddle, 0, kRightButton);
+    CHECK (TakeMessages ().empty ());
+}
+
+TEST_CASE_FIXTURE (ReadoutDesk, "A touch ends with the pointer's exit or the key's release")
+{
+    Hover (kMiddle);
+    CHECK (Wheel (0));
+    CHECK (Wheel (2));
+    CHECK (text->GetValue () == Approx (0.52));
+    Tick (5000);
+    CHECK (TakeMessages () == Messages{ 2, 3 });
+    Hover (kOutside);
+    CHECK (TakeMessages () == Messages{ 4 });
+
+    CHECK (Key (kKeyPageDown));
+    CHECK (text->GetValue () == Approx (0.42));
+    Key (kKeyHome);
+    ReleaseKey (kKeyHome);
+    CHECK (TakeMessages () == Messages{ 2 });
+    Tick (40);
+    KeyRepeat (event, { 0, 0, kKeyPageDown, window.time });
+    CHECK (text->GetValue () == Approx (0.32));
+    CHECK (text->GetLastTouch () == window.time);
+    TakeMessages ();
+    ReleaseKey (kKeyPageDown);
+    ReleaseKey (kKeyPageDown);
+    CHECK (TakeMessages () == Messages{ 4 });
+
+    Key (kKeyUp);
+    text->ClearEditing ();
+    ReleaseKey (kKeyUp);
+    text->SetMouseEnabled (false);
+    CHECK_FALSE (text->KeyDown (event, { 0, 0, kKeyUp, window.time }));
+    CHECK (TakeMessages () == Messages{ 2 });
+    CHECK (text->GetValue () == Approx (0.33));
+}
+
+TEST_CASE_FIXTURE (ReadoutDesk, "An open field is one touch and keeps wheel and keys")
+{
+    DoubleClick (kMiddle);
+    REQUIRE (text->IsFieldOpen ());
+    CHECK_FALSE (text->MouseWheel (event, { kMiddle, 1, window.time }));
+    Key (kKeyUp);
+    ReleaseKey (kKeyUp);
+    Key (kKeyNone, '1');
+    CHECK (TakeMessages () == Messages{ 2 });
+    CHECK (text->GetValue () == 0.5f);
+    Key (kKeyReturn, 13);
+    CHECK (TakeMessages () == Messages{ 4 });
+    CHECK (text->GetValue () == 1.0f);
+    CHECK_FALSE (text->IsFieldOpen ());
+}
+
+TEST_CASE_FIXTURE (ReadoutDesk, "The copy above a ring is digits without field and background")
+{
+    Paint ();
+    text->SetBright (true, false);
+    CHECK (Paint ().empty ());
+    text->SetBright (true, true);
+    CHECK (Paint () ==
+           Words_t{ "DrawBitmap panel 109,66,134,77 from 109,66", "DrawBitmap font 129,66,134,77 from 5,11" });
+    text->HideDigits ();
+    CHECK (Paint ().empty ());
+    text->SetDirty (true);
+    CHECK (Paint () == Words_t{ "DrawBitmap panel 109,66,134,77 from 109,66" });
+    text->SetFlags (0);
+    text->SetDirty (true);
+    CHECK (Paint () == Words_t{ "DrawBitmap font 129,66,134,77 from 5,11" });
+    DoubleClick (kMiddle);
+    const ZMouseInput twice{ kMiddle, kLeftButton | kDoubleClick, 0, window.time };
+    CHECK_FALSE (text->OnOpenModal (event, twice));
+    CHECK_FALSE (text->IsFieldOpen ());
+    CHECK (TakeMessages ().empty ());
+    text->SetFlags (3);
+    text->ShowDigits ();
+    CHECK (Paint ().size () == 2);
+}

@@ -1,0 +1,94 @@
+#include "about_picture.h"
+#include "bypass_button.h"
+#include "message_desk.h"
+#include <doctest/doctest.h>
+
+using namespace tessaly;
+
+namespace
+{
+
+constexpr ZPoint kInArea{ 30, 280 };
+constexpr ZPoint kBesideArea{ 8, 280 };
+
+struct BypassDesk : MessageDesk
+{
+    ZAMX_AnimOnOffButton* button = nullptr; // not owned: the editor's
+
+    BypassDesk () { Open ({ 0, 0 }); }
+    void MakePanes (ZView& root) override
+    {
+        button = AddControl (root, std::make_unique<ZAMX_AnimOnOffButton> (this, ZRect{ 5, 265, 76, 302 }, kFreeTag));
+        button->SetAnimActive (GetBitmap ("switch"), 2, 37, {});
+        button->SetActiveFramePreset (2);
+        button->SetStep (1.0f);
+        CHECK (button->GetPressArea () == button->GetFrame ());
+        button->SetPressArea ({ 17, 275, 44, 291 });
+    }
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE (BypassDesk, "A bypass switches at the press, in its area alone")
+{
+    CHECK_FALSE (Press (kBesideArea));
+    CHECK_FALSE (button->GetBool ());
+    Press (kInArea);
+    CHECK (button->GetBool ());
+    CHECK (Paints ("DrawBitmap switch 5,265,76,302 from 0,37"));
+    CHECK_FALSE (Drag (kBesideArea));
+    Release (kBesideArea);
+    CHECK (button->GetBool ());
+    Hands::Press (*button, kInArea, 0, kRightButton);
+    CHECK (button->GetBool ());
+    Click (kInArea);
+    CHECK (Paints ("DrawBitmap switch 5,265,76,302 from 0,0"));
+}
+
+TEST_CASE_FIXTURE (BypassDesk, "A bypass goes on by the wheel up and off by the wheel down")
+{
+    const auto turn = [&] (ZPoint point, std::int32_t delta) {
+        return button->MouseWheel (event, { point, delta, window.time });
+    };
+    changed.clear ();
+    CHECK_FALSE (turn (kBesideArea, 1));
+    CHECK_FALSE (turn (kInArea, 0));
+    CHECK (turn (kInArea, -1));
+    CHECK (changed.empty ());
+    CHECK (turn (kInArea, 3));
+    CHECK (turn (kInArea, 1));
+    CHECK (changed == std::vector<std::int32_t>{ kFreeTag });
+    CHECK (button->GetBool ());
+    CHECK (turn (kInArea, -1));
+    CHECK_FALSE (button->GetBool ());
+
+    button->SetMouseEnabled (false);
+    CHECK_FALSE (button->KeyDown (event, { 0, 0, kKeyUp, window.time }));
+    CHECK_FALSE (button->GetBool ());
+    button->SetMouseEnabled (true);
+    CHECK (button->KeyDown (event, { 0, 0, kKeyUp, window.time }));
+    CHECK (button->GetBool ());
+}
+
+TEST_CASE ("The about picture writes its second line only with the first")
+{
+    RecordingCanvasImp surface;
+    ZOnscreenCanvas canvas (surface);
+    auto image = NamedBitmap ("about");
+    AMX_AboutPicture about (nullptr, { 10, 20, 570, 335 }, 30013);
+    about.SetBitmapActive (&image, {});
+    about.SetLine2 ("rights");
+    about.Draw (canvas, 0);
+    CHECK (surface.Take () == Words_t{ "DrawBitmap about 10,20,570,335 from 0,0" });
+    about.SetLine1 ("name");
+    about.SetLine1Rect ({ 20, 275, 260, 286 });
+    about.SetFontSize (10);
+    for (const bool active : { true, false })
+    {
+        about.SetActive (active);
+        about.Draw (canvas, 0);
+        CHECK (surface.Take () == Words_t{ "DrawBitmap about 10,20,570,335 from 0,0", "SetFont Arial 10 0",
+                                           "SetColor 255,255,255,255", "DrawText 'name' 30,295,270,306 17",
+                                           "DrawText 'rights' 10,20,570,335 17" });
+    }
+}
