@@ -153,11 +153,6 @@ bool ZAMX_GuideUpperDial::HasCapturePane () const
     return GetOwner () != nullptr && GetOwner ()->GetCapturePane () != nullptr;
 }
 
-bool ZAMX_GuideUpperDial::IsLeft (const ZMouseInput& mouse) const
-{
-    return mouse.buttons == 0 && !HasCapturePane () && !IsInCircle (GetFrame (), mouse.point);
-}
-
 void ZAMX_GuideUpperDial::OnIdle (ZEvent& event, const ZMouseInput& mouse)
 {
     ZAnimDial::OnIdle (event, mouse);
@@ -181,17 +176,15 @@ void ZAMX_GuideUpperDial::OnIdle (ZEvent& event, const ZMouseInput& mouse)
             StepAnimation (mouse.time);
         break;
     case State::kOpen:
-        StepOpen (mouse);
+        CloseWhenRested (mouse.time);
         break;
     }
 }
 
-void ZAMX_GuideUpperDial::StepOpen (const ZMouseInput& mouse)
+void ZAMX_GuideUpperDial::CloseWhenRested (std::uint32_t time)
 {
-    const auto untouched = static_cast<std::int32_t> (mouse.time - lastTouch); // the clock may wrap
-    const auto timedOut = openReason != kByMouse && (!IsActive () || untouched >= holdTime);
-    // A pointer that left the knob between two ticks was never over the ring, so no exit tells that it has gone.
-    if (timedOut || (openReason == kByMouse && IsLeft (mouse)))
+    const auto untouched = static_cast<std::int32_t> (time - lastTouch); // the clock may wrap
+    if (openReason != kByMouse && (!IsActive () || untouched >= holdTime))
         Close (true);
 }
 

@@ -72,9 +72,8 @@ private:
     };
 
     bool HasCapturePane () const;
-    bool IsLeft (const ZMouseInput& mouse) const; // by the pointer, without an exit to tell it
-    void Rest ();                                 // back to idle
-    void StepOpen (const ZMouseInput& mouse);
+    void Rest (); // back to idle
+    void CloseWhenRested (std::uint32_t time);
 
     State state = State::kIdle;
     OpenReason openReason = kByNothing;
