@@ -1,5 +1,5 @@
 #include "amx_font_text_edit.h"
-#include "message_desk.h"
+#include "message_fixture.h"
 #include "panel_ids.h"
 #include <cstddef>
 #include <doctest/doctest.h>
@@ -13,14 +13,14 @@ namespace
 constexpr ZPoint kMiddle{ 120, 72 };
 constexpr ZPoint kOutside{ 300, 200 };
 
-struct ReadoutDesk : MessageDesk
+struct ReadoutFixture : MessageFixture
 {
     ZAMX_FontTextEdit* text = nullptr; // not owned: the editor's
 
-    ReadoutDesk () { Open ({ 0, 0 }); }
+    ReadoutFixture () { Open ({ 0, 0 }); }
     void MakePanes (ZView& root) override
     {
-        text = AddControl (root, std::make_unique<ZAMX_FontTextEdit> (this, ZRect{ 109, 66, 134, 77 }, kFreeTag));
+        text = AddControl (root, std::make_unique<ZAMX_FontTextEdit> (this, ZRect{ 109, 66, 134, 77 }, kFreeId));
         text->SetBitmapActive (GetBitmap ("panel"), { 109, 66 });
         text->SetFontActive (GetBitmap ("font"), "05", 5, 11, 20, {});
         text->SetToText ([] (float, char* to) { PutText (to, "5"); });
@@ -37,7 +37,7 @@ struct ReadoutDesk : MessageDesk
 
 } // namespace
 
-TEST_CASE_FIXTURE (ReadoutDesk, "A read-out tells when a drag begins to touch it, goes on and ends")
+TEST_CASE_FIXTURE (ReadoutFixture, "A read-out tells when a drag begins to touch it, goes on and ends")
 {
     Press (kMiddle);
     Tick (70);
@@ -50,11 +50,11 @@ TEST_CASE_FIXTURE (ReadoutDesk, "A read-out tells when a drag begins to touch it
     CHECK (told.back () == kTouchEnded);
     CHECK (std::count (told.begin (), told.end (), kTouchGoesOn) == static_cast<std::ptrdiff_t> (told.size ()) - 2);
     text->MouseMove (event, At (kMiddle, 0));
-    Hands::Press (*text, kMiddle, 0, kRightButton);
+    InputDriver::Press (*text, kMiddle, 0, kRightButton);
     CHECK (TakeMessages ().empty ());
 }
 
-TEST_CASE_FIXTURE (ReadoutDesk, "A touch ends with the pointer's exit or the key's release")
+TEST_CASE_FIXTURE (ReadoutFixture, "A touch ends with the pointer's exit or the key's release")
 {
     Hover (kMiddle);
     CHECK (Wheel (0));
@@ -88,7 +88,7 @@ TEST_CASE_FIXTURE (ReadoutDesk, "A touch ends with the pointer's exit or the key
     CHECK (text->GetValue () == Approx (0.33));
 }
 
-TEST_CASE_FIXTURE (ReadoutDesk, "An open field is one touch and keeps wheel and keys")
+TEST_CASE_FIXTURE (ReadoutFixture, "An open field is one touch and keeps wheel and keys")
 {
     DoubleClick (kMiddle);
     REQUIRE (text->IsFieldOpen ());
@@ -104,7 +104,7 @@ TEST_CASE_FIXTURE (ReadoutDesk, "An open field is one touch and keeps wheel and 
     CHECK_FALSE (text->IsFieldOpen ());
 }
 
-TEST_CASE_FIXTURE (ReadoutDesk, "The copy above a ring is digits without field and background")
+TEST_CASE_FIXTURE (ReadoutFixture, "The copy above a ring is digits without field and background")
 {
     Paint ();
     text->SetBright (true, false);

@@ -1,5 +1,5 @@
 #include "drive_dial.h"
-#include "message_desk.h"
+#include "message_fixture.h"
 #include "morph_dial.h"
 #include <doctest/doctest.h>
 #include <string>
@@ -13,14 +13,14 @@ constexpr ZPoint kMiddle{ 280, 254 };
 
 /// One large dial in the morph dial's place, with strips of three columns.
 template <typename Dial>
-struct DialDesk : MessageDesk
+struct DialFixture : MessageFixture
 {
     Dial* dial = nullptr; // not owned: the editor's
 
-    DialDesk () { Open ({ 0, 0 }); }
+    DialFixture () { Open ({ 0, 0 }); }
     void MakePanes (ZView& root) override
     {
-        dial = AddControl (root, std::make_unique<Dial> (this, ZRect{ 198, 214, 362, 306 }, kFreeTag));
+        dial = AddControl (root, std::make_unique<Dial> (this, ZRect{ 198, 214, 362, 306 }, kFreeId));
         dial->SetAnimActive (GetBitmap ("strip"), 101, 92, {});
         dial->SetAnimInactive (GetBitmap ("dim"), 101, 92, {});
         dial->SetColumns (0, 1);
@@ -37,11 +37,11 @@ struct DialDesk : MessageDesk
     int Column () { return Source ().x / 164; }
 };
 
-using DriveDesk = DialDesk<ZAMX_DriveDial>;
+using DriveFixture = DialFixture<ZAMX_DriveDial>;
 
-struct MorphDesk : DialDesk<ZAMX_MorphDial>
+struct MorphFixture : DialFixture<ZAMX_MorphDial>
 {
-    MorphDesk ()
+    MorphFixture ()
     {
         dial->SetMorphColumns (0, 1, 2);
         Frame (); // the first one does not glide
@@ -55,7 +55,7 @@ struct MorphDesk : DialDesk<ZAMX_MorphDial>
 
 } // namespace
 
-TEST_CASE_FIXTURE (DriveDesk, "A large dial is edited from the first touch to 2000 ms after the last")
+TEST_CASE_FIXTURE (DriveFixture, "A large dial is edited from the first touch to 2000 ms after the last")
 {
     window.time = 0xFFFFFFF0u; // the clock wraps
     Press (kMiddle);
@@ -86,7 +86,7 @@ TEST_CASE_FIXTURE (DriveDesk, "A large dial is edited from the first touch to 20
     CHECK (TakeMessages () == Messages{ 1, 1, 0 });
 }
 
-TEST_CASE_FIXTURE (DriveDesk, "A large dial that is off takes neither wheel nor keys")
+TEST_CASE_FIXTURE (DriveFixture, "A large dial that is off takes neither wheel nor keys")
 {
     SetFocusPane (dial);
     dial->SetMouseEnabled (false);
@@ -96,7 +96,7 @@ TEST_CASE_FIXTURE (DriveDesk, "A large dial that is off takes neither wheel nor 
     CHECK (TakeMessages ().empty ());
 }
 
-TEST_CASE_FIXTURE (DriveDesk, "A highlight without a redraw leaves a changed value to be painted")
+TEST_CASE_FIXTURE (DriveFixture, "A highlight without a redraw leaves a changed value to be painted")
 {
     Paint ();
     dial->SetBright (true, false);
@@ -108,7 +108,7 @@ TEST_CASE_FIXTURE (DriveDesk, "A highlight without a redraw leaves a changed val
     CHECK (Source () == ZPoint{ 164, 50 * 92 });
 }
 
-TEST_CASE_FIXTURE (MorphDesk, "The morph dial glides to the value's frame, faster under the hand")
+TEST_CASE_FIXTURE (MorphFixture, "The morph dial glides to the value's frame, faster under the hand")
 {
     dial->SetValue (1.0f);
     CHECK (Frame () == 17); // 100 / 6
@@ -139,7 +139,7 @@ TEST_CASE_FIXTURE (MorphDesk, "The morph dial glides to the value's frame, faste
     CHECK_FALSE (IsDirtyAfterTick ());
 }
 
-TEST_CASE_FIXTURE (MorphDesk, "The morph dial's light wins over its modified look")
+TEST_CASE_FIXTURE (MorphFixture, "The morph dial's light wins over its modified look")
 {
     dial->SetModified (true);
     CHECK (dial->IsDirty ());
@@ -153,10 +153,10 @@ TEST_CASE_FIXTURE (MorphDesk, "The morph dial's light wins over its modified loo
     CHECK (Column () == 2);
     dial->SetValue (0.0f); // the present one
     CHECK (Column () == 2);
-    ParameterChanged (kFreeTag, 0.5f);
+    ParameterChanged (kFreeId, 0.5f);
     CHECK (Column () == 0);
     CHECK_FALSE (dial->IsModified ());
     dial->SetBright (true, true);
-    ParameterChanged (kFreeTag, 0.25f);
+    ParameterChanged (kFreeId, 0.25f);
     CHECK (Column () == 1);
 }

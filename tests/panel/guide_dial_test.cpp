@@ -1,7 +1,7 @@
 #include "amx_font_text_edit.h"
 #include "guide_lower_dial.h"
 #include "guide_upper_dial.h"
-#include "message_desk.h"
+#include "message_fixture.h"
 #include <doctest/doctest.h>
 
 using namespace tessaly;
@@ -17,19 +17,19 @@ constexpr ZPoint kOnRing{ 89, 40 };
 constexpr ZPoint kFarAway{ 400, 200 };
 
 /// A knob with its ring and two read-outs, which show one column of a font of one character.
-struct GuideDesk : MessageDesk
+struct GuideFixture : MessageFixture
 {
     ZAMX_GuideLowerDial* knob = nullptr; // not owned: the editor's panes, as all here
     ZAMX_FontTextEdit* text = nullptr;
     ZAMX_GuideUpperDial* ring = nullptr;
     ZAMX_FontTextEdit* ringText = nullptr;
 
-    GuideDesk () { Open ({ 0, 0 }); }
+    GuideFixture () { Open ({ 0, 0 }); }
     void MakePanes (ZView& root) override
     {
-        knob = AddControl (root, std::make_unique<ZAMX_GuideLowerDial> (this, kKnob, kFreeTag));
+        knob = AddControl (root, std::make_unique<ZAMX_GuideLowerDial> (this, kKnob, kFreeId));
         text = AddText (root, "text", 3);
-        ring = AddControl (root, std::make_unique<ZAMX_GuideUpperDial> (this, kKnob, kFreeTag));
+        ring = AddControl (root, std::make_unique<ZAMX_GuideUpperDial> (this, kKnob, kFreeId));
         ringText = AddText (root, "ringtext", 0);
         knob->SetBitmapActive (GetBitmap ("panel"), kKnob.TopLeft ());
         knob->SetAnimActive (GetBitmap ("knob"), 101, 13, {});
@@ -49,8 +49,7 @@ struct GuideDesk : MessageDesk
     }
     ZAMX_FontTextEdit* AddText (ZView& root, std::string_view font, std::int32_t flags)
     {
-        auto* added =
-            AddControl (root, std::make_unique<ZAMX_FontTextEdit> (this, ZRect{ 109, 66, 134, 77 }, kFreeTag));
+        auto* added = AddControl (root, std::make_unique<ZAMX_FontTextEdit> (this, ZRect{ 109, 66, 134, 77 }, kFreeId));
         added->SetFontActive (GetBitmap (font), "5", 5, 11, 20, {});
         added->SetToText ([] (float, char* to) { PutText (to, "5"); });
         added->SetFlags (flags);
@@ -80,7 +79,7 @@ struct GuideDesk : MessageDesk
 
 } // namespace
 
-TEST_CASE_FIXTURE (GuideDesk, "A click opens and closes a ring within 200 ms each")
+TEST_CASE_FIXTURE (GuideFixture, "A click opens and closes a ring within 200 ms each")
 {
     Press (kMiddle);
     Tick (25);
@@ -108,7 +107,7 @@ TEST_CASE_FIXTURE (GuideDesk, "A click opens and closes a ring within 200 ms eac
     CHECK (TakeMessages ().empty ());
 }
 
-TEST_CASE_FIXTURE (GuideDesk, "A ring released while it grows stays until the pointer leaves")
+TEST_CASE_FIXTURE (GuideFixture, "A ring released while it grows stays until the pointer leaves")
 {
     Click (kMiddle);
     Grow ();
@@ -128,7 +127,7 @@ TEST_CASE_FIXTURE (GuideDesk, "A ring released while it grows stays until the po
     CHECK (TakeMessages () == Messages{ 1, 0 });
 }
 
-TEST_CASE_FIXTURE (GuideDesk, "The first notch and the first key only open the ring")
+TEST_CASE_FIXTURE (GuideFixture, "The first notch and the first key only open the ring")
 {
     Hover (kMiddle);
     CHECK (Wheel (1));
@@ -160,7 +159,7 @@ TEST_CASE_FIXTURE (GuideDesk, "The first notch and the first key only open the r
     CheckClosing ();
 }
 
-TEST_CASE_FIXTURE (GuideDesk, "A drag begins without a jump where the pointer leaves the inner circle")
+TEST_CASE_FIXTURE (GuideFixture, "A drag begins without a jump where the pointer leaves the inner circle")
 {
     Press (kMiddle);
     for (const ZPoint inside : { ZPoint{ 89, 59 }, ZPoint{ 80, 80 }, ZPoint{ 102, 71 }, ZPoint{ 89, 59 } })
@@ -174,7 +173,7 @@ TEST_CASE_FIXTURE (GuideDesk, "A drag begins without a jump where the pointer le
     CHECK (Value () == Approx (0.36));
 }
 
-TEST_CASE_FIXTURE (GuideDesk, "Angles are measured from the knob's centre also while the ring grows")
+TEST_CASE_FIXTURE (GuideFixture, "Angles are measured from the knob's centre also while the ring grows")
 {
     SetDialMode (kDialJump);
     Press (kMiddle);
@@ -189,7 +188,7 @@ TEST_CASE_FIXTURE (GuideDesk, "Angles are measured from the knob's centre also w
     CHECK (Value () == Approx (0.5));
 }
 
-TEST_CASE_FIXTURE (GuideDesk, "A press inside the inner circle never moves the value")
+TEST_CASE_FIXTURE (GuideFixture, "A press inside the inner circle never moves the value")
 {
     SetDialMode (kDialJump);
     Click (kMiddle);
@@ -224,7 +223,7 @@ TEST_CASE_FIXTURE (GuideDesk, "A press inside the inner circle never moves the v
     CheckClosing ();
 }
 
-TEST_CASE_FIXTURE (GuideDesk, "A ring can be closed at once, and a knob that is off opens none")
+TEST_CASE_FIXTURE (GuideFixture, "A ring can be closed at once, and a knob that is off opens none")
 {
     Press (kMiddle);
     Grow ();
@@ -246,7 +245,7 @@ TEST_CASE_FIXTURE (GuideDesk, "A ring can be closed at once, and a knob that is 
     CheckClosed ();
 }
 
-TEST_CASE_FIXTURE (GuideDesk, "A ring scales with its frame, its middle stands unscaled")
+TEST_CASE_FIXTURE (GuideFixture, "A ring scales with its frame, its middle stands unscaled")
 {
     Paint ();
     knob->SetBright (true, true);

@@ -1,6 +1,6 @@
 #include "about_picture.h"
 #include "bypass_button.h"
-#include "message_desk.h"
+#include "message_fixture.h"
 #include <doctest/doctest.h>
 
 using namespace tessaly;
@@ -11,14 +11,14 @@ namespace
 constexpr ZPoint kInArea{ 30, 280 };
 constexpr ZPoint kBesideArea{ 8, 280 };
 
-struct BypassDesk : MessageDesk
+struct BypassFixture : MessageFixture
 {
     ZAMX_AnimOnOffButton* button = nullptr; // not owned: the editor's
 
-    BypassDesk () { Open ({ 0, 0 }); }
+    BypassFixture () { Open ({ 0, 0 }); }
     void MakePanes (ZView& root) override
     {
-        button = AddControl (root, std::make_unique<ZAMX_AnimOnOffButton> (this, ZRect{ 5, 265, 76, 302 }, kFreeTag));
+        button = AddControl (root, std::make_unique<ZAMX_AnimOnOffButton> (this, ZRect{ 5, 265, 76, 302 }, kFreeId));
         button->SetAnimActive (GetBitmap ("switch"), 2, 37, {});
         button->SetActiveFramePreset (2);
         button->SetStep (1.0f);
@@ -29,7 +29,7 @@ struct BypassDesk : MessageDesk
 
 } // namespace
 
-TEST_CASE_FIXTURE (BypassDesk, "A bypass switches at the press, in its area alone")
+TEST_CASE_FIXTURE (BypassFixture, "A bypass switches at the press, in its area alone")
 {
     CHECK_FALSE (Press (kBesideArea));
     CHECK_FALSE (button->GetBool ());
@@ -39,13 +39,13 @@ TEST_CASE_FIXTURE (BypassDesk, "A bypass switches at the press, in its area alon
     CHECK_FALSE (Drag (kBesideArea));
     Release (kBesideArea);
     CHECK (button->GetBool ());
-    Hands::Press (*button, kInArea, 0, kRightButton);
+    InputDriver::Press (*button, kInArea, 0, kRightButton);
     CHECK (button->GetBool ());
     Click (kInArea);
     CHECK (Paints ("DrawBitmap switch 5,265,76,302 from 0,0"));
 }
 
-TEST_CASE_FIXTURE (BypassDesk, "A bypass goes on by the wheel up and off by the wheel down")
+TEST_CASE_FIXTURE (BypassFixture, "A bypass goes on by the wheel up and off by the wheel down")
 {
     const auto turn = [&] (ZPoint point, std::int32_t delta) {
         return button->MouseWheel (event, { point, delta, window.time });
@@ -57,7 +57,7 @@ TEST_CASE_FIXTURE (BypassDesk, "A bypass goes on by the wheel up and off by the 
     CHECK (changed.empty ());
     CHECK (turn (kInArea, 3));
     CHECK (turn (kInArea, 1));
-    CHECK (changed == std::vector<std::int32_t>{ kFreeTag });
+    CHECK (changed == std::vector<std::int32_t>{ kFreeId });
     CHECK (button->GetBool ());
     CHECK (turn (kInArea, -1));
     CHECK_FALSE (button->GetBool ());

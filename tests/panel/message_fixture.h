@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editor_desk.h"
-#include "picture.h"
+#include "editor_fixture.h"
+#include "pictures.h"
 #include <algorithm>
 #include <memory>
 #include <string_view>
@@ -11,16 +11,16 @@
 namespace tessaly
 {
 
-inline constexpr std::int32_t kFreeTag = 31000; // of no parameter: a control of it works on its own fields, step 0.01
+inline constexpr std::int32_t kFreeId = 31000; // of no parameter: a control of it works on its own fields, step 0.01
 
 /// An editor 560 by 315 pixels large that writes down which messages its controls send.
-struct MessageDesk : EditorDesk<>
+struct MessageFixture : EditorFixture<>
 {
     using Messages = std::vector<std::int32_t>;
 
     void CreateControls () override
     {
-        AddControl (*GetRootView (), std::make_unique<ZPicture> (this, ZRect{ 0, 0, 560, 315 }, kFreeTag + 1));
+        AddControl (*GetRootView (), std::make_unique<ZPicture> (this, ZRect{ 0, 0, 560, 315 }, kFreeId + 1));
         MakePanes (*GetRootView ());
     }
     virtual void MakePanes (ZView& root) = 0;
