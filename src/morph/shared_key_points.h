@@ -18,15 +18,17 @@ namespace tessaly
 class SharedKeyPoints
 {
 public:
-    explicit SharedKeyPoints (const KeyPointSet& table);
+    explicit SharedKeyPoints (const KeyPointSet& set);
 
-    KeyPointSet Read () const;               ///< any thread
-    void Replace (const KeyPointSet& table); ///< any thread but the audio thread
+    KeyPointSet Read () const;             ///< any thread
+    void Replace (const KeyPointSet& set); ///< any thread but the audio thread
 
 private:
-    using Cells = std::array<std::array<std::atomic<std::int16_t>, kKeyPointColumns>, kKeyPointRows>;
+    // The rows by eight bytes at once: a morph that runs on the audio thread copies them all.
+    static constexpr std::size_t kWords = (sizeof (KeyPointSet::rows) + 7) / 8;
+    using Cells = std::array<std::atomic<std::uint64_t>, kWords>;
 
-    static void Fill (Cells& cells, const KeyPointSet& table);
+    static void Fill (Cells& cells, const KeyPointSet& set);
     static KeyPointSet Copy (const Cells& cells);
 
     std::array<Cells, 2> buffers;
