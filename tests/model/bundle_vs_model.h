@@ -15,11 +15,11 @@ namespace tessaly::model
 {
 
 /// One instance of the bundle and one model, driven alike block by block; keeps count of where they differ.
-class Duet
+class BundleVsModel
 {
 public:
-    /// @param hostContext  not owned: the caller, outlives the duet
-    Duet (const host::Bundle& bundle, host::NamedHost& hostContext)
+    /// @param hostContext  not owned: the caller, outlives this
+    BundleVsModel (const host::Bundle& bundle, host::NamedHost& hostContext)
         : instance (bundle, hostContext)
     {
     }
@@ -72,7 +72,7 @@ public:
             const double difference = std::abs (static_cast<double> (played[i]) - expected[i]);
             const double level = std::abs (expected[i]);
             loudestSample = std::max (loudestSample, level);
-            // Written so that something that is no number counts as the largest.
+            // Written so that a NaN counts as the largest.
             if (const double relative = difference / std::max (level, 1.0); !(relative <= largestDifference))
                 largestDifference = relative;
         }

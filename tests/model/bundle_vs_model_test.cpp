@@ -1,6 +1,6 @@
 // The bundle as a host hears it against the model, sample by sample and meter by meter. Everything random is seeded.
 
-#include "duet.h"
+#include "bundle_vs_model.h"
 #include "recording.h"
 
 #include <doctest/doctest.h>
@@ -82,7 +82,7 @@ std::vector<Change> AnyChanges (Dice& dice)
     return changes;
 }
 
-class BundleAndModel
+class RandomPlay
 {
 protected:
     tessaly::host::NamedHost host{ "model_tests" };
@@ -91,7 +91,7 @@ protected:
 
     /// Plays the signal while parameters move on both roads, in all some every 15 ms, so that fades meet and also end.
     /// @param blockSize  0 for another size each time
-    void Play (Duet& duet, double rateHz, std::span<const float> signal, std::size_t blockSize)
+    void Play (BundleVsModel& both, double rateHz, std::span<const float> signal, std::size_t blockSize)
     {
         constexpr auto sizes =
             std::to_array<std::size_t> ({ 1, 2, 13, 64, 100, 127, 441, 512, 1000, 1023, 2048, kLargestBlock });
@@ -101,38 +101,38 @@ protected:
             const double probability = std::min (static_cast<double> (size) / (0.015 * rateHz), 0.8);
             if (dice.Once (probability))
                 for (const Change& change : AnyChanges (dice))
-                    duet.SetFromController (change);
-            duet.Process (signal.first (size), dice.Once (probability) ? AnyChanges (dice) : std::vector<Change>{});
+                    both.SetFromController (change);
+            both.Process (signal.first (size), dice.Once (probability) ? AnyChanges (dice) : std::vector<Change>{});
             signal = signal.subspan (size);
         }
     }
 
-    static void CheckEqual (Duet& duet)
+    static void CheckEqual (BundleVsModel& both)
     {
-        duet.CompareParameters ();
-        CHECK (duet.largestDifference <= kAllowedDifference);
-        CHECK (duet.unequalMeters == 0);
-        CHECK (duet.unequalParameters == 0);
-        CHECK (duet.loudestSample > 0.1);
+        both.CompareParameters ();
+        CHECK (both.largestDifference <= kAllowedDifference);
+        CHECK (both.unequalMeters == 0);
+        CHECK (both.unequalParameters == 0);
+        CHECK (both.loudestSample > 0.1);
     }
 };
 
 } // namespace
 
-TEST_CASE_FIXTURE (BundleAndModel, "silence sounds as the noise of a generator that starts alike in every instance")
+TEST_CASE_FIXTURE (RandomPlay, "silence sounds as the noise of a generator that starts alike in every instance")
 {
     for (int instance = 0; instance < 2; ++instance)
     {
-        Duet duet (bundle, host);
-        duet.Start (44100.0, 1000, Mode::kOffline);
+        BundleVsModel both (bundle, host);
+        both.Start (44100.0, 1000, Mode::kOffline);
         for (int i = 0; i < 20; ++i)
-            duet.Process (std::vector<float> (1000, 0.0f));
-        CHECK (duet.loudestSample > 1e-13);
-        CHECK (duet.largestDifference < 1e-6 * duet.loudestSample);
+            both.Process (std::vector<float> (1000, 0.0f));
+        CHECK (both.loudestSample > 1e-13);
+        CHECK (both.largestDifference < 1e-6 * both.loudestSample);
     }
 }
 
-TEST_CASE_FIXTURE (BundleAndModel, "every rate, block size and input, while every parameter moves on both roads")
+TEST_CASE_FIXTURE (RandomPlay, "sound and meters are equal at every rate and block size")
 {
     std::size_t session = 0;
     for (const double rateHz : kRatesHz)
@@ -140,35 +140,34 @@ TEST_CASE_FIXTURE (BundleAndModel, "every rate, block size and input, while ever
         {
             CAPTURE (rateHz);
             CAPTURE (blockSize);
-            Duet duet (bundle, host);
-            duet.Start (rateHz, kLargestBlock, session % 2 == 0 ? Mode::kOffline : Mode::kRealtime);
+            BundleVsModel both (bundle, host);
+            both.Start (rateHz, kLargestBlock, session % 2 == 0 ? Mode::kOffline : Mode::kRealtime);
             const Material material = kMaterials[session++ % kMaterials.size ()];
-            Play (duet, rateHz, Signal (material, rateHz, 1.5, dice), blockSize);
-            CheckEqual (duet);
+            Play (both, rateHz, Signal (material, rateHz, 1.5, dice), blockSize);
+            CheckEqual (both);
         }
 }
 
-TEST_CASE_FIXTURE (BundleAndModel,
-                   "stops, restarts, new rates, new modes and empty blocks keep bundle and model in step")
+TEST_CASE_FIXTURE (RandomPlay, "stops, restarts, new rates, new modes and empty blocks keep bundle and model in step")
 {
-    Duet duet (bundle, host);
+    BundleVsModel both (bundle, host);
     for (int i = 0; i < 60; ++i)
     {
         const double rateHz = dice.Of (kRatesHz);
-        duet.Stop ();
-        duet.SetFromController (AnyChange (dice, static_cast<unsigned> (dice.Below (kParameterCount))));
-        duet.Start (rateHz, kLargestBlock, dice.Of (std::array{ Mode::kRealtime, Mode::kPrefetch, Mode::kOffline }));
+        both.Stop ();
+        both.SetFromController (AnyChange (dice, static_cast<unsigned> (dice.Below (kParameterCount))));
+        both.Start (rateHz, kLargestBlock, dice.Of (std::array{ Mode::kRealtime, Mode::kPrefetch, Mode::kOffline }));
         if (dice.Once (0.3))
-            duet.Process ({}, AnyChanges (dice));
+            both.Process ({}, AnyChanges (dice));
         if (dice.Once (0.3)) // and once more in the middle of fades
         {
-            duet.SetFromController (AnyChange (dice, kMorph));
-            duet.Process (Signal (Material::kNoise, rateHz, 0.004, dice));
-            duet.Stop ();
-            duet.Resume ();
+            both.SetFromController (AnyChange (dice, kMorph));
+            both.Process (Signal (Material::kNoise, rateHz, 0.004, dice));
+            both.Stop ();
+            both.Resume ();
         }
-        duet.Process (Signal (Material::kNoise, rateHz, 0.005, dice), AnyChanges (dice));
-        Play (duet, rateHz, Signal (dice.Of (kMaterials), rateHz, 0.05, dice), 0);
+        both.Process (Signal (Material::kNoise, rateHz, 0.005, dice), AnyChanges (dice));
+        Play (both, rateHz, Signal (dice.Of (kMaterials), rateHz, 0.05, dice), 0);
     }
-    CheckEqual (duet);
+    CheckEqual (both);
 }
