@@ -1,5 +1,4 @@
 #include "channel_strip.h"
-#include "equalizer_design.h"
 
 #include <benchmark/benchmark.h>
 
@@ -64,77 +63,53 @@ void runBlocks (benchmark::State& state, RunBlock runBlock)
                                                        benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 
-/// A stage that works in place on doubles.
-template <typename Stage>
-void runStage (benchmark::State& state, Stage& stage)
+void startStrip (Channel_Strip& strip)
 {
-    runBlocks (state,
-               [&] (const float* in, float* out)
-               {
-                   std::array<double, kBlockSize> samples;
-                   std::copy_n (in, kBlockSize, samples.begin ());
-                   stage.process (samples.data (), kBlockSize);
-                   std::transform (samples.begin (), samples.end (), out,
-                                   [] (double x) { return static_cast<float> (x); });
-               });
+    strip.SetSampleRateOld (kSampleRateHz);
+    for (const auto& [parameter, step] : kAllStages)
+        strip.SetParameterOld (static_cast<std::int32_t> (parameter), static_cast<float> (step));
 }
 
-template <typename Stage>
-void startStage (Stage& stage)
+void runStrip (benchmark::State& state, Channel_Strip& strip)
 {
-    stage.startUp (kSampleRateHz);
-    for (const auto& [parameter, step] : kAllStages)
-        stage.setParameter (parameter, step);
+    runBlocks (state,
+               [&] (float* in, float* out) { strip.Process (&in, &out, static_cast<std::int32_t> (kBlockSize)); });
 }
 
 void WholeStrip (benchmark::State& state)
 {
     Channel_Strip strip (nullptr);
-    strip.SetSampleRateOld (kSampleRateHz);
-    for (const auto& [parameter, step] : kAllStages)
-        strip.SetParameterOld (static_cast<std::int32_t> (parameter), static_cast<float> (step));
-    runBlocks (state,
-               [&] (float* in, float* out) { strip.Process (&in, &out, static_cast<std::int32_t> (kBlockSize)); });
+    startStrip (strip);
+    runStrip (state, strip);
 }
 
 void CompressorAlone (benchmark::State& state)
 {
-    Compressor compressor;
-    startStage (compressor);
-    runStage (state, compressor);
+    Channel_Strip strip (nullptr);
+    startStrip (strip);
+    strip.SetParameterOld (static_cast<std::int32_t> (StripParameter::equalizerBypass), 1.0F);
+    runStrip (state, strip);
 }
 
 void ThreeBands (benchmark::State& state)
 {
-    Equalizer equalizer;
-    startStage (equalizer);
-    runStage (state, equalizer);
+    Channel_Strip strip (nullptr);
+    startStrip (strip);
+    strip.SetParameterOld (static_cast<std::int32_t> (StripParameter::compressorBypass), 1.0F);
+    runStrip (state, strip);
 }
 
-void OneBandSteady (benchmark::State& state)
+/// Every filter designed anew as soon as its crossfade has ended, so that one follows the other in all four.
+void WholeStripFading (benchmark::State& state)
 {
-    BlendBiquad band;
-    band.setTarget (designPeaking (kSampleRateHz, 1000, 6, 1, 0.70, 18));
-    band.startUp (kSampleRateHz);
-    runStage (state, band);
-}
-
-/// A design a block, so that one crossfade follows the other; its own time is a few hundredths of the whole.
-void OneBandFading (benchmark::State& state)
-{
-    const BiquadCoefs peak = designPeaking (kSampleRateHz, 1000, 6, 1, 0.70, 18);
-    BlendBiquad band;
-    band.setTarget (peak);
-    band.startUp (kSampleRateHz);
+    Channel_Strip strip (nullptr);
+    startStrip (strip);
     runBlocks (state,
-               [&] (const float* in, float* out)
+               [&] (float* in, float* out)
                {
-                   band.setTarget (peak);
-                   std::array<double, kBlockSize> samples;
-                   std::copy_n (in, kBlockSize, samples.begin ());
-                   band.process (samples.data (), kBlockSize);
-                   std::transform (samples.begin (), samples.end (), out,
-                                   [] (double x) { return static_cast<float> (x); });
+                   for (const auto& [parameter, step] : kAllStages)
+                       strip.SetParameterOld (static_cast<std::int32_t> (parameter), static_cast<float> (step));
+                   strip.Process (&in, &out, static_cast<std::int32_t> (kBlockSize));
                });
 }
 
@@ -157,8 +132,7 @@ void BothMeters (benchmark::State& state)
 BENCHMARK (WholeStrip);
 BENCHMARK (CompressorAlone);
 BENCHMARK (ThreeBands);
-BENCHMARK (OneBandSteady);
-BENCHMARK (OneBandFading);
+BENCHMARK (WholeStripFading);
 BENCHMARK (BothMeters);
 
 } // namespace

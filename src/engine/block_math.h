@@ -6,6 +6,7 @@
 namespace tessaly
 {
 
+struct KneeCurve;
 struct Recursions;
 
 /// The samples that stages hand on at once: long enough that beginning and ending a chunk weighs little, short enough
@@ -29,23 +30,24 @@ struct BlockMath
     /// @param floor  linear, above 0
     void (*levels) (const double* s, double floor, double thresholdLog, double* level, std::size_t count);
 
-    /// Gain of each detector level, and the smallest of them:
-    ///     gain = 10^(-slope e),   e = level                        above the knee (halfWidth)
-    ///                             e = curvature (level + halfWidth)^2   in it
-    ///     gain = 1                                             at and below -halfWidth
-    /// Gains below 10^-307 come out as 10^-307.
-    /// @param halfWidth  0 for a hard knee
-    /// @param slope      one a sample, 0 to 1
+    /// Gain of each detector level, 10^(-slope shapedLevel) (gain_computer.h), and the smallest of them. Gains below
+    /// 10^-307 come out as 10^-307.
+    /// @param slope  one a sample, 0 to 1
     /// @return the smallest gain, at most 1
-    double (*gains) (const double* level, const double* slope, double halfWidth, double curvature, double* gain,
-                     std::size_t count);
+    double (*gains) (const double* level, const double* slope, const KneeCurve& knee, double* gain, std::size_t count);
+
+    /// Weights of a crossfade, a stretch of the logistic curve in powers of 2:
+    ///     weight[i] = 1 / (1 + 2^-(start + i * step))
+    /// @param start, step  `start + i * step` from -1000 to 1000
+    void (*logistic) (double* weight, double start, double step, std::size_t count);
 
     /// Multiplies each sample by its factor.
     void (*scale) (double* samples, const double* factor, std::size_t count);
 
     /// Runs each stretch through its part of the recursions, in place: `level` through the detector, `sideChain`
-    /// through the side chain's filters, `y` through the equalizer. A null stretch leaves its part alone. The parts
-    /// know nothing of each other; the stretches belong to different times, or they would have to wait.
+    /// through the side chain's filters, `y` through the equalizer, crossfades included; the weights of a part that
+    /// runs move on by `count`. A null stretch leaves its part alone. The parts know nothing of each other; the
+    /// stretches belong to different times, or they would have to wait.
     void (*run) (Recursions& recursions, double* level, double* sideChain, double* y, std::size_t count);
 
     /// Rounds to 32-bit samples.

@@ -1,8 +1,11 @@
-// Compiled once for each width of vectors, under the name that TESSALY_BLOCK_MATH gives. Nothing but the one table
-// leaves this file, and it includes no inline functions: a function of the standard library compiled for wide vectors
-// here could be the copy that the linker keeps for everybody.
+// The SIMD code. Compiled once for each set of vector instructions (SSE2, AVX2, AVX-512), under the name that
+// TESSALY_BLOCK_MATH gives. Nothing but the one table leaves this file, and it includes no inline functions but `static`
+// ones: a function of the standard library compiled for AVX-512 here could be the copy that the linker keeps for
+// everybody.
 
 #include "block_math.h"
+#include "detector_floor.h"
+#include "gain_computer.h"
 #include "noise_generator.h"
 #include "recursions.h"
 
@@ -38,7 +41,7 @@ constexpr Bits kTwo52 = 0x4330000000000000;    // 2^52: a number whose last bit 
 
 /// log2 of a positive normal number: x = 2^k m with m from sqrt (1/2) to sqrt (2), and for f = (m - 1) / (m + 1)
 ///     ln m = 2 (f + f^3/3 + f^5/5 + ...),   |f| <= 0.1716
-/// Seven terms behind the first leave 1e-14.
+/// Seven terms after the first leave 1e-14.
 double log2Of (double x)
 {
     const Bits shifted = bitsOf (x) + (kOne - kRootHalf);
@@ -57,9 +60,9 @@ double log2Of (double x)
     return k + (f + f * (f2 * series)) * kTwoOverLn2;
 }
 
-/// 2^y for y from -1020 to 0: the whole part goes into the exponent, and for the rest r from -1/2 to 1/2
+/// 2^y for y from -1020 to 1020: the whole part goes into the exponent, and for the rest r from -1/2 to 1/2
 ///     2^r = sum of (r ln 2)^n / n!
-/// Eleven terms behind the first leave 1e-14. Even and odd ones apart wait for each other half as long.
+/// Eleven terms after the first leave 1e-14. Even and odd ones apart wait for each other half as long.
 double exp2Of (double y)
 {
     constexpr double kRounding = 6755399441055744.0; // 1.5 * 2^52: adding it leaves the whole part in the last bits
@@ -149,27 +152,23 @@ bool addNoise (const float* __restrict in, std::uint32_t& state, double* __restr
 void levels (const double* __restrict s, double floor, double thresholdLog, double* __restrict level, std::size_t count)
 {
     constexpr double kLog10Of2 = 0.3010299956639812;
-    constexpr double kLowest = -1.5;
     for (std::size_t i = 0; i < count; ++i)
     {
         const double m = s[i] < 0.0 ? -s[i] : s[i];
         const double audible = log2Of (m) * kLog10Of2 - thresholdLog;
-        level[i] = m >= floor ? audible : kLowest;
+        level[i] = m >= floor ? audible : kFloorLevel;
     }
 }
 
-double gains (const double* __restrict level, const double* __restrict slope, double halfWidth, double curvature,
+double gains (const double* __restrict level, const double* __restrict slope, const KneeCurve& knee,
               double* __restrict gain, std::size_t count)
 {
     constexpr double kLog2Of10 = 3.321928094887362;
     constexpr double kLowestExponent = -1020.0;
+    const KneeCurve curve = knee;
     for (std::size_t i = 0; i < count; ++i)
     {
-        const double intoKnee = level[i] + halfWidth;
-        const double inKnee = curvature * (intoKnee * intoKnee);
-        const double over = level[i] > halfWidth ? level[i] : inKnee;
-        const double e = level[i] > -halfWidth ? over : 0.0;
-        const double exponent = -slope[i] * e * kLog2Of10;
+        const double exponent = -slope[i] * shapedLevel (level[i], curve) * kLog2Of10;
         gain[i] = exp2Of (exponent > kLowestExponent ? exponent : kLowestExponent);
     }
     double smallest = 1.0;
@@ -184,56 +183,71 @@ void scale (double* __restrict samples, const double* __restrict factor, std::si
         samples[i] *= factor[i];
 }
 
-/// Two numbers in one step: the side chain and the equalizer begin with the same two kinds of section.
+void logistic (double* __restrict weight, double start, double step, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        weight[i] = 1.0 / (1.0 + exp2Of (-(start + static_cast<double> (static_cast<std::int32_t> (i)) * step)));
+}
+
+/// Two sections in one step.
 using Pair = double __attribute__ ((vector_size (16)));
 
-/// A section in direct form 1 (biquad_process.h): of one sound in double, of two side by side in Pair.
-template <typename Number>
-struct Section
+SectionCoefs<Pair> paired (const BiquadCoefs& a, const BiquadCoefs& b)
 {
-    Number c0, c1, c2, c3, c4;
-    Number s0, s1, s2, s3;
+    return { Pair{ a.c0, b.c0 }, Pair{ a.c1, b.c1 }, Pair{ a.c2, b.c2 }, Pair{ a.c3, b.c3 }, Pair{ a.c4, b.c4 } };
+}
 
-    Number throughSecondOrder (Number x)
+SectionState<Pair> paired (const BiquadState& a, const BiquadState& b)
+{
+    return { Pair{ a.s0, b.s0 }, Pair{ a.s1, b.s1 }, Pair{ a.s2, b.s2 }, Pair{ a.s3, b.s3 } };
+}
+
+void unpair (const SectionState<Pair>& both, BiquadState& a, BiquadState& b)
+{
+    a = { both.s0[0], both.s1[0], both.s2[0], both.s3[0] };
+    b = { both.s0[1], both.s1[1], both.s2[1], both.s3[1] };
+}
+
+constexpr struct Ones
+{
+    double weight[kChunkSamples];
+    constexpr Ones ()
+        : weight ()
     {
-        const Number known = c2 * s1 + (c1 * s0 + c0 * x);
-        const Number y = c3 * s2 + (c4 * s3 + known); // the outputs last, since the next ones wait for them
-        s1 = s0;
-        s0 = x;
-        s3 = s2;
-        s2 = y;
-        return y;
+        for (double& each : weight)
+            each = 1.0;
+    }
+} kNoFade;
+
+/// The two filters of a crossfade as the halves of a vector, both with the same input. A section that is in none has an
+/// outgoing filter of zeros, and a weight of 1.
+class Crossfade
+{
+public:
+    explicit Crossfade (const BlendedSection& section)
+        : c (paired (section.live, section.fading))
+        , s (paired (section.liveState, section.fadingState))
+        , weight (section.weight ? section.weight : kNoFade.weight)
+    {
     }
 
-    Number throughFirstOrder (Number x)
+    double firstOrder (double x, std::size_t i) { return blend (throughFirstOrder (c, s, Pair{ x, x }), i); }
+    double secondOrder (double x, std::size_t i) { return blend (throughSecondOrder (c, s, Pair{ x, x }), i); }
+
+    void scatter (BlendedSection& section, std::size_t count) const
     {
-        const Number y = c3 * s2 + (c0 * x + c1 * s0);
-        s0 = x;
-        s2 = y;
-        return y;
+        unpair (s, section.liveState, section.fadingState);
+        if (section.weight)
+            section.weight += count;
     }
+
+private:
+    double blend (Pair outputs, std::size_t i) const { return outputs[1] + weight[i] * (outputs[0] - outputs[1]); }
+
+    SectionCoefs<Pair> c;
+    SectionState<Pair> s;
+    const double* weight;
 };
-
-Section<double> alone (const BiquadCoefs& c, const BiquadState& s)
-{
-    return { c.c0, c.c1, c.c2, c.c3, c.c4, s.s0, s.s1, s.s2, s.s3 };
-}
-
-Section<Pair> beside (const Section<double>& a, const Section<double>& b)
-{
-    return { Pair{ a.c0, b.c0 }, Pair{ a.c1, b.c1 }, Pair{ a.c2, b.c2 }, Pair{ a.c3, b.c3 }, Pair{ a.c4, b.c4 },
-             Pair{ a.s0, b.s0 }, Pair{ a.s1, b.s1 }, Pair{ a.s2, b.s2 }, Pair{ a.s3, b.s3 } };
-}
-
-BiquadState stateOf (const Section<double>& section)
-{
-    return { section.s0, section.s1, section.s2, section.s3 };
-}
-
-BiquadState stateOf (const Section<Pair>& section, int which)
-{
-    return { section.s0[which], section.s1[which], section.s2[which], section.s3[which] };
-}
 
 /// The detector's next level (level_detector.h). The way up and the way down are both worked out, and largest and
 /// smallest values choose: which way a sample goes is hard to foresee, and a wrong guess costs more. With D the
@@ -258,49 +272,103 @@ inline double follow (const Recursions& r, double detected, double level)
     return next > lowest ? next : lowest;
 }
 
+/// No crossfade runs: the side chain and the equalizer begin with the same two kinds of section, which go as pairs.
 template <bool detects, bool listens, bool equalizes>
-void runParts (Recursions& recursions, double* __restrict level, double* __restrict sideChain, double* __restrict y,
-               std::size_t count)
+void runSteady (Recursions& r, double* __restrict level, double* __restrict sideChain, double* __restrict y,
+                std::size_t count)
 {
-    const Recursions r = recursions;
+    const Recursions detector = r;
     double detected = r.detected;
-    auto highPass = alone (r.highPass, r.highPassState);
-    auto sideChainEq = alone (r.sideChainEq, r.sideChainEqState);
-    auto low = alone (r.low, r.lowState);
-    auto mid = alone (r.mid, r.midState);
-    auto high = alone (r.high, r.highState);
-    auto highPassAndLow = beside (highPass, low);
-    auto sideChainEqAndMid = beside (sideChainEq, mid);
+    const auto highPassAndLow = paired (r.highPass, r.low.live);
+    const auto sideChainEqAndMid = paired (r.sideChainEq.live, r.mid.live);
+    auto highPassAndLowState = paired (r.highPassState, r.low.liveState);
+    auto sideChainEqAndMidState = paired (r.sideChainEq.liveState, r.mid.liveState);
+    const BiquadCoefs highPass = r.highPass, sideChainEq = r.sideChainEq.live;
+    const BiquadCoefs low = r.low.live, mid = r.mid.live, high = r.high.live;
+    BiquadState highPassState = r.highPassState, sideChainEqState = r.sideChainEq.liveState;
+    BiquadState lowState = r.low.liveState, midState = r.mid.liveState, highState = r.high.liveState;
     for (std::size_t i = 0; i < count; ++i)
     {
         if constexpr (detects)
-            level[i] = detected = follow (r, detected, level[i]);
+            level[i] = detected = follow (detector, detected, level[i]);
         if constexpr (listens && equalizes)
         {
-            const Pair both =
-                sideChainEqAndMid.throughSecondOrder (highPassAndLow.throughFirstOrder (Pair{ sideChain[i], y[i] }));
-            sideChain[i] = both[0];
-            y[i] = high.throughFirstOrder (both[1]);
+            const Pair first = throughFirstOrder (highPassAndLow, highPassAndLowState, Pair{ sideChain[i], y[i] });
+            const Pair second = throughSecondOrder (sideChainEqAndMid, sideChainEqAndMidState, first);
+            sideChain[i] = second[0];
+            y[i] = throughFirstOrder (high, highState, second[1]);
         }
         else if constexpr (listens)
-            sideChain[i] = sideChainEq.throughSecondOrder (highPass.throughFirstOrder (sideChain[i]));
+            sideChain[i] = throughSecondOrder (sideChainEq, sideChainEqState,
+                                               throughFirstOrder (highPass, highPassState, sideChain[i]));
         else if constexpr (equalizes)
-            y[i] = high.throughFirstOrder (mid.throughSecondOrder (low.throughFirstOrder (y[i])));
+            y[i] = throughFirstOrder (high, highState,
+                                      throughSecondOrder (mid, midState, throughFirstOrder (low, lowState, y[i])));
     }
-    constexpr bool both = listens && equalizes;
+    if constexpr (listens && equalizes)
+    {
+        unpair (highPassAndLowState, highPassState, lowState);
+        unpair (sideChainEqAndMidState, sideChainEqState, midState);
+    }
     if constexpr (detects)
-        recursions.detected = detected;
+        r.detected = detected;
     if constexpr (listens)
     {
-        recursions.highPassState = both ? stateOf (highPassAndLow, 0) : stateOf (highPass);
-        recursions.sideChainEqState = both ? stateOf (sideChainEqAndMid, 0) : stateOf (sideChainEq);
+        r.highPassState = highPassState;
+        r.sideChainEq.liveState = sideChainEqState;
     }
     if constexpr (equalizes)
     {
-        recursions.lowState = both ? stateOf (highPassAndLow, 1) : stateOf (low);
-        recursions.midState = both ? stateOf (sideChainEqAndMid, 1) : stateOf (mid);
-        recursions.highState = stateOf (high);
+        r.low.liveState = lowState;
+        r.mid.liveState = midState;
+        r.high.liveState = highState;
     }
+}
+
+/// At least one crossfade runs. Sections without one go along: a set-up with every number of crossfades would be
+/// sixteen loops, and the detector keeps the others waiting anyway.
+template <bool detects, bool listens, bool equalizes>
+void runFading (Recursions& r, double* __restrict level, double* __restrict sideChain, double* __restrict y,
+                std::size_t count)
+{
+    const Recursions detector = r;
+    double detected = r.detected;
+    const BiquadCoefs highPass = r.highPass;
+    BiquadState highPassState = r.highPassState;
+    Crossfade sideChainEq (r.sideChainEq), low (r.low), mid (r.mid), high (r.high);
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        if constexpr (detects)
+            level[i] = detected = follow (detector, detected, level[i]);
+        if constexpr (listens)
+            sideChain[i] = sideChainEq.secondOrder (throughFirstOrder (highPass, highPassState, sideChain[i]), i);
+        if constexpr (equalizes)
+            y[i] = high.firstOrder (mid.secondOrder (low.firstOrder (y[i], i), i), i);
+    }
+    if constexpr (detects)
+        r.detected = detected;
+    if constexpr (listens)
+    {
+        r.highPassState = highPassState;
+        sideChainEq.scatter (r.sideChainEq, count);
+    }
+    if constexpr (equalizes)
+    {
+        low.scatter (r.low, count);
+        mid.scatter (r.mid, count);
+        high.scatter (r.high, count);
+    }
+}
+
+template <bool detects, bool listens, bool equalizes>
+void runParts (Recursions& r, double* level, double* sideChain, double* y, std::size_t count)
+{
+    const bool sideChainFades = listens && r.sideChainEq.weight;
+    const bool equalizerFades = equalizes && (r.low.weight || r.mid.weight || r.high.weight);
+    if (sideChainFades || equalizerFades)
+        runFading<detects, listens, equalizes> (r, level, sideChain, y, count);
+    else
+        runSteady<detects, listens, equalizes> (r, level, sideChain, y, count);
 }
 
 void run (Recursions& recursions, double* level, double* sideChain, double* y, std::size_t count)
@@ -336,6 +404,6 @@ double roundToOutput (const double* __restrict y, float* __restrict out, std::si
 
 } // namespace
 
-const BlockMath TESSALY_BLOCK_MATH = { addNoise, levels, gains, scale, run, roundToOutput };
+const BlockMath TESSALY_BLOCK_MATH = { addNoise, levels, gains, logistic, scale, run, roundToOutput };
 
 } // namespace tessaly

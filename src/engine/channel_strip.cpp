@@ -26,7 +26,6 @@ constexpr double kHighestRate = 1e9;
 Channel_Strip::Channel_Strip (ZEffect* owner)
     : ZOldPluginCore (owner)
 {
-    glideCoef = glideCoefficient (sampleRate);
 }
 
 void Channel_Strip::SetSampleRateOld (double rate)
@@ -39,7 +38,7 @@ void Channel_Strip::SetSampleRateOld (double rate)
 
 void Channel_Strip::ResumeOld ()
 {
-    glideCoef = glideCoefficient (sampleRate);
+    glideLaw = GlideLaw (sampleRate);
     compressor.startUp (sampleRate);
     equalizer.startUp (sampleRate);
 }
@@ -62,13 +61,12 @@ void Channel_Strip::SetParameterOld (std::int32_t index, float step)
 {
     const auto parameter = static_cast<StripParameter> (index);
     const std::int32_t wholeStep = Truncate (static_cast<double> (step));
-    if (compressor.setParameter (parameter, wholeStep) || equalizer.setParameter (parameter, wholeStep))
-        return;
+    compressor.setParameter (parameter, wholeStep);
+    equalizer.setParameter (parameter, wholeStep);
     switch (parameter)
     {
     case StripParameter::totalGain:
-        if (const double target = std::pow (10.0, gainDb (wholeStep) / 20); std::isfinite (target))
-            totalGainTarget = target;
+        totalGainDb = gainDb (wholeStep);
         break;
     case StripParameter::equalizerBypass:
         eqBypassed = static_cast<std::uint16_t> (wholeStep);
@@ -128,48 +126,79 @@ void Channel_Strip::processChannel (const float* in, float* out, std::int32_t n)
         clearState ();
 }
 
-/// @return false if any sample of the input is infinite or no number
+/// Which of the stages are at work in a chunk.
+struct Channel_Strip::Stages
+{
+    bool compress;
+    bool equalize;
+};
+
+/// @return false if any sample of the input is infinite or NaN
 bool Channel_Strip::processChunk (const float* in, float* out, std::size_t count)
 {
     double dry[kChunkSamples];
     double y[kChunkSamples];
     const bool finite = math.addNoise (in, noiseState, dry, count);
     std::copy_n (dry, count, y);
-    const bool compresses = compressorBypassed == 0;
-    const bool equalizes = eqBypassed == 0;
+    const Stages stages{ .compress = compressorBypassed == 0, .equalize = eqBypassed == 0 };
     double smallestGain = 1.0;
-    if (compresses && equalizes && compressor.isPlain () && equalizer.isPlain ())
-        smallestGain = processTogether (y, count);
-    else
-        smallestGain = processInTurn (y, count, compresses, equalizes);
+    for (std::size_t at = 0; at < count;)
+    {
+        const std::size_t length = std::min (takeUpSettings (stages), count - at);
+        smallestGain = std::min (smallestGain, processStretch (y + at, length, stages));
+        at += length;
+    }
     gainReductionMeter.feedHighest (1 / smallestGain, static_cast<std::uint32_t> (count));
     blendBypass (dry, y, count);
     outputMeter.feedHighest (math.roundToOutput (y, out, count), static_cast<std::uint32_t> (count));
     return finite;
 }
 
-/// One stage after the other. @return the compressor's smallest gain
-double Channel_Strip::processInTurn (double* y, std::size_t count, bool compresses, bool equalizes)
+/// @return how many samples run before a crossfade ends and another one may begin
+std::size_t Channel_Strip::takeUpSettings (Stages stages)
 {
-    if (compresses)
-        compressor.process (y, count);
-    math.scale (y, totalGain.next (count, totalGainTarget, glideCoef), count);
-    if (equalizes)
-        equalizer.process (y, count);
-    return compresses ? compressor.smallestGain () : 1.0;
+    std::size_t length = kChunkSamples;
+    if (stages.compress)
+        length = std::min (length, compressor.takeUpSettings ());
+    if (stages.equalize)
+        length = std::min (length, equalizer.takeUpDesigns ());
+    return length;
+}
+
+/// @return the compressor's smallest gain
+double Channel_Strip::processStretch (double* y, std::size_t count, Stages stages)
+{
+    FadeWeights weights (count);
+    Recursions r;
+    if (stages.compress)
+        compressor.gather (r, weights);
+    if (stages.equalize)
+        equalizer.gather (r, weights);
+    double smallestGain = 1.0;
+    if (stages.compress)
+        smallestGain = runPieces (r, y, count, stages);
+    else
+    {
+        math.scale (y, totalGain.next (count, totalGainTarget (totalGainDb), glideLaw), count);
+        if (stages.equalize)
+            math.run (r, nullptr, nullptr, y, count);
+    }
+    if (stages.compress)
+        compressor.scatter (r, count);
+    if (stages.equalize)
+        equalizer.scatter (r, count);
+    return smallestGain;
 }
 
 /// All stages at once, each a piece of sound ahead of the next one: while the detector is at one piece, the side chain
-/// listens to the next and the equalizer works on the one before. @return the compressor's smallest gain
-double Channel_Strip::processTogether (double* y, std::size_t count)
+/// listens to the next and the equalizer, if it is at work, is at the one before. @return the compressor's smallest gain
+double Channel_Strip::runPieces (Recursions& r, double* y, std::size_t count, Stages stages)
 {
     static constexpr std::size_t kPiece = 32;
     double sideChain[kChunkSamples];
     double level[kChunkSamples];
     std::copy_n (y, count, sideChain);
-    Recursions r;
-    compressor.gather (r);
-    equalizer.gather (r);
+    const double gainTarget = totalGainTarget (totalGainDb);
 
     const auto lengthAt = [count] (std::size_t at) { return at < count ? std::min (kPiece, count - at) : 0; };
     math.run (r, nullptr, sideChain, nullptr, lengthAt (0));
@@ -179,23 +208,21 @@ double Channel_Strip::processTogether (double* y, std::size_t count)
         const std::size_t length = lengthAt (at);
         const std::size_t next = at + kPiece;
         compressor.toLevels (sideChain + at, level + at, length);
+        double* const previousY = stages.equalize && at > 0 ? y + (at - kPiece) : nullptr;
         // The pieces beside this one are as long, but for the last: that one goes alone.
         const bool hasNext = lengthAt (next) == length;
-        const bool hasPrevious = at > 0 && length == kPiece;
-        math.run (r, level + at, hasNext ? sideChain + next : nullptr, hasPrevious ? y + (at - kPiece) : nullptr,
-                  length);
+        const bool isWhole = length == kPiece;
+        math.run (r, level + at, hasNext ? sideChain + next : nullptr, isWhole ? previousY : nullptr, length);
         if (!hasNext && lengthAt (next) > 0)
             math.run (r, nullptr, sideChain + next, nullptr, lengthAt (next));
-        if (!hasPrevious && at > 0)
-            math.run (r, nullptr, nullptr, y + (at - kPiece), kPiece);
+        if (!isWhole)
+            math.run (r, nullptr, nullptr, previousY, kPiece);
         smallestGain = std::min (smallestGain, compressor.applyGains (level + at, y + at, length));
-        math.scale (y + at, totalGain.next (length, totalGainTarget, glideCoef), length);
+        math.scale (y + at, totalGain.next (length, gainTarget, glideLaw), length);
     }
     const std::size_t last = (count - 1) / kPiece * kPiece;
-    math.run (r, nullptr, nullptr, y + last, count - last);
-
-    compressor.scatter (r);
-    equalizer.scatter (r);
+    if (stages.equalize)
+        math.run (r, nullptr, nullptr, y + last, count - last);
     return smallestGain;
 }
 
@@ -204,14 +231,13 @@ void Channel_Strip::blendBypass (const double* dry, double* y, std::size_t count
     const double target = bypassTarget;
     if (bypass.hasLanded (target) && target == 0.0)
         return;
+    double share[kChunkSamples];
+    bypass.fill (share, count, target, glideLaw);
     for (std::size_t i = 0; i < count; ++i)
-    {
-        const double share = bypass.next (target, glideCoef);
-        y[i] = y[i] * (1 - share) + share * dry[i];
-    }
+        y[i] = y[i] * (1 - share[i]) + share[i] * dry[i];
 }
 
-/// What a sample that is no number has left behind. It is the host's trouble in its own block, and gone in the next.
+/// Forgets what a NaN or an infinite sample has left in the filters. It spoils its own block, and no other.
 void Channel_Strip::clearState ()
 {
     compressor.clearState ();

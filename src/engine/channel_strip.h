@@ -1,6 +1,7 @@
 #pragma once
 
 #include "compressor.h"
+#include "db_to_gain.h"
 #include "equalizer.h"
 #include "glide.h"
 #include "noise_generator.h"
@@ -20,7 +21,7 @@ namespace tessaly
 /// Meter 0 is the gain reduction, 0 for none to 1; meter 1 the output level, 0 to 1. Both are published after a block.
 ///
 /// Threads: the process operations on the audio thread; SetParameterOld and all reads on any thread, also during a
-/// block; SetSampleRateOld, ResumeOld and SuspendOld during set-up, not beside a block.
+/// block; SetSampleRateOld, ResumeOld and SuspendOld during set-up, not while a block is processed.
 class Channel_Strip : public ZOldPluginCore
 {
 public:
@@ -53,15 +54,17 @@ public:
 private:
     void processChannel (const float* in, float* out, std::int32_t n);
     bool processChunk (const float* in, float* out, std::size_t count);
-    double processInTurn (double* y, std::size_t count, bool compresses, bool equalizes);
-    double processTogether (double* y, std::size_t count);
+    struct Stages;
+    std::size_t takeUpSettings (Stages stages);
+    double processStretch (double* y, std::size_t count, Stages stages);
+    double runPieces (Recursions& r, double* y, std::size_t count, Stages stages);
     void blendBypass (const double* dry, double* y, std::size_t count);
     void clearState ();
     void publishMeters ();
 
     // Settings, written by SetParameterOld.
     SharedValue<double> sampleRate = 44100.0; // Hz
-    SharedValue<double> totalGainTarget = 1.0;
+    SharedValue<double> totalGainDb = 0.0;
     SharedValue<double> bypassTarget = 0.0; // 0 processed, 1 dry
     SharedValue<std::uint16_t> eqBypassed = 0;
     SharedValue<std::uint16_t> compressorBypassed = 0;
@@ -71,7 +74,8 @@ private:
 
     // The audio thread's own.
     std::uint32_t noiseState = kNoiseSeed;
-    double glideCoef = 0.0;
+    GlideLaw glideLaw{ 44100.0 };
+    DbToGain totalGainTarget;
     GlideRow totalGain{ 1.0 };
     Glide bypass{ 0.0 };
     const BlockMath& math = blockMath ();

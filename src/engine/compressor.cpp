@@ -1,5 +1,6 @@
 #include "compressor.h"
 
+#include "detector_floor.h"
 #include "equalizer_design.h"
 #include "gain_computer.h"
 #include "glide.h"
@@ -30,63 +31,59 @@ Compressor::Compressor ()
     , attackCoef44k (coefAtReferenceRate (stepToValue (attackMs, StepsOf (StripParameter::attack).init)))
     , releaseCoef44k (coefAtReferenceRate (stepToValue (releaseMs, StepsOf (StripParameter::release).init)))
     , driveThresholdDb (driveThreshold (0))
-    , driveOffsetDb (driveOffset (100))
+    , driveOffsetDb (driveOffset (StepsOf (StripParameter::driveOffset).init))
     , slopeTarget (1 - 1 / stepToValue (ratioValue, StepsOf (StripParameter::ratio).init))
-    , makeupAmount (tessaly::makeupAmount (100))
+    , makeupAmount (tessaly::makeupAmount (StepsOf (StripParameter::makeupAmount).init))
 {
     startUp (sampleRate);
 }
 
-bool Compressor::setParameter (StripParameter parameter, std::int32_t step)
+void Compressor::setParameter (StripParameter parameter, std::int32_t step)
 {
     switch (parameter)
     {
     case StripParameter::drive:
         driveThresholdDb = driveThreshold (step);
         updateThreshold ();
-        updateMakeup ();
-        return true;
+        break;
     case StripParameter::attack:
         if (const double timeMs = stepToValue (attackMs, step); timeMs > 0)
             attackCoef44k = coefAtReferenceRate (timeMs);
         scaleTimes ();
-        return true;
+        break;
     case StripParameter::release:
         if (const double timeMs = stepToValue (releaseMs, step); timeMs > 0)
             releaseCoef44k = coefAtReferenceRate (timeMs);
         scaleTimes ();
-        return true;
+        break;
     case StripParameter::ratio:
         if (const double ratio = stepToValue (ratioValue, step); ratio >= 1)
             slopeTarget = 1 - 1 / ratio;
-        updateMakeup ();
-        return true;
+        break;
     case StripParameter::knee:
         knee = static_cast<std::uint16_t> (step);
-        return true;
+        break;
     case StripParameter::driveOffset:
         driveOffsetDb = driveOffset (step);
         updateThreshold ();
-        updateMakeup ();
-        return true;
+        break;
     case StripParameter::makeupAmount:
         makeupAmount = tessaly::makeupAmount (step);
-        updateMakeup ();
-        return true;
+        break;
     case StripParameter::sideChainFreq:
         sideChainFreq = stepToValue (frequencyHz, step);
-        designSideChainEq ();
-        return true;
+        sideChainEq.change ();
+        break;
     case StripParameter::sideChainGain:
         sideChainGainDb = gainDb (step);
-        designSideChainEq ();
-        return true;
+        sideChainEq.change ();
+        break;
     case StripParameter::sideChainQ:
         sideChainQ = stepToValue (qValue, step);
-        designSideChainEq ();
-        return true;
+        sideChainEq.change ();
+        break;
     default:
-        return false;
+        break;
     }
 }
 
@@ -102,23 +99,15 @@ void Compressor::updateThreshold ()
     thresholdDb = std::clamp (sum, kLowestDb, 0.0);
 }
 
-void Compressor::updateMakeup ()
-{
-    const double target = std::pow (10.0, -slopeTarget * thresholdDb * makeupAmount / 20);
-    if (std::isfinite (target))
-        makeupTarget = target;
-}
-
 void Compressor::scaleTimes ()
 {
     attackCoef = std::min (attackCoef44k * kReferenceRate / sampleRate, 1.0);
     releaseCoef = std::min (releaseCoef44k * kReferenceRate / sampleRate, 1.0);
 }
 
-void Compressor::designSideChainEq ()
+BiquadCoefs Compressor::sideChainPeak () const
 {
-    sideChainEq.setTarget (
-        designPeaking (sampleRate, sideChainFreq, sideChainGainDb, sideChainQ, sideChainSlope, sideChainMaxDb));
+    return designPeaking (sampleRate, sideChainFreq, sideChainGainDb, sideChainQ, sideChainSlope, sideChainMaxDb);
 }
 
 void Compressor::startUp (double newSampleRate)
@@ -126,67 +115,49 @@ void Compressor::startUp (double newSampleRate)
     sampleRate = newSampleRate;
     scaleTimes ();
     sideChainHighPass.designHighPass (1, newSampleRate, sideChainHighPassFreq);
-    glideCoef = glideCoefficient (newSampleRate);
-    designSideChainEq ();
-    sideChainEq.startUp (newSampleRate);
+    glideLaw = GlideLaw (newSampleRate);
+    sideChainEq.startUp (sideChainPeak (), newSampleRate);
 }
 
-void Compressor::process (double* samples, std::size_t count)
+std::size_t Compressor::takeUpSettings ()
 {
-    double sideChain[kChunkSamples];
-    double level[kChunkSamples];
-    updateDetector ();
-    std::copy_n (samples, count, sideChain);
-    sideChainHighPass.process (sideChain, count);
-    sideChainEq.process (sideChain, count);
-    toLevels (sideChain, level, count);
-    detector.follow (level, count);
-    compressorGain = applyGains (level, samples, count);
-}
-
-void Compressor::updateDetector ()
-{
-    const double threshold = thresholdDb;
-    if (threshold != detectedThresholdDb)
-    {
-        detectedThresholdDb = threshold;
-        thresholdLinear = std::pow (10.0, threshold / 20);
-    }
+    detectedThresholdDb = thresholdDb;
+    thresholdLinear = thresholdGain (detectedThresholdDb);
+    makeupTarget = makeupGain (-slopeTarget * detectedThresholdDb * makeupAmount);
     detector.setTimes (attackCoef, releaseCoef);
+    if (sideChainEq.takesChange ())
+        sideChainEq.crossfadeTo (sideChainPeak ());
+    return sideChainEq.samplesToGo ();
 }
 
-void Compressor::gather (Recursions& r)
+void Compressor::gather (Recursions& r, FadeWeights& weights) const
 {
-    updateDetector ();
     detector.gather (r);
     r.highPass = sideChainHighPass.firstOrderSection ();
     r.highPassState = sideChainHighPass.firstOrderSectionState ();
-    r.sideChainEq = sideChainEq.plainCoefs ();
-    r.sideChainEqState = sideChainEq.plainState ();
+    sideChainEq.gather (r.sideChainEq, weights);
 }
 
-void Compressor::scatter (const Recursions& r)
+void Compressor::scatter (const Recursions& r, std::size_t count)
 {
     detector.scatter (r);
     sideChainHighPass.putFirstOrderState (r.highPassState);
-    sideChainEq.plainState () = r.sideChainEqState;
+    sideChainEq.scatter (r.sideChainEq, count);
 }
 
 /// The input's level does not depend on the detector, so its logarithms are taken ahead of it.
 void Compressor::toLevels (const double* sideChain, double* level, std::size_t count) const
 {
-    constexpr double kFloor = 0.0316; // of the threshold
-    math.levels (sideChain, kFloor * thresholdLinear, detectedThresholdDb / 20, level, count);
+    math.levels (sideChain, kFloorOfThreshold * thresholdLinear, detectedThresholdDb / 20, level, count);
 }
 
 double Compressor::applyGains (const double* level, double* samples, std::size_t count)
 {
     double gain[kChunkSamples];
-    const double* slopes = slope.next (count, slopeTarget, glideCoef);
-    const KneeCurve curve = kneeCurve (effectiveKnee (detectedThresholdDb, knee));
-    const double smallest = math.gains (level, slopes, curve.halfWidth, curve.curvature, gain, count);
+    const double* slopes = slope.next (count, slopeTarget, glideLaw);
+    const double smallest = math.gains (level, slopes, kneeCurve (detectedThresholdDb, knee), gain, count);
     math.scale (samples, gain, count);
-    math.scale (samples, makeup.next (count, makeupTarget, glideCoef), count);
+    math.scale (samples, makeup.next (count, makeupTarget, glideLaw), count);
     return smallest;
 }
 
@@ -199,11 +170,9 @@ void Compressor::clearState ()
 
 double Compressor::compressorCurveDb (double inputDb) const
 {
-    constexpr double kLowestDb = -30;
     const double threshold = thresholdDb;
-    const double level = std::max (inputDb - threshold, kLowestDb) / 20;
-    const double shaped = shapedLevel (level, effectiveKnee (threshold, knee));
-    return inputDb + 20 * std::log10 (compressionGain (shaped, slopeTarget));
+    const double level = std::max (inputDb - threshold, kFloorDb) / 20;
+    return inputDb - 20 * slopeTarget * shapedLevel (level, kneeCurve (threshold, knee));
 }
 
 } // namespace tessaly

@@ -2,6 +2,7 @@
 
 #include "blend_biquad.h"
 #include "block_math.h"
+#include "db_to_gain.h"
 #include "filter_cascade.h"
 #include "glide.h"
 #include "level_detector.h"
@@ -25,26 +26,26 @@ class Compressor
 public:
     Compressor ();
 
-    /// @return false, with nothing changed, if the parameter is none of the compressor's
-    bool setParameter (StripParameter parameter, std::int32_t step);
+    /// Any parameter of the strip may come; others than its own change nothing.
+    void setParameter (StripParameter parameter, std::int32_t step);
 
     /// Scales the times to the rate and designs the side chain anew, without a crossfade. The detector, the high-pass
     /// and the glides go on from where they are.
     /// @param newSampleRate  Hz, above 0
     void startUp (double newSampleRate);
 
-    /// Compresses and makes up `count` samples in place, at most kChunkSamples.
-    void process (double* samples, std::size_t count);
+    /// Takes up the settings as they are now, with a crossfade of the side chain if its own have changed and no
+    /// crossfade runs. At the beginning of each chunk. @return how many samples run without another crossfade
+    std::size_t takeUpSettings ();
 
-    // The same in steps, while no crossfade runs, so that its recursions can run beside those of other stages: gather,
-    // then for each stretch of sound run the side chain, `toLevels`, run the detector, `applyGains`; then scatter.
-    bool isPlain () const { return sideChainEq.isPlain (); }
-    void gather (Recursions& r);
-    void scatter (const Recursions& r);
+    // For a stretch of that length: gather, run its side chain (BlockMath::run), toLevels, run the detector, applyGains;
+    // then scatter. Any stretch may go in pieces, and run beside the recursions of other stages.
+    void gather (Recursions& r, FadeWeights& weights) const;
+    void scatter (const Recursions& r, std::size_t count);
     void toLevels (const double* sideChain, double* level, std::size_t count) const;
-    /// @return the smallest gain
+    /// Compresses and makes up `count` samples in place, at most kChunkSamples, by the detector's levels.
+    /// @return the smallest gain, linear, without makeup
     double applyGains (const double* level, double* samples, std::size_t count);
-    double smallestGain () const { return compressorGain; } ///< linear, of the samples last processed, without makeup
 
     /// Forgets the sound: filters and detector, not the glides.
     void clearState ();
@@ -54,10 +55,8 @@ public:
 
 private:
     void updateThreshold ();
-    void updateMakeup ();
     void scaleTimes ();
-    void designSideChainEq ();
-    void updateDetector ();
+    BiquadCoefs sideChainPeak () const;
 
     static constexpr double sideChainHighPassFreq = 10.0; // Hz
     static constexpr double sideChainSlope = 0.70;
@@ -72,9 +71,8 @@ private:
     SharedValue<double> releaseCoef;
     SharedValue<double> driveThresholdDb;
     SharedValue<double> driveOffsetDb;
-    SharedValue<double> thresholdDb; // of both; -54 to 0
-    SharedValue<double> slopeTarget; // 1 - 1/ratio
-    SharedValue<double> makeupTarget = 1.0;
+    SharedValue<double> thresholdDb;  // of both; -54 to 0
+    SharedValue<double> slopeTarget;  // 1 - 1/ratio
     SharedValue<double> makeupAmount; // 0 to 1
     SharedValue<double> sideChainGainDb = 0.0;
     SharedValue<double> sideChainFreq = 200.0;
@@ -84,12 +82,13 @@ private:
     FilterCascade sideChainHighPass;
     BlendBiquad sideChainEq;
     LevelDetector detector;
-    double glideCoef = 0.0;
-    GlideRow slope{ 0.0 };            // on its way to slopeTarget
-    GlideRow makeup{ 0.0 };           // on its way to makeupTarget
-    double detectedThresholdDb = 0.0; // in force since updateDetector; thresholdLinear is the same
+    GlideLaw glideLaw{ 44100.0 };
+    GlideRow slope{ 0.0 };  // on its way to slopeTarget
+    GlideRow makeup{ 0.0 }; // on its way to makeupTarget
+    double makeupTarget = 1.0;
+    double detectedThresholdDb = 0.0; // in force since takeUpSettings; thresholdLinear is the same
     double thresholdLinear = 1.0;
-    double compressorGain = 1.0;
+    DbToGain makeupGain, thresholdGain;
     const BlockMath& math = blockMath ();
 };
 

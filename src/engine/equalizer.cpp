@@ -1,5 +1,6 @@
 #include "equalizer.h"
 
+#include "biquad_response.h"
 #include "equalizer_design.h"
 #include "value_scales.h"
 
@@ -15,71 +16,66 @@ constexpr double kNoValue = -1.0;
 
 } // namespace
 
-bool Equalizer::setParameter (StripParameter parameter, std::int32_t step)
+void Equalizer::setParameter (StripParameter parameter, std::int32_t step)
 {
     switch (parameter)
     {
     case StripParameter::highFreq:
         highFreq = stepToValue (frequencyHz, step);
-        designHigh ();
-        return true;
+        eqHigh.change ();
+        break;
     case StripParameter::highGain:
         highGainDb = gainDb (step);
-        designHigh ();
-        return true;
+        eqHigh.change ();
+        break;
     case StripParameter::midFreq:
         midFreq = stepToValue (frequencyHz, step);
-        designMid ();
-        return true;
+        eqMid.change ();
+        break;
     case StripParameter::midGain:
         midGainDb = gainDb (step);
-        designMid ();
-        return true;
+        eqMid.change ();
+        break;
     case StripParameter::midQ:
         midQ = stepToValue (qValue, step);
-        designMid ();
-        return true;
+        eqMid.change ();
+        break;
     case StripParameter::lowFreq:
         lowFreq = stepToValue (frequencyHz, step);
-        designLow ();
-        return true;
+        eqLow.change ();
+        break;
     case StripParameter::lowGain:
         lowGainDb = gainDb (step);
-        designLow ();
-        return true;
+        eqLow.change ();
+        break;
     default:
-        return false;
+        break;
     }
 }
 
-void Equalizer::process (double* samples, std::size_t count)
+std::size_t Equalizer::takeUpDesigns ()
 {
-    eqLow.process (samples, count);
-    eqMid.process (samples, count);
-    eqHigh.process (samples, count);
+    if (eqLow.takesChange ())
+        eqLow.crossfadeTo (lowShelf ());
+    if (eqMid.takesChange ())
+        eqMid.crossfadeTo (midPeak ());
+    if (eqHigh.takesChange ())
+        eqHigh.crossfadeTo (highShelf ());
+    return std::min ({ eqLow.samplesToGo (), eqMid.samplesToGo (), eqHigh.samplesToGo () });
 }
 
-bool Equalizer::isPlain () const
+void Equalizer::gather (Recursions& r, FadeWeights& weights) const
 {
-    return eqLow.isPlain () && eqMid.isPlain () && eqHigh.isPlain () && isFirstOrder (eqLow.plainCoefs ()) &&
-           isFirstOrder (eqHigh.plainCoefs ());
+    eqLow.gather (r.low, weights);
+    eqMid.gather (r.mid, weights);
+    eqHigh.gather (r.high, weights);
 }
 
-void Equalizer::gather (Recursions& r)
+void Equalizer::scatter (const Recursions& r, std::size_t count)
 {
-    r.low = eqLow.plainCoefs ();
-    r.lowState = eqLow.plainState ();
-    r.mid = eqMid.plainCoefs ();
-    r.midState = eqMid.plainState ();
-    r.high = eqHigh.plainCoefs ();
-    r.highState = eqHigh.plainState ();
-}
-
-void Equalizer::scatter (const Recursions& r)
-{
-    eqLow.plainState () = r.lowState;
-    eqMid.plainState () = r.midState;
-    eqHigh.plainState () = r.highState;
+    eqLow.scatter (r.low, count);
+    eqMid.scatter (r.mid, count);
+    eqHigh.scatter (r.high, count);
 }
 
 void Equalizer::clearState ()
@@ -89,30 +85,27 @@ void Equalizer::clearState ()
     eqHigh.clearState ();
 }
 
-void Equalizer::designLow ()
+BiquadCoefs Equalizer::lowShelf () const
 {
-    eqLow.setTarget (designLowShelf (sampleRate, lowFreq, lowGainDb, lowSlope, lowMaxDb));
+    return designLowShelf (sampleRate, lowFreq, lowGainDb, lowSlope, lowMaxDb);
 }
 
-void Equalizer::designMid ()
+BiquadCoefs Equalizer::midPeak () const
 {
-    eqMid.setTarget (designPeaking (sampleRate, midFreq, midGainDb, midQ, midSlope, midMaxDb));
+    return designPeaking (sampleRate, midFreq, midGainDb, midQ, midSlope, midMaxDb);
 }
 
-void Equalizer::designHigh ()
+BiquadCoefs Equalizer::highShelf () const
 {
-    eqHigh.setTarget (designHighShelf (sampleRate, highFreq, highGainDb, highSlope, highMaxDb));
+    return designHighShelf (sampleRate, highFreq, highGainDb, highSlope, highMaxDb);
 }
 
 void Equalizer::startUp (double newSampleRate)
 {
     sampleRate = newSampleRate;
-    designLow ();
-    designMid ();
-    designHigh ();
-    eqLow.startUp (newSampleRate);
-    eqMid.startUp (newSampleRate);
-    eqHigh.startUp (newSampleRate);
+    eqLow.startUp (lowShelf (), newSampleRate);
+    eqMid.startUp (midPeak (), newSampleRate);
+    eqHigh.startUp (highShelf (), newSampleRate);
 }
 
 double Equalizer::responseDb (double frequency, std::int16_t band) const
@@ -123,13 +116,13 @@ double Equalizer::responseDb (double frequency, std::int16_t band) const
     switch (band)
     {
     case 1:
-        return eqLow.responseDb (f, rate);
+        return tessaly::responseDb (lowShelf (), f, rate);
     case 2:
-        return eqMid.responseDb (f, rate);
+        return tessaly::responseDb (midPeak (), f, rate);
     case 3:
-        return eqHigh.responseDb (f, rate);
+        return tessaly::responseDb (highShelf (), f, rate);
     default:
-        return eqLow.responseDb (f, rate) + eqMid.responseDb (f, rate) + eqHigh.responseDb (f, rate);
+        return responseDb (f, 1) + responseDb (f, 2) + responseDb (f, 3);
     }
 }
 

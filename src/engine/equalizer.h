@@ -11,29 +11,29 @@
 namespace tessaly
 {
 
-/// Three bands in series: a low shelf, a peak, a high shelf.
+/// Three bands in series: a low shelf, a peak, a high shelf. A setting is stored at once; the audio thread designs the
+/// band that it belongs to when no crossfade of that band runs (any more), however many settings have changed by then.
 ///
-/// Threads: `startUp` during set-up, `process` on the audio thread, the rest on any.
+/// Threads: `startUp` during set-up; setParameter and all reads any; the rest on the audio thread.
 class Equalizer
 {
 public:
     Equalizer () { startUp (sampleRate); }
 
-    /// @return false, with nothing changed, if the parameter is none of the equalizer's
-    bool setParameter (StripParameter parameter, std::int32_t step);
+    /// Any parameter of the strip may come; others than its own change nothing.
+    void setParameter (StripParameter parameter, std::int32_t step);
 
     /// Designs all bands anew and clears their state, without a crossfade.
     /// @param newSampleRate  Hz, above 0
     void startUp (double newSampleRate);
 
-    /// Filters `count` samples in place.
-    void process (double* samples, std::size_t count);
-    void clearState (); ///< forgets the sound
+    /// Begins the crossfades that have been asked for. @return how many samples run without another one
+    std::size_t takeUpDesigns ();
 
-    // The same elsewhere, while no crossfade runs, beside the recursions of other stages: gather, run, scatter.
-    bool isPlain () const;
-    void gather (Recursions& r);
-    void scatter (const Recursions& r);
+    // For a stretch of that length: gather, run (BlockMath::run), scatter.
+    void gather (Recursions& r, FadeWeights& weights) const;
+    void scatter (const Recursions& r, std::size_t count);
+    void clearState (); ///< forgets the sound
 
     /// Response of the settings as they are now, dB.
     /// @param frequency  Hz, limited to 0.48 of the sample rate
@@ -45,9 +45,9 @@ public:
     double value (StripParameter parameter) const;  ///< Hz, dB or q; -1 if it is none of the equalizer's
 
 private:
-    void designLow ();
-    void designMid ();
-    void designHigh ();
+    BiquadCoefs lowShelf () const;
+    BiquadCoefs midPeak () const;
+    BiquadCoefs highShelf () const;
 
     static constexpr double lowSlope = 0.32;
     static constexpr double lowMaxDb = 18.0;

@@ -49,6 +49,27 @@ constexpr std::array<QCorrection, 4> kQCorrections{ {
     { std::numeric_limits<double>::infinity (), 4000, 1.21531, 0.02382, 0.00002004 },
 } };
 
+/// Numerator or denominator of a prototype, s2 s^2 + s1 s + s0.
+struct Polynomial
+{
+    double s2 = 0.0;
+    double s1 = 0.0;
+    double s0 = 0.0;
+};
+
+BiquadCoefs firstOrder (const Polynomial& n, const Polynomial& d)
+{
+    const double D = d.s1 + d.s0;
+    return { (n.s1 + n.s0) / D, (n.s0 - n.s1) / D, 0.0, (d.s1 - d.s0) / D, 0.0 };
+}
+
+BiquadCoefs secondOrder (const Polynomial& n, const Polynomial& d)
+{
+    const double D = d.s2 + d.s1 + d.s0;
+    return { (n.s2 + n.s1 + n.s0) / D, 2 * (n.s0 - n.s2) / D, (n.s2 - n.s1 + n.s0) / D, 2 * (d.s2 - d.s0) / D,
+             (d.s1 - d.s2 - d.s0) / D };
+}
+
 } // namespace
 
 BiquadCoefs designLowShelf (double sampleRate, double f, double gainDb, double slope, double maxDb)
@@ -56,19 +77,12 @@ BiquadCoefs designLowShelf (double sampleRate, double f, double gainDb, double s
     if (isBeyondSpectrum (sampleRate, f))
         return kPassThrough;
 
-    const double t = prewarped (sampleRate, f);
-    const double M = linearGain (maxDb);
-    const double T = std::tan (std::atan (std::pow (M, slope) * t));
-    const double G = linearGain (std::abs (gainDb));
-    const double W = std::pow (G, 1 - slope) * T;
-    if (gainDb >= 0)
-    {
-        const double D = W + G;
-        return { (1 + W) * G / D, -(1 - W) * G / D, 0.0, (G - W) / D, 0.0 };
-    }
-    const double V = W / G;
-    const double D = 1 + W;
-    return { (1 + V) / D, -(1 - V) / D, 0.0, (1 - W) / D, 0.0 };
+    const double size = std::abs (gainDb);
+    const double G = linearGain (size);
+    const double W = linearGain (slope * maxDb + (1 - slope) * size) * prewarped (sampleRate, f);
+    const Polynomial above{ .s1 = 1, .s0 = W };
+    const Polynomial below{ .s1 = 1, .s0 = W / G };
+    return gainDb >= 0 ? firstOrder (above, below) : firstOrder (below, above);
 }
 
 BiquadCoefs designHighShelf (double sampleRate, double f, double gainDb, double slope, double maxDb)
@@ -76,20 +90,24 @@ BiquadCoefs designHighShelf (double sampleRate, double f, double gainDb, double 
     if (isBeyondSpectrum (sampleRate, f))
         return kPassThrough;
 
+    const double size = std::abs (gainDb);
+    const double V = linearGain (slope * (size - maxDb)) * prewarped (sampleRate, f);
+    const Polynomial raised{ .s1 = linearGain (size), .s0 = V };
+    const Polynomial plain{ .s1 = 1, .s0 = V };
+    return gainDb >= 0 ? firstOrder (raised, plain) : firstOrder (plain, raised);
+}
+
+BiquadCoefs designPeaking (double sampleRate, double f, double gainDb, double q, double slope, double maxDb)
+{
+    if (isBeyondSpectrum (sampleRate, f))
+        return kPassThrough;
+
+    const double size = std::abs (gainDb);
     const double t = prewarped (sampleRate, f);
-    const double M = linearGain (maxDb);
-    const double T = std::tan (std::atan (std::pow (1 / M, slope) * t));
-    const double G = linearGain (gainDb); // below 1 for a cut
-    if (gainDb >= 0)
-    {
-        const double W = std::pow (G, slope - 1) * T;
-        const double X = W * G;
-        const double D = 1 + X;
-        return { (1 + W) * G / D, -(1 - W) * G / D, 0.0, (1 - X) / D, 0.0 };
-    }
-    const double W = std::pow (G, 1 - slope) * T;
-    const double D = 1 + W;
-    return { (W + G) / D, (W - G) / D, 0.0, (1 - W) / D, 0.0 };
+    const double B = linearGain (slope * (maxDb - size)) * t / correctedQ (sampleRate, f, q);
+    const Polynomial wide{ .s2 = 1, .s1 = linearGain (size) * B, .s0 = t * t };
+    const Polynomial narrow{ .s2 = 1, .s1 = B, .s0 = t * t };
+    return gainDb >= 0 ? secondOrder (wide, narrow) : secondOrder (narrow, wide);
 }
 
 double correctedQ (double sampleRate, double f, double q)
@@ -102,27 +120,6 @@ double correctedQ (double sampleRate, double f, double q)
         return q;
     const double k = row.a - row.b * (std::log (q) * kLog2e) - row.c * f;
     return k > 1 ? q : std::max (k * q, kLowestQ);
-}
-
-BiquadCoefs designPeaking (double sampleRate, double f, double gainDb, double q, double slope, double maxDb)
-{
-    if (isBeyondSpectrum (sampleRate, f))
-        return kPassThrough;
-
-    const double t = prewarped (sampleRate, f);
-    const double A = linearGain (std::abs (gainDb) - maxDb);
-    const double qi = (1 / correctedQ (sampleRate, f, q)) / std::pow (A, slope);
-    const double G = linearGain (std::abs (gainDb));
-    const double w = qi * t;
-    const double T = 1 + t * t;
-    const double U = t * t - 1;
-    if (gainDb >= 0)
-    {
-        const double D = T + w;
-        return { (T + G * w) / D, 2 * U / D, (T - G * w) / D, -2 * U / D, (w - T) / D };
-    }
-    const double D = T + G * w;
-    return { (T + w) / D, 2 * U / D, (T - w) / D, -2 * U / D, (G * w - T) / D };
 }
 
 } // namespace tessaly

@@ -5,12 +5,20 @@
 namespace tessaly
 {
 
-// Coefficients of the strip's bands: bilinear designs of analogue prototypes, t = tan (pi f / sampleRate). A boost and
-// the cut of equal size are exact inverses; 0 dB is flat. Pure functions, any thread.
+// Coefficients of the strip's bands: analogue prototypes taken over by the bilinear transform, s = (1 - 1/z) / (1 + 1/z),
+// with prewarped frequencies, t = tan (pi f / sampleRate), so that f lies where it is asked for (shelving and peak filters:
+// U. Zölzer, "DAFX: Digital Audio Effects", 2nd edition, chapter 2). How the corner
+// and the width move with the gain is a law of this strip. With G = 10^(|gainDb|/20) and M = 10^(maxDb/20), for a boost:
+//
+//     low shelf    H(s) = (s + W) / (s + W/G)                        W = M^slope G^(1-slope) t
+//     high shelf   H(s) = (G s + V) / (s + V)                        V = (G/M)^slope t
+//     peak         H(s) = (s^2 + G B s + t^2) / (s^2 + B s + t^2)    B = (M/G)^slope t / Q
+//
+// A cut is 1/H of the boost of equal size; 0 dB is flat. Pure functions, any thread.
 //
 //     sampleRate  Hz, above 0        f       Hz, above 0 and below half the rate
-//     gainDb      dB, either sign    slope   exponent of the law by which the corner or width moves with the gain
-//     maxDb       dB, the gain at which a shelf's corner and a peak's width are the plain ones of `f` and `q`
+//     gainDb      dB, either sign    slope   the exponent above
+//     maxDb       dB, the gain at which a high shelf's corner and a peak's width are the plain ones of `f` and `q`
 //
 // Below 44100 Hz a band whose `f` comes within 10 Hz of half the rate passes through.
 

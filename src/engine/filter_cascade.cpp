@@ -60,7 +60,7 @@ void FilterCascade::designHighPass (std::uint32_t newOrder, double sampleRate, d
     if (hasFirstOrderStage != 0)
     {
         const double D = 1 + t;
-        firstOrderCoefs = { 1 / D, -1 / D, (1 - t) / D };
+        firstOrderCoefs = { 1 / D, -1 / D, 0.0, (1 - t) / D, 0.0 };
     }
 }
 
@@ -76,7 +76,7 @@ void FilterCascade::designLowPass (double sampleRate, double f, double q)
 void FilterCascade::designSmoother (double k)
 {
     requireOrder (1);
-    firstOrderCoefs = { k, 0.0, 1 - k };
+    firstOrderCoefs = { k, 0.0, 0.0, 1 - k, 0.0 };
 }
 
 void FilterCascade::designSmoother (double sampleRate, double f)
@@ -87,19 +87,11 @@ void FilterCascade::designSmoother (double sampleRate, double f)
 void FilterCascade::process (double* samples, std::size_t count)
 {
     for (std::size_t k = 0; k < sectionCoefs.size (); ++k)
-        processBiquad (sectionCoefs[k], sectionState[k], samples, count);
-    if (hasFirstOrderStage == 0)
-        return;
-
-    const FirstOrderCoefs c = firstOrderCoefs;
-    FirstOrderState s = firstOrderState;
-    for (std::size_t i = 0; i < count; ++i)
-    {
-        const double x = samples[i];
-        s = { x, c.b0 * x + c.b1 * s.x1 + c.a1 * s.y1 };
-        samples[i] = s.y1;
-    }
-    firstOrderState = s;
+        for (std::size_t i = 0; i < count; ++i)
+            samples[i] = throughSecondOrder (sectionCoefs[k], sectionState[k], samples[i]);
+    if (hasFirstOrderStage != 0)
+        for (std::size_t i = 0; i < count; ++i)
+            samples[i] = throughFirstOrder (firstOrderCoefs, firstOrderState, samples[i]);
 }
 
 } // namespace tessaly

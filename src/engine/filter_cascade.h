@@ -1,6 +1,6 @@
 #pragma once
 
-#include "biquad_process.h"
+#include "biquad.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -40,34 +40,18 @@ public:
     /// Filters `count` samples in place.
     void process (double* samples, std::size_t count);
 
-    // The first-order stage, in the form of a section of first order, to be run elsewhere and put back.
-    BiquadCoefs firstOrderSection () const
-    {
-        return { firstOrderCoefs.b0, firstOrderCoefs.b1, 0.0, firstOrderCoefs.a1, 0.0 };
-    }
-    BiquadState firstOrderSectionState () const { return { firstOrderState.x1, 0.0, firstOrderState.y1, 0.0 }; }
-    void putFirstOrderState (const BiquadState& state) { firstOrderState = { state.s0, state.s2 }; }
+    // The first-order stage, to be run elsewhere and put back.
+    const BiquadCoefs& firstOrderSection () const { return firstOrderCoefs; }
+    const BiquadState& firstOrderSectionState () const { return firstOrderState; }
+    void putFirstOrderState (const BiquadState& state) { firstOrderState = state; }
 
 private:
-    /// y[n] = b0 x[n] + b1 x[n-1] + a1 y[n-1]; a1 is added, as in the sections.
-    struct FirstOrderCoefs
-    {
-        double b0 = 0.0;
-        double b1 = 0.0;
-        double a1 = 0.0;
-    };
-    struct FirstOrderState
-    {
-        double x1 = 0.0;
-        double y1 = 0.0;
-    };
-
     void requireOrder (std::uint32_t wantedOrder);
 
     std::vector<BiquadState> sectionState;
     std::vector<BiquadCoefs> sectionCoefs;
-    FirstOrderState firstOrderState;
-    FirstOrderCoefs firstOrderCoefs;
+    BiquadState firstOrderState; // s0 and s2
+    BiquadCoefs firstOrderCoefs; // c0, c1 and c3: b0, b1 and a1 of y[n] = b0 x[n] + b1 x[n-1] + a1 y[n-1]
     std::uint32_t evenOrder = 0; // twice the number of sections
     std::uint32_t hasFirstOrderStage = 0;
     std::uint32_t order = 0;

@@ -5,7 +5,8 @@
 namespace tessaly
 {
 
-// Static curve of the compressor. Levels are log10 of an amplitude ratio to the threshold. Pure functions, any thread.
+// Static curve of the compressor, the same for what sounds (BlockMath::gains) and for what is drawn
+// (Compressor::compressorCurveDb). Levels are log10 of an amplitude ratio to the threshold. Pure functions, any thread.
 
 /// Knee shapes as parameters store them; any other number means hard.
 enum Knee : std::uint16_t
@@ -15,9 +16,6 @@ enum Knee : std::uint16_t
     kHardKnee = 2
 };
 
-/// The knee in force: a threshold of exactly 0 dB is always hard.
-std::uint16_t effectiveKnee (double thresholdDb, std::uint16_t knee);
-
 /// The blend of a knee: curvature (level + halfWidth)^2 within halfWidth of the threshold.
 struct KneeCurve
 {
@@ -25,14 +23,17 @@ struct KneeCurve
     double curvature;
 };
 
-KneeCurve kneeCurve (std::uint16_t knee);
+/// The knee in force: a threshold of exactly 0 dB is always hard.
+KneeCurve kneeCurve (double thresholdDb, std::uint16_t knee);
 
-/// How far the level counts as over the threshold: 0.0 below the knee, the level itself above it.
-double shapedLevel (double level, std::uint16_t knee);
-
-/// Linear gain 10^(-slope shaped).
-/// @param shaped  of shapedLevel; 0.0 yields exactly 1.0
-/// @param slope   1 - 1/ratio
-double compressionGain (double shaped, double slope);
+/// How far the level counts as over the threshold: 0 below the knee, the level itself above it. The gain is
+/// 10^(-slope shapedLevel). Without a branch, for vectors; `static` for the reason told in biquad.h.
+static inline double shapedLevel (double level, const KneeCurve& knee)
+{
+    const double intoKnee = level + knee.halfWidth;
+    const double inKnee = knee.curvature * (intoKnee * intoKnee);
+    const double over = level > knee.halfWidth ? level : inKnee;
+    return level > -knee.halfWidth ? over : 0.0;
+}
 
 } // namespace tessaly

@@ -2,16 +2,31 @@
 
 #include "block_math.h"
 
-#include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstddef>
 
 namespace tessaly
 {
 
-/// A value on its way to its target: exponential, with a time constant of 10 ms at every rate, plus a small fixed step
-/// a sample that makes it land exactly on the target in finite time. Once there it costs nothing. Audio thread.
+/// How values glide at one sample rate: 1/e of the way is left after 10 ms. With c the part of the way that a sample
+/// takes, 1 - exp (-1 / (0.01 * sampleRate)):
+struct GlideLaw
+{
+    explicit GlideLaw (double sampleRate); ///< Hz, above 0
+
+    static constexpr std::size_t kLanes = 8;
+
+    double beyond;                   ///< K of Glide, 1.2e-7 / c
+    std::array<double, kLanes> left; ///< (1 - c)^n, n = 1 to 8
+};
+
+/// A value on its way to its target: each sample takes a part of the distance, and a small fixed step that makes it
+/// land exactly on the target in finite time,
+///     current[n+1] = current[n] + c (target - current[n]) + 1.2e-7   while it rises; falling likewise
+/// not beyond the target. Several samples at once go by the closed form of that recursion: with K = 1.2e-7 / c and D
+/// the distance at the beginning,
+///     |target - current[n]| = max ((D + K) (1 - c)^n - K, 0)
+/// Once there it costs nothing. Audio thread.
 class Glide
 {
 public:
@@ -21,38 +36,13 @@ public:
     }
 
     bool hasLanded (double target) const { return current == target; }
-    double value () const { return current; }
 
-    /// One sample.
-    /// @param coef  glideCoefficient of the rate
-    double next (double target, double coef);
-
-    /// Writes the next `count` values.
-    void fill (double* values, std::size_t count, double target, double coef);
+    /// Writes the values of the next `count` samples.
+    void fill (double* values, std::size_t count, double target, const GlideLaw& law);
 
 private:
     double current;
 };
-
-inline double Glide::next (double target, double coef)
-{
-    constexpr double kLandingStep = 0.00000012;
-    const double d = (target - current) * coef;
-    if (d > 0)
-        current = std::min (current + d + kLandingStep, target);
-    else
-        current = std::max (current + d - kLandingStep, target);
-    return current;
-}
-
-inline void Glide::fill (double* values, std::size_t count, double target, double coef)
-{
-    if (hasLanded (target))
-        std::fill_n (values, count, target);
-    else
-        for (std::size_t i = 0; i < count; ++i)
-            values[i] = next (target, coef);
-}
 
 /// A glide by rows of values. A row that stands still is written once. Audio thread.
 class GlideRow
@@ -65,7 +55,7 @@ public:
 
     /// @param count  at most kChunkSamples
     /// @return the next `count` values, until the next call
-    const double* next (std::size_t count, double target, double coef);
+    const double* next (std::size_t count, double target, const GlideLaw& law);
 
 private:
     Glide glide;
@@ -73,22 +63,15 @@ private:
     std::size_t standing = 0; // of `values`, at the beginning: the present value, on which the glide has landed
 };
 
-inline const double* GlideRow::next (std::size_t count, double target, double coef)
+inline const double* GlideRow::next (std::size_t count, double target, const GlideLaw& law)
 {
     const bool landed = glide.hasLanded (target);
     if (!landed || standing < count)
     {
-        glide.fill (values.data (), count, target, coef);
+        glide.fill (values.data (), count, target, law);
         standing = landed ? count : 0;
     }
     return values.data ();
-}
-
-/// @param sampleRate  Hz, above 0
-inline double glideCoefficient (double sampleRate)
-{
-    constexpr double kSeconds = 0.01;
-    return 1 - std::exp (-1 / sampleRate / kSeconds);
 }
 
 } // namespace tessaly

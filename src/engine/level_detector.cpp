@@ -31,12 +31,4 @@ void LevelDetector::gather (Recursions& r) const
     r.detected = detectorLevel;
 }
 
-void LevelDetector::follow (double* levels, std::size_t count)
-{
-    Recursions r{}; // the other parts stand still
-    gather (r);
-    math.run (r, levels, nullptr, nullptr, count);
-    scatter (r);
-}
-
 } // namespace tessaly

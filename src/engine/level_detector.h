@@ -1,8 +1,7 @@
 #pragma once
 
-#include "block_math.h"
+#include "detector_floor.h"
 #include "recursions.h"
-#include <cstddef>
 
 namespace tessaly
 {
@@ -24,17 +23,12 @@ public:
     /// @param releaseCoef  likewise
     void setTimes (double attackCoef, double releaseCoef);
 
-    /// Replaces the level of each sample, -1.5 and up, by the detector's.
-    void follow (double* levels, std::size_t count);
-
     void gather (Recursions& r) const;
     void scatter (const Recursions& r) { detectorLevel = r.detected; }
-    void reset () { detectorLevel = kLowestLevel; }
+    void reset () { detectorLevel = kFloorLevel; }
 
 private:
-    static constexpr double kLowestLevel = -1.5; // the detector sees nothing more than 30 dB below the threshold
-
-    double detectorLevel = kLowestLevel;
+    double detectorLevel = kFloorLevel;
     double attack = 0.0; // the coefficients that the fields below were worked out from
     double release = 0.0;
     double rise = 0.0;        // A
@@ -42,7 +36,6 @@ private:
     double approach = 0.0;    // 2 A r
     double chord = 0.0;       // A r
     double fastestFall = 0.0; // the larger of -0.4 releaseCoef and where the attack's curve turns, -8 * 0.00018
-    const BlockMath& math = blockMath ();
 };
 
 } // namespace tessaly

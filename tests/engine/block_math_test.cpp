@@ -1,5 +1,6 @@
 #include "block_math_versions.h"
 
+#include "gain_computer.h"
 #include "noise_generator.h"
 #include "recursions.h"
 
@@ -31,10 +32,10 @@ Recursions anyRecursions ()
     r.chord = 0.0015;
     r.fastestFall = -0.00016;
     r.highPass = { 0.99, -0.99, 0.0, 0.98, 0.0 };
-    r.sideChainEq = { 1.2, -1.7, 0.6, 1.7, -0.8 };
-    r.low = { 1.1, -0.9, 0.0, 0.93, 0.0 };
-    r.mid = { 0.9, -1.5, 0.7, 1.5, -0.6 };
-    r.high = { 1.6, 0.3, 0.0, -0.4, 0.0 };
+    r.sideChainEq.live = { 1.2, -1.7, 0.6, 1.7, -0.8 };
+    r.low.live = { 1.1, -0.9, 0.0, 0.93, 0.0 };
+    r.mid.live = { 0.9, -1.5, 0.7, 1.5, -0.6 };
+    r.high.live = { 1.6, 0.3, 0.0, -0.4, 0.0 };
     return r;
 }
 
@@ -45,7 +46,7 @@ bool areClose (double x, double y)
 
 } // namespace
 
-TEST_CASE ("BlockMath: the level of a sample is its exact logarithm to 2e-13, with a floor 30 dB below the threshold")
+TEST_CASE ("BlockMath: a level is the exact logarithm to 2e-13 down to its floor")
 {
     for (const BlockMath* math : blockMathVersions ())
     {
@@ -70,7 +71,7 @@ TEST_CASE ("BlockMath: the level of a sample is its exact logarithm to 2e-13, wi
     }
 }
 
-TEST_CASE ("BlockMath: the gain is the exact power to 2e-13, exactly 1 below the knee, and the smallest is told")
+TEST_CASE ("BlockMath: a gain is the exact power to 2e-13")
 {
     for (const BlockMath* math : blockMathVersions ())
         for (const auto& [halfWidth, curvature] : { std::pair (1.3, 0.19231), { 0.5, 0.5 }, { 0.0, 0.0 } })
@@ -87,7 +88,7 @@ TEST_CASE ("BlockMath: the gain is the exact power to 2e-13, exactly 1 below the
                     slope[i] = static_cast<double> (i) / 63.0;
                 }
                 const double smallest =
-                    math->gains (level.data (), slope.data (), halfWidth, curvature, gain.data (), gain.size ());
+                    math->gains (level.data (), slope.data (), { halfWidth, curvature }, gain.data (), gain.size ());
                 CHECK (smallest == std::ranges::min (gain));
                 for (std::size_t i = 0; i < level.size (); ++i)
                 {
@@ -102,7 +103,7 @@ TEST_CASE ("BlockMath: the gain is the exact power to 2e-13, exactly 1 below the
         }
 }
 
-TEST_CASE ("BlockMath: however rows are cut the noise is the same, and samples that are no numbers are seen anywhere")
+TEST_CASE ("BlockMath: the noise is the same in any pieces, and NaN is seen anywhere")
 {
     using Limits = std::numeric_limits<float>;
     const auto noise = [] (const BlockMath& math, std::initializer_list<std::size_t> counts)
@@ -133,33 +134,130 @@ TEST_CASE ("BlockMath: however rows are cut the noise is the same, and samples t
     }
 }
 
-TEST_CASE ("BlockMath: each recursion does beside any of the others what it does alone, in pieces of any length")
+TEST_CASE ("BlockMath: the logistic weights are exact to 2e-13")
+{
+    for (const BlockMath* math : blockMathVersions ())
+    {
+        Row weight{};
+        math->logistic (weight.data (), -20.0, 0.17, weight.size ());
+        double worst = 0.0;
+        for (std::size_t i = 0; i < weight.size (); ++i)
+        {
+            const double y = -20.0 + 0.17 * static_cast<double> (i);
+            worst = std::max (worst, std::abs (weight[i] * (1.0 + std::exp2 (-y)) - 1.0));
+        }
+        CHECK (worst < 2e-13);
+    }
+}
+
+namespace
+{
+
+std::array<Row, 3> anyInput () ///< for the detector, the side chain and the equalizer
 {
     std::minstd_rand random (1);
     std::uniform_real_distribution<double> anyLevel (-1.5, 1.5);
-    std::array<Row, 3> input; // for the detector, the side chain and the equalizer
+    std::array<Row, 3> input;
     for (Row& row : input)
         for (double& x : row)
             x = anyLevel (random);
-    const auto run = [&input] (const BlockMath& math, unsigned parts, std::initializer_list<std::size_t> counts)
+    return input;
+}
+
+/// The sections of `r` that are bits of `which` in a crossfade from a filter that was at work.
+Recursions withFades (Recursions r, unsigned which, const Row& weight)
+{
+    unsigned bit = 1;
+    for (BlendedSection* section : { &r.sideChainEq, &r.low, &r.mid, &r.high })
     {
-        Recursions running = anyRecursions ();
-        std::array<Row, 3> rows = input;
-        std::size_t at = 0;
-        const auto stretch = [&] (std::size_t part) { return parts >> part & 1U ? &rows[part][at] : nullptr; };
-        for (const std::size_t count : counts)
+        if (which & bit)
         {
-            math.run (running, stretch (0), stretch (1), stretch (2), count);
-            at += count;
+            const bool isFirstOrder = section == &r.low || section == &r.high;
+            section->fading = { 0.8, 0.2, isFirstOrder ? 0.0 : 0.3, 0.5, isFirstOrder ? 0.0 : -0.2 };
+            section->fadingState = { 0.3, 0.2, -0.4, 0.6 };
+            section->weight = weight.data ();
         }
-        return rows;
-    };
-    for (const BlockMath* math : blockMathVersions ())
-        for (const unsigned parts : { 1U, 2U, 3U, 4U, 5U, 6U, 7U })
-        {
-            const std::array<Row, 3> rows = run (*math, parts, { 1, 32, 0, 31, 64, 128 });
-            for (std::size_t part = 0; part < 3; ++part)
-                CHECK (
-                    std::ranges::equal (rows[part], run (blockMath (), parts & 1U << part, { 256 })[part], areClose));
-        }
+        bit <<= 1;
+    }
+    return r;
+}
+
+/// @param parts  bits: 1 the detector, 2 the side chain, 4 the equalizer
+std::array<Row, 3> run (const BlockMath& math, Recursions running, unsigned parts,
+                        std::initializer_list<std::size_t> counts)
+{
+    std::array<Row, 3> rows = anyInput ();
+    std::size_t at = 0;
+    const auto stretch = [&] (std::size_t part) { return parts >> part & 1U ? &rows[part][at] : nullptr; };
+    for (const std::size_t count : counts)
+    {
+        math.run (running, stretch (0), stretch (1), stretch (2), count);
+        at += count;
+    }
+    return rows;
+}
+
+/// y[n] of one section, by the difference equation over the whole row.
+Row filtered (const BiquadCoefs& c, const BiquadState& before, const Row& x)
+{
+    Row y{};
+    const auto past = [] (const Row& row, std::size_t i, std::size_t back, double one, double two)
+    { return i >= back ? row[i - back] : (back - i == 1 ? one : two); };
+    for (std::size_t i = 0; i < x.size (); ++i)
+        y[i] = c.c0 * x[i] + c.c1 * past (x, i, 1, before.s0, before.s1) + c.c2 * past (x, i, 2, before.s0, before.s1) +
+               c.c3 * past (y, i, 1, before.s2, before.s3) + c.c4 * past (y, i, 2, before.s2, before.s3);
+    return y;
+}
+
+Row blended (const BlendedSection& section, const Row& x)
+{
+    const Row live = filtered (section.live, section.liveState, x);
+    const Row fading = filtered (section.fading, section.fadingState, x);
+    Row y{};
+    for (std::size_t i = 0; i < y.size (); ++i)
+        y[i] = section.weight ? section.weight[i] * live[i] + (1 - section.weight[i]) * fading[i] : live[i];
+    return y;
+}
+
+} // namespace
+
+TEST_CASE ("BlockMath: any sections in a crossfade give the weighted sum of both filters")
+{
+    Row weight{};
+    for (std::size_t i = 0; i < weight.size (); ++i)
+        weight[i] = static_cast<double> (i) / 300.0;
+    const std::array<Row, 3> input = anyInput ();
+    for (unsigned fades = 0; fades < 16; ++fades)
+    {
+        const Recursions r = withFades (anyRecursions (), fades, weight);
+        const Row sideChain = blended (r.sideChainEq, filtered (r.highPass, r.highPassState, input[1]));
+        const Row y = blended (r.high, blended (r.mid, blended (r.low, input[2])));
+        for (const BlockMath* math : blockMathVersions ())
+            for (const unsigned parts : { 2U, 4U, 6U, 7U })
+            {
+                const std::array<Row, 3> rows = run (*math, r, parts, { 100, 1, 155 });
+                CAPTURE (fades);
+                CAPTURE (parts);
+                CHECK ((!(parts & 2U) || std::ranges::equal (rows[1], sideChain, areClose)));
+                CHECK ((!(parts & 4U) || std::ranges::equal (rows[2], y, areClose)));
+            }
+    }
+}
+
+TEST_CASE ("BlockMath: each recursion does alone what it does with the others, in any pieces")
+{
+    Row weight{};
+    weight.fill (0.4);
+    for (const unsigned fades : { 0U, 15U })
+    {
+        const Recursions r = withFades (anyRecursions (), fades, weight);
+        for (const BlockMath* math : blockMathVersions ())
+            for (const unsigned parts : { 1U, 2U, 3U, 4U, 5U, 6U, 7U })
+            {
+                const std::array<Row, 3> rows = run (*math, r, parts, { 1, 32, 0, 31, 64, 128 });
+                for (std::size_t part = 0; part < 3; ++part)
+                    CHECK (std::ranges::equal (rows[part], run (blockMath (), r, parts & 1U << part, { 256 })[part],
+                                               areClose));
+            }
+    }
 }

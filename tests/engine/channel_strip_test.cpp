@@ -1,6 +1,5 @@
 #include "channel_strip.h"
 
-#include "gain_computer.h"
 #include "measure.h"
 #include "old_effect.h"
 #include <algorithm>
@@ -17,7 +16,7 @@ namespace
 {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity ();
-constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN ();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN ();
 
 /// A strip at work under an effect that keeps the meters as they were last written.
 class StripUnderTest : public ZOldEffect
@@ -69,34 +68,12 @@ TEST_CASE ("Channel_Strip: the equalizer's response is drawn at once, and heard 
         const double heard = measuredGain ([&] (double x) { return test.run ({ float (x) })[0]; }, 44100, f);
         CHECK (bands == Approx (20 * std::log10 (heard)).epsilon (1e-4));
     }
-    CHECK (test.strip.eqResponseDb (30000, 3) == test.strip.eqResponseDb (0.48 * 44100, 3));
 }
 
-TEST_CASE ("Channel_Strip: the compressor's curve is drawn as the textbook has it, with a knee around the threshold")
-{
-    constexpr double kThresholdDb = -30.0;
-    for (const auto& [knee, widthDb] : { std::pair (kSoftKnee, 52), { kMiddleKnee, 20 }, { kHardKnee, 0 } })
-        for (const auto& [ratioStep, slope] : { std::pair (0.0F, 0.0), { 60.0F, 0.75 }, { 120.0F, 1 - 1 / 3000.0 } })
-        {
-            StripUnderTest test;
-            test.set (StripParameter::knee, knee);
-            CHECK (test.strip.compressorCurveDb (-1.0) == -1.0); // at a threshold of 0 dB every knee is hard
-            test.set (StripParameter::drive, -5 * float (kThresholdDb));
-            test.set (StripParameter::ratio, ratioStep);
-            for (const double inputDb : { -57.0, -45.0, -33.0, -29.0, -23.0, -15.0, 0.0 })
-            {
-                const double over = inputDb - kThresholdDb;
-                const double intoKnee = std::max (over + widthDb / 2.0, 0.0);
-                const double shaped = 2 * over > widthDb ? over : intoKnee * intoKnee / (2 * std::max (widthDb, 1));
-                CHECK (test.strip.compressorCurveDb (inputDb) == Approx (inputDb - slope * shaped).epsilon (2e-5));
-            }
-        }
-}
-
-TEST_CASE ("Channel_Strip: samples that are no numbers are gone in the next block, from sound, detector and meters")
+TEST_CASE ("Channel_Strip: NaN and infinity are gone in the next block")
 {
     const std::vector<float> tone = whiteNoise (4096);
-    for (const double bad : { kNoNumber, kInfinity })
+    for (const double bad : { kNaN, kInfinity })
     {
         StripUnderTest test;
         StripUnderTest clean;
@@ -120,7 +97,7 @@ TEST_CASE ("Channel_Strip: samples that are no numbers are gone in the next bloc
 TEST_CASE ("Channel_Strip: steps beyond all scales leave the sound finite")
 {
     for (int index = -1; index <= 22; ++index)
-        for (const double step : { -1e30, -7.0, 999.0, 1e30, kNoNumber })
+        for (const double step : { -1e30, -7.0, 999.0, 1e30, kNaN })
         {
             StripUnderTest test;
             test.strip.SetParameterOld (index, float (step));
@@ -131,9 +108,9 @@ TEST_CASE ("Channel_Strip: steps beyond all scales leave the sound finite")
         }
 }
 
-TEST_CASE ("Channel_Strip: a rate that filters cannot run at is refused, and the sound goes on")
+TEST_CASE ("Channel_Strip: a rate that filters cannot run at is refused")
 {
-    for (const double noRate : { 0.0, 15.0, 20.0, -48000.0, 1e300, kInfinity, kNoNumber })
+    for (const double noRate : { 0.0, 15.0, 20.0, -48000.0, 1e300, kInfinity, kNaN })
     {
         CAPTURE (noRate);
         StripUnderTest test;
