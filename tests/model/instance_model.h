@@ -83,15 +83,17 @@ public:
     void Setup (double rateHz) { strip.SetRate (rateHz); }
     void SetActive (bool active) { active ? strip.Resume () : strip.Suspend (); }
 
-    /// The controller's road: at once, unless the controller shows this value already.
+    /// The controller's road: at once, unless the controller shows this value and the strip has it, both as floats.
     void SetFromController (Change change)
     {
         const auto [id, value] = change;
-        if (shown[id] == value)
-            return;
+        const auto kept = static_cast<float> (value);
+        const bool isRepeat = static_cast<float> (shown[id]) == kept && values[id] == kept;
         shown[id] = value;
+        if (isRepeat)
+            return;
         auto expected = values;
-        expected[id] = static_cast<float> (value);
+        expected[id] = kept;
         SetParameter (id, expected[id]);
         for (unsigned i = 0; i < kParameterCount; ++i)
             if (values[i] != expected[i])
