@@ -36,17 +36,18 @@ public:
 
     using ZControl::ZControl;
 
-    // The look. Images are borrowed; all but those of the two OK frames more are strips of up and pressed
+    // The look. Images are borrowed: strips of frames from top to bottom, a button up and pressed, OK as told above
     void SetBackground (ZBitmap* image) { background = image; }
     std::int32_t GetFontSize () const { return fontSize; }
     void SetFontSize (std::int32_t pixels) { fontSize = pixels; } ///< of files; folders are bold and a pixel larger
     void SetTextColor (std::uint8_t red, std::uint8_t green, std::uint8_t blue) { textColor = { red, green, blue }; }
     void SetSelectionColor (std::uint8_t red, std::uint8_t green, std::uint8_t blue);
-    /// @param rect    of the closed folder's icon in the image; the open one's is below it
-    /// @param gap     pixels between icon and text
+    /// @param rect  of the closed folder's icon in the image, the first frame; the open one's is the second
+    /// @param gap   pixels between icon and text
     void SetFolderIcon (ZBitmap* image, const ZRect& rect, std::int32_t frames, std::int32_t gap);
     void SetRows (std::int32_t count) { list.SetRows (count); }
-    void SetItem (std::int32_t index, ZBitmap* image, std::int32_t frames, const ZRect& rect); ///< of Item
+    void SetItem (std::int32_t index, ZBitmap* image, std::int32_t frames,
+                  const ZRect& rect); ///< index: of Item; a bad one changes nothing
     void SetThumbStyle (std::int32_t insetX, std::int32_t insetY, std::uint8_t red, std::uint8_t green,
                         std::uint8_t blue);
 

@@ -30,7 +30,7 @@ TEST_CASE ("CompGraph: the curve lies where the engine computes it, at any densi
         {
             const auto column = static_cast<double> (i) / scale;
             const auto outputDb = f.engine->compressorCurveDb (column * 60 / 56 - 60);
-            CHECK (std::abs (points[i].second - (62 - outputDb * 56 / 60)) <= 0.5 / scale + 1e-6);
+            CHECK (std::abs (points[i].y - (62 - outputDb * 56 / 60)) <= 0.5 / scale + 1e-6);
         }
     }
 }

@@ -14,7 +14,7 @@ namespace tessaly
 struct DrawnCurve
 {
     ZColor color;
-    std::vector<std::pair<double, double>> points; // x and y
+    std::vector<ZPointF> points;
 };
 
 /// The polylines in a log of drawing calls; a change of colour comes between two of them.
@@ -27,11 +27,11 @@ inline std::vector<DrawnCurve> CurvesIn (const RecordingCanvasImp::Log& log)
     {
         std::istringstream words (call);
         std::string name;
-        char comma = 0;
         words >> name;
         if (name == "SetColor")
         {
             int red = 0, green = 0, blue = 0;
+            char comma = 0;
             words >> red >> comma >> green >> comma >> blue;
             color = { static_cast<std::uint8_t> (red), static_cast<std::uint8_t> (green),
                       static_cast<std::uint8_t> (blue) };
@@ -41,9 +41,8 @@ inline std::vector<DrawnCurve> CurvesIn (const RecordingCanvasImp::Log& log)
             continue;
         if (!std::exchange (goesOn, true))
             curves.push_back ({ color, {} });
-        double x = 0.0, y = 0.0;
-        words >> x >> y;
-        curves.back ().points.emplace_back (x, y);
+        auto& point = curves.back ().points.emplace_back ();
+        words >> point.x >> point.y;
     }
     return curves;
 }
