@@ -57,7 +57,6 @@ void ZEffect::SetStorage (std::unique_ptr<ZParameterStorageBase> newStorage, con
     {
         newStorage->Initialize (parameters, programs, numPrograms, numParameters);
         newStorage->GetValues (programValues);
-        newStorage->GetValues (lastValues);
     }
     AdoptStorage (std::move (newStorage));
     SetProgram (0);
@@ -246,8 +245,6 @@ void ZEffect::MidiExtra (std::int32_t a, std::int32_t b, std::int32_t c)
 
 void ZEffect::SetParameter (std::int32_t index, float normalized)
 {
-    if (index >= 0 && static_cast<std::size_t> (index) < lastValues.size ())
-        StoreRelaxed (lastValues[static_cast<std::size_t> (index)], normalized);
     OnParameter (index, normalized);
     if (storage != nullptr)
         TrackSweep (index);

@@ -140,7 +140,6 @@ private:
     void EndBuffers (std::int32_t samples);
 
     std::vector<float> programValues; // normalized, of the program as last selected; relaxed_cells.h
-    std::vector<float> lastValues;    // normalized, last given to SetParameter; relaxed_cells.h
     SharedValue<bool> sweepRunning = false;
     SharedValue<std::int32_t> sweepIndex = 0;
     SharedValue<std::int32_t> numInputs = 1;
