@@ -144,6 +144,7 @@ void ZCairoCanvasImp::ClipToEllipse (const ZRect& rect)
 void ZCairoCanvasImp::Clear (const ZRect& rect)
 {
     AddRect (rect);
+    NotePath (0.0);
     cairo_set_operator (context.get (), CAIRO_OPERATOR_CLEAR);
     cairo_fill (context.get ());
     cairo_set_operator (context.get (), CAIRO_OPERATOR_OVER);
@@ -182,8 +183,41 @@ void ZCairoCanvasImp::UseColor ()
                            colorAlpha / 255.0);
 }
 
+/// What is drawn within the clip and these pixels changes the surface.
+void ZCairoCanvasImp::Note (const ZRect& pixels)
+{
+    if (changes == nullptr)
+        return;
+    double left = 0.0;
+    double top = 0.0;
+    double right = 0.0;
+    double bottom = 0.0;
+    cairo_clip_extents (context.get (), &left, &top, &right, &bottom);
+    const ZRect inner{ static_cast<std::int32_t> (std::floor (left)), static_cast<std::int32_t> (std::floor (top)),
+                       static_cast<std::int32_t> (std::ceil (right)), static_cast<std::int32_t> (std::ceil (bottom)) };
+    changes->Add ({ std::max (pixels.left, inner.left), std::max (pixels.top, inner.top),
+                    std::min (pixels.right, inner.right), std::min (pixels.bottom, inner.bottom) });
+}
+
+/// The same for the path. @param margin  pixels that a stroke reaches beyond it
+void ZCairoCanvasImp::NotePath (double margin)
+{
+    if (changes == nullptr)
+        return;
+    double left = 0.0;
+    double top = 0.0;
+    double right = 0.0;
+    double bottom = 0.0;
+    cairo_path_extents (context.get (), &left, &top, &right, &bottom);
+    Note ({ static_cast<std::int32_t> (std::floor (left - margin)),
+            static_cast<std::int32_t> (std::floor (top - margin)),
+            static_cast<std::int32_t> (std::ceil (right + margin)),
+            static_cast<std::int32_t> (std::ceil (bottom + margin)) });
+}
+
 void ZCairoCanvasImp::FillPath ()
 {
+    NotePath (0.0);
     UseColor ();
     cairo_fill (context.get ());
 }
@@ -195,6 +229,7 @@ void ZCairoCanvasImp::StrokePath ()
     const double dashes[]{ (kDash - 1) * pixels, (kGap + 1) * pixels };
     cairo_set_dash (context.get (), dashes, lineStyle == kDashedLine ? 2 : 0, 0.0);
     cairo_set_line_width (context.get (), pixels);
+    NotePath (pixels);
     UseColor ();
     cairo_stroke (context.get ());
 }
@@ -342,6 +377,7 @@ void ZCairoCanvasImp::DrawText (std::string_view words, const ZRect& rect, std::
     cairo_save (context.get ());
     AddRect (rect);
     cairo_clip (context.get ());
+    Note (grid.Pixels (rect));
     UseColor ();
     text->Draw (context.get (), grid, words, font, rect, alignment);
     cairo_restore (context.get ());
@@ -356,6 +392,8 @@ CopySource ZCairoCanvasImp::Pixels () const
 
 void ZCairoCanvasImp::Copy (const CopySource& source, const ZRect& rect, const ZRect& from, const CopyBlend& blend)
 {
+    if (!rect.IsEmpty ())
+        Note (grid.Pixels (rect));
     CopyArea (context.get (), grid, rect, source, from, blend);
 }
 

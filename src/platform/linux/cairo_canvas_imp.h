@@ -3,6 +3,7 @@
 #include "cairo_copy.h"
 #include "cairo_handles.h"
 #include "canvas_imp.h"
+#include "changed_area.h"
 #include "pango_text.h"
 #include "pixel_grid.h"
 #include <cstdint>
@@ -36,6 +37,8 @@ public:
     /// The pixels, 32 bits with premultiplied alpha; for Cairo's own use, as the window's source or to write a PNG.
     /// Borrowed from this, all drawing done.
     cairo_surface_t* Surface () const;
+    /// @param area  not owned: gets what is drawn from here on, until another is given; null: nothing is tracked
+    void TrackChanges (ChangedArea* area) { changes = area; }
     ZRect PixelSize () const { return grid.Pixels ({ 0, 0, width, height }); } ///< from (0, 0)
 
     void Save () override;
@@ -92,6 +95,8 @@ private:
     void ClipToEllipse (const ZRect& rect);
     void AddRect (const ZRect& rect);
     void UseColor ();
+    void Note (const ZRect& pixels);
+    void NotePath (double margin);
     void FillPath ();
     void StrokePath ();
     void StraightLine (ZPoint from, ZPoint to);
@@ -109,6 +114,7 @@ private:
     CairoContext context;
     std::shared_ptr<PangoText> text; // shared with the offscreen imps made from this
 
+    ChangedArea* changes = nullptr; // not owned: the window's; null for an offscreen surface
     Clip clip;
     std::vector<Clip> savedClips;
     ZColor color;
