@@ -1,6 +1,7 @@
 # The VST 3 SDK: found, built once outside the build folder, and offered as imported targets.
 #
 #   vst3sdk::plugin    what a plug-in links          vst3sdk::hosting   what a host links
+#   vst3sdk::vstgui    what a plug-in's view links
 #   VST3_VALIDATOR, VST3_MODULEINFOTOOL, VST3_EDITORHOST   the SDK's own programs
 
 if(DEFINED ENV{XDG_CACHE_HOME} AND NOT "$ENV{XDG_CACHE_HOME}" STREQUAL "")
@@ -30,12 +31,17 @@ string(SUBSTRING "${_hash}" 0 8 _hash)
 # Not kept in the build tree's cache: a tree follows when the options above, or its sanitizer, change.
 set(VST3_SDK_BUILD_DIR "${_cache}/vst3sdk-build-${_hash}")
 
-set(_archives sdk sdk_common base pluginterfaces sdk_hosting)
+set(_archives sdk sdk_common base pluginterfaces sdk_hosting vstgui)
 set(VST3_VALIDATOR "${VST3_SDK_BUILD_DIR}/bin/Release/validator")
 set(VST3_EDITORHOST "${VST3_SDK_BUILD_DIR}/bin/Release/editorhost")
 set(VST3_MODULEINFOTOOL "${VST3_SDK_BUILD_DIR}/bin/Release/moduleinfotool")
 
-if(NOT EXISTS "${VST3_SDK_BUILD_DIR}/.complete")
+# An older build in the cache may lack an archive of the list above.
+set(_complete EXISTS "${VST3_SDK_BUILD_DIR}/.complete")
+foreach(_archive IN LISTS _archives)
+    list(APPEND _complete AND EXISTS "${VST3_SDK_BUILD_DIR}/lib/Release/lib${_archive}.a")
+endforeach()
+if(NOT (${_complete}))
     message(STATUS "Building the VST 3 SDK once in ${VST3_SDK_BUILD_DIR} (some two minutes)")
     execute_process(
         COMMAND ${CMAKE_COMMAND} -G Ninja -S "${VST3_SDK_DIR}" -B "${VST3_SDK_BUILD_DIR}" ${_options}
@@ -77,3 +83,14 @@ add_library(vst3sdk::plugin ALIAS vst3sdk_plugin)
 add_library(vst3sdk_host INTERFACE)
 target_link_libraries(vst3sdk_host INTERFACE vst3sdk_headers vst3sdk_sdk_hosting Threads::Threads ${CMAKE_DL_LIBS})
 add_library(vst3sdk::hosting ALIAS vst3sdk_host)
+
+# The window toolkit, and the SDK's view on it. The definitions are those that the archive was built with: the headers'
+# classes have other members without them.
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(VSTGUI_SYSTEM REQUIRED IMPORTED_TARGET x11 xcb xcb-util xcb-cursor xcb-keysyms xcb-xkb xkbcommon
+    xkbcommon-x11 glib-2.0 cairo pangocairo pangoft2 fontconfig freetype2)
+add_library(vst3sdk_editor STATIC "${VST3_SDK_DIR}/public.sdk/source/vst/vstguieditor.cpp")
+target_include_directories(vst3sdk_editor SYSTEM PUBLIC "${VST3_SDK_DIR}/vstgui4")
+target_compile_definitions(vst3sdk_editor PUBLIC VSTGUI_ENABLE_DEPRECATED_METHODS=1 VSTGUI_OPENGL_SUPPORT=1)
+target_link_libraries(vst3sdk_editor PUBLIC vst3sdk_plugin vst3sdk_vstgui PkgConfig::VSTGUI_SYSTEM ${CMAKE_DL_LIBS})
+add_library(vst3sdk::vstgui ALIAS vst3sdk_editor)
