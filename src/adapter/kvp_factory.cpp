@@ -4,6 +4,7 @@
 #include "channel_strip_effect.h"
 #include "channel_strip_parameters.h"
 #include "channel_strip_storage.h"
+#include "gui_editor.h"
 #include "key_point_folders.h"
 
 #include <mutex>
@@ -57,6 +58,11 @@ ZParameterStorageBase* ZKvpPluginFactory::CreateStorage (ZEffect& effect, std::i
     const ZProgramRecord program = ChannelStripProgram ();
     effect.SetStorage (std::move (storage), records.data (), &program, 1, kStripParameterCount);
     return borrowed;
+}
+
+std::unique_ptr<ZGuiEditor> ZKvpPluginFactory::CreateEditor (ZEditorWrapper& /*surroundings*/)
+{
+    return nullptr; // the panel's controls are there, the editor that lays them out is not
 }
 
 } // namespace tessaly

@@ -7,7 +7,9 @@ namespace tessaly
 {
 
 class ZEffect;
+class ZEditorWrapper;
 class ZEffectWrapper;
+class ZGuiEditor;
 class ZParameterStorageBase;
 class ZPluginCore;
 
@@ -28,6 +30,8 @@ public:
     virtual std::unique_ptr<ZPluginCore> CreateCore (ZEffect* effect) = 0;
     /// Makes the storage, fills it and hands it to `effect`, which owns it.
     virtual ZParameterStorageBase* CreateStorage (ZEffect& effect, std::int32_t channels) = 0;
+    /// @param surroundings  borrowed: lives longer than the editor  @return null: there is no editor
+    virtual std::unique_ptr<ZGuiEditor> CreateEditor (ZEditorWrapper& surroundings) = 0;
 
 protected:
     ZKvpFactory () = default;
@@ -44,6 +48,7 @@ public:
     std::unique_ptr<ZEffect> CreateEffect (ZEffectWrapper* wrapper) override;
     std::unique_ptr<ZPluginCore> CreateCore (ZEffect* effect) override;
     ZParameterStorageBase* CreateStorage (ZEffect& effect, std::int32_t channels) override;
+    std::unique_ptr<ZGuiEditor> CreateEditor (ZEditorWrapper& surroundings) override;
 };
 
 /// Holds one reference on the factory for as long as it lives.

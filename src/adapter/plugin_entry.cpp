@@ -15,20 +15,6 @@
 
 using namespace Steinberg;
 
-// The platform's module entry of the SDK calls these two; there is nothing to set up.
-bool InitModule ();
-bool DeinitModule ();
-
-bool InitModule ()
-{
-    return true;
-}
-
-bool DeinitModule ()
-{
-    return true;
-}
-
 namespace tessaly
 {
 

@@ -2,6 +2,7 @@
 
 #include "binary_message.h"
 #include "effect.h"
+#include "gui_editor.h"
 #include "host_context.h"
 #include "kvp_parameters.h"
 #include "live_effect.h"
@@ -11,6 +12,7 @@
 #include "scoped_flag.h"
 #include "stored_value.h"
 #include "text_conversion.h"
+#include "vst3_editor_view_wrapper.h"
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -345,6 +347,21 @@ tresult PLUGIN_API ZVst3ControllerWrapper::setParamNormalized (Vst::ParamID id, 
         vuBuffer.Flush ();
     }
     return result;
+}
+
+IPlugView* PLUGIN_API ZVst3ControllerWrapper::createView (FIDString name)
+{
+    OnHostCall ();
+    if (!FIDStringsEqual (name, Vst::ViewType::kEditor))
+        return nullptr;
+    auto view = Steinberg::owned (new ZVst3EditorViewWrapper (*this, *this, FactoryHostContext ()));
+    auto made = factory->CreateEditor (*view);
+    if (made == nullptr)
+        return nullptr;
+    made->OnEffectEvent (kCodeStorage, HasEffect () ? storage : nullptr);
+    made->OnEffectEvent (kCodeNumInputs, &numChannels);
+    view->SetEditor (std::move (made));
+    return view.take ();
 }
 
 /// Values are kept as floats, so a host's double of the same dial is the same value.

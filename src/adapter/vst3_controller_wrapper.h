@@ -79,6 +79,7 @@ public:
     Steinberg::Vst::ParamValue PLUGIN_API getParamNormalized (Steinberg::Vst::ParamID id) override;
     Steinberg::tresult PLUGIN_API setParamNormalized (Steinberg::Vst::ParamID id,
                                                       Steinberg::Vst::ParamValue value) override;
+    Steinberg::IPlugView* PLUGIN_API createView (Steinberg::FIDString name) override;
 
     // IMidiMapping
     Steinberg::tresult PLUGIN_API getMidiControllerAssignment (Steinberg::int32 bus, Steinberg::int16 channel,

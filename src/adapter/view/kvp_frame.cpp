@@ -1,0 +1,57 @@
+#include "kvp_frame.h"
+
+#include "vst3_control_wrapper.h"
+#include "vstgui/lib/events.h"
+
+namespace tessaly
+{
+
+using namespace VSTGUI;
+
+ZKVPFrame::ZKVPFrame (const CRect& size, VSTGUIEditorInterface* editor)
+    : frame (makeOwned<CFrame> (size, editor))
+{
+    frame->registerMouseObserver (this);
+}
+
+ZKVPFrame::~ZKVPFrame () noexcept = default;
+
+void ZKVPFrame::AddControl (ZVst3ControlWrapper* covering)
+{
+    frame->addView (covering);
+    control = covering;
+}
+
+void ZKVPFrame::Close ()
+{
+    frame->unregisterMouseObserver (this);
+    control = nullptr;
+    frame->remember (); // closing drops the reference of who made the frame; ours stays
+    frame->close ();
+}
+
+void ZKVPFrame::onMouseEntered (CView* /*view*/, CFrame* of)
+{
+    of->setCursor (kCursorDefault);
+    mouseInside = true;
+}
+
+void ZKVPFrame::onMouseExited (CView* /*view*/, CFrame* /*of*/)
+{
+    mouseInside = false;
+}
+
+void ZKVPFrame::onMouseEvent (MouseEvent& event, CFrame* /*of*/)
+{
+    if (control == nullptr || event.type == EventType::MouseDown)
+        return;
+    const auto buttons = buttonStateFromMouseEvent (event);
+    auto where = event.mousePosition;
+    if (event.type == EventType::MouseMove)
+        control->onMouseMoved (where, buttons);
+    else if (event.type == EventType::MouseUp)
+        control->onMouseUp (where, buttons);
+    event.consumed = true;
+}
+
+} // namespace tessaly
