@@ -76,8 +76,12 @@ add_library(vst3sdk_headers INTERFACE)
 target_include_directories(vst3sdk_headers SYSTEM INTERFACE "${VST3_SDK_DIR}")
 target_compile_definitions(vst3sdk_headers INTERFACE RELEASE=1)
 
+# The module's entry, for programs that link a plug-in's parts without being a module: the SDK's start-up refers to it.
+add_library(vst3sdk_entry STATIC "${VST3_SDK_DIR}/public.sdk/source/main/linuxmain.cpp")
+target_link_libraries(vst3sdk_entry PRIVATE vst3sdk_headers)
+
 add_library(vst3sdk_plugin INTERFACE)
-target_link_libraries(vst3sdk_plugin INTERFACE vst3sdk_headers vst3sdk_sdk Threads::Threads)
+target_link_libraries(vst3sdk_plugin INTERFACE vst3sdk_headers vst3sdk_sdk vst3sdk_entry Threads::Threads)
 add_library(vst3sdk::plugin ALIAS vst3sdk_plugin)
 
 add_library(vst3sdk_host INTERFACE)

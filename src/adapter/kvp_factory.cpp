@@ -1,10 +1,10 @@
 #include "kvp_factory.h"
 
 #include "channel_strip.h"
+#include "channel_strip_editor.h"
 #include "channel_strip_effect.h"
 #include "channel_strip_parameters.h"
 #include "channel_strip_storage.h"
-#include "gui_editor.h"
 #include "key_point_folders.h"
 
 #include <mutex>
@@ -60,9 +60,9 @@ ZParameterStorageBase* ZKvpPluginFactory::CreateStorage (ZEffect& effect, std::i
     return borrowed;
 }
 
-std::unique_ptr<ZGuiEditor> ZKvpPluginFactory::CreateEditor (ZEditorWrapper& /*surroundings*/)
+std::unique_ptr<ZGuiEditor> ZKvpPluginFactory::CreateEditor (ZEditorWrapper& surroundings)
 {
-    return nullptr; // the panel's controls are there, the editor that lays them out is not
+    return std::make_unique<ZChannel_StripEditor> (surroundings);
 }
 
 } // namespace tessaly

@@ -30,7 +30,7 @@ public:
     virtual std::unique_ptr<ZPluginCore> CreateCore (ZEffect* effect) = 0;
     /// Makes the storage, fills it and hands it to `effect`, which owns it.
     virtual ZParameterStorageBase* CreateStorage (ZEffect& effect, std::int32_t channels) = 0;
-    /// @param surroundings  borrowed: lives longer than the editor  @return null: there is no editor
+    /// @param surroundings  borrowed: lives longer than the editor
     virtual std::unique_ptr<ZGuiEditor> CreateEditor (ZEditorWrapper& surroundings) = 0;
 
 protected:

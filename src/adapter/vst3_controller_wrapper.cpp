@@ -356,8 +356,6 @@ IPlugView* PLUGIN_API ZVst3ControllerWrapper::createView (FIDString name)
         return nullptr;
     auto view = Steinberg::owned (new ZVst3EditorViewWrapper (*this, *this, FactoryHostContext ()));
     auto made = factory->CreateEditor (*view);
-    if (made == nullptr)
-        return nullptr;
     made->OnEffectEvent (kCodeStorage, HasEffect () ? storage : nullptr);
     made->OnEffectEvent (kCodeNumInputs, &numChannels);
     view->SetEditor (std::move (made));

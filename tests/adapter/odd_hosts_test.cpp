@@ -278,10 +278,10 @@ TEST_CASE ("Odd hosts: instances that are made, used and ended on threads of the
     CHECK (good == 2 * kThreads * kLives);
 }
 
-TEST_CASE ("Odd hosts: a view that there is none of is refused, by any name")
+TEST_CASE ("Odd hosts: a view of an unknown name is refused")
 {
     StripInHost strip;
-    for (const char* name : { "editor", "nonsense", "", static_cast<const char*> (nullptr) })
+    for (const char* name : { "Editor", "nonsense", "", static_cast<const char*> (nullptr) })
         CHECK (strip.instance.Controller ().createView (name) == nullptr);
 }
 

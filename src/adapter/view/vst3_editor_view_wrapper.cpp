@@ -7,12 +7,14 @@
 #include "gui_editor.h"
 #include "overlay_control.h"
 #include "parameter_storage_base.h"
+#include "skin_bitmaps.h"
 #include "vst3_control_wrapper.h"
 #include "vst_keys.h"
 #include "vstgui/lib/events.h"
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <string>
 
 namespace tessaly
 {
@@ -400,6 +402,12 @@ void ZVst3EditorViewWrapper::SetParameter (std::int32_t tag, float value)
     brackets.SetParameterFromEditor (id, value);
 }
 
+void ZVst3EditorViewWrapper::ShowCursor ()
+{
+    if (window != nullptr)
+        window->Input ().ShowCursor ();
+}
+
 // Context menu
 
 tresult PLUGIN_API ZVst3EditorViewWrapper::findParameter (int32 x, int32 y, Vst::ParamID& id)
@@ -459,9 +467,12 @@ void ZVst3EditorViewWrapper::OpenContextMenu (CPoint where)
 
 // What the editor is made with
 
-std::unique_ptr<ZBitmapImp> ZVst3EditorViewWrapper::CreateBitmap (std::string_view /*name*/)
+std::unique_ptr<ZBitmapImp> ZVst3EditorViewWrapper::CreateBitmap (std::string_view name)
 {
-    return nullptr; // there are no images yet
+    std::string upper (name);
+    std::transform (upper.begin (), upper.end (), upper.begin (),
+                    [] (char c) { return 'a' <= c && c <= 'z' ? static_cast<char> (c - 'a' + 'A') : c; });
+    return CreateSkinBitmap (upper, scale.Get ());
 }
 
 std::unique_ptr<ZMatrixMenuImp> ZVst3EditorViewWrapper::CreateMenuImp ()

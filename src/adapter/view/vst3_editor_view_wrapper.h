@@ -94,6 +94,7 @@ public:
     bool GetInfo (std::int32_t kind, void* out) override { return brackets.GetInfo (kind, out); }
     void SetParameter (std::int32_t tag, float value) override;
     void EndEdit (std::int32_t tag) override { brackets.SyncParameter (tag); }
+    void ShowCursor () override;
     void ResizeTo (std::int32_t width, std::int32_t height) override;
     std::unique_ptr<ZBitmapImp> CreateBitmap (std::string_view name) override;
     std::unique_ptr<ZMatrixMenuImp> CreateMenuImp () override;
