@@ -1,4 +1,4 @@
-# The VST 3 SDK: found, built once outside the build folder, and offered as imported targets.
+# The VST 3 SDK: found where scripts/build-sdk has built it, outside the build folder, and offered as imported targets.
 #
 #   vst3sdk::plugin    what a plug-in links          vst3sdk::hosting   what a host links
 #   vst3sdk::vstgui    what a plug-in's view links
@@ -16,14 +16,11 @@ if(NOT EXISTS "${VST3_SDK_DIR}/pluginterfaces/vst/ivstaudioprocessor.h")
         "(Debian: from its source archive), or build with -DVST3_SDK_DIR=<the folder of an SDK that you have>.")
 endif()
 
-# C++23, since only there g++ lets the SDK count references by C's atomics: its other way reads the count after the
-# addition, and of two threads that release an object at once both may delete it.
-set(_options -DCMAKE_BUILD_TYPE=Release -DCMAKE_POSITION_INDEPENDENT_CODE=ON -DCMAKE_CXX_VISIBILITY_PRESET=hidden
-    -DCMAKE_VISIBILITY_INLINES_HIDDEN=ON -DCMAKE_CXX_STANDARD=23
-    -DSMTG_ENABLE_VST3_PLUGIN_EXAMPLES=OFF -DSMTG_CREATE_PLUGIN_LINK=OFF -DSMTG_RUN_VST_VALIDATOR=OFF)
-# The one sanitizer that is blind where code is not built for it: a race within the SDK would pass unseen.
+file(STRINGS "${CMAKE_CURRENT_LIST_DIR}/vst3_sdk_options.txt" _options)
+set(_variant "")
 if(TESSALY_SANITIZE MATCHES "thread")
     list(APPEND _options -DCMAKE_CXX_FLAGS=-fsanitize=thread)
+    set(_variant "--thread ")
 endif()
 
 string(SHA1 _hash "${VST3_SDK_DIR};${_options}")
@@ -36,30 +33,13 @@ set(VST3_VALIDATOR "${VST3_SDK_BUILD_DIR}/bin/Release/validator")
 set(VST3_EDITORHOST "${VST3_SDK_BUILD_DIR}/bin/Release/editorhost")
 set(VST3_MODULEINFOTOOL "${VST3_SDK_BUILD_DIR}/bin/Release/moduleinfotool")
 
-# An older build in the cache may lack an archive of the list above.
-set(_complete EXISTS "${VST3_SDK_BUILD_DIR}/.complete")
+# Every archive is asked for: an older build in the cache may lack one.
 foreach(_archive IN LISTS _archives)
-    list(APPEND _complete AND EXISTS "${VST3_SDK_BUILD_DIR}/lib/Release/lib${_archive}.a")
+    if(NOT EXISTS "${VST3_SDK_BUILD_DIR}/lib/Release/lib${_archive}.a")
+        message(FATAL_ERROR "The VST 3 SDK in ${VST3_SDK_DIR} is not built yet for this configuration. "
+            "Run scripts/build-sdk ${_variant}\"${VST3_SDK_DIR}\" once (some two minutes).")
+    endif()
 endforeach()
-if(NOT (${_complete}))
-    message(STATUS "Building the VST 3 SDK once in ${VST3_SDK_BUILD_DIR} (some two minutes)")
-    execute_process(
-        COMMAND ${CMAKE_COMMAND} -G Ninja -S "${VST3_SDK_DIR}" -B "${VST3_SDK_BUILD_DIR}" ${_options}
-            "-DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER}" "-DCMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER}"
-        OUTPUT_FILE "${CMAKE_CURRENT_BINARY_DIR}/sdk.log" ERROR_FILE "${CMAKE_CURRENT_BINARY_DIR}/sdk.log"
-        RESULT_VARIABLE _result)
-    if(_result EQUAL 0)
-        execute_process(
-            COMMAND ${CMAKE_COMMAND} --build "${VST3_SDK_BUILD_DIR}" --target ${_archives} validator editorhost
-                moduleinfotool
-            OUTPUT_FILE "${CMAKE_CURRENT_BINARY_DIR}/sdk.log" ERROR_FILE "${CMAKE_CURRENT_BINARY_DIR}/sdk.log"
-            RESULT_VARIABLE _result)
-    endif()
-    if(NOT _result EQUAL 0)
-        message(FATAL_ERROR "The VST 3 SDK did not build; see ${CMAKE_CURRENT_BINARY_DIR}/sdk.log")
-    endif()
-    file(TOUCH "${VST3_SDK_BUILD_DIR}/.complete")
-endif()
 
 foreach(_archive IN LISTS _archives)
     add_library(vst3sdk_${_archive} STATIC IMPORTED)
