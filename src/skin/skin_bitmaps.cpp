@@ -4,6 +4,7 @@
 #include <array>
 #include <mutex>
 #include <span>
+#include <string>
 
 extern "C"
 {
@@ -49,8 +50,12 @@ std::shared_ptr<TileCache> SharedCache (std::int32_t density)
 
 } // namespace
 
-std::unique_ptr<ZBitmapImp> CreateSkinBitmap (std::string_view upperCaseName, double scale)
+std::unique_ptr<ZBitmapImp> CreateSkinBitmap (std::string_view name, double scale)
 {
+    std::string upperCaseName (name); // as the packs have them
+    for (char& letter : upperCaseName)
+        if (letter >= 'a' && letter <= 'z')
+            letter = static_cast<char> (letter - 'a' + 'A');
     return std::make_unique<ZTiledBitmapImp> (upperCaseName, SharedCache (scale > 1.0 ? 2 : 1));
 }
 
