@@ -63,12 +63,21 @@ void OffscreenWindow::Wheel (std::int32_t delta)
     Settle ();
 }
 
-void OffscreenWindow::Key (const ZKeyInput& key)
+void OffscreenWindow::KeyDown (const ZKeyInput& key)
 {
     auto stamped = key;
     stamped.time = time;
     ZEvent event (*this);
     editor->KeyDown (event, stamped);
+    Settle ();
+}
+
+void OffscreenWindow::Key (const ZKeyInput& key)
+{
+    KeyDown (key);
+    auto stamped = key;
+    stamped.time = time;
+    ZEvent event (*this);
     editor->KeyUp (event, stamped);
     Settle ();
 }

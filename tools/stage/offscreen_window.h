@@ -24,12 +24,14 @@ public:
     void Press (std::int32_t buttons, std::int32_t modifiers);
     void Release ();
     void Wheel (std::int32_t delta);
-    void Key (const ZKeyInput& key); ///< pressed and let go. Its time is this window's
+    void KeyDown (const ZKeyInput& key); ///< its time is this window's
+    void Key (const ZKeyInput& key);     ///< pressed and let go
     void Wait (std::uint32_t milliseconds);
     void Settle (); ///< a tick and, if something has changed, a pass
 
     bool Paint (); ///< what changed. @return whether anything was drawn
     ZPoint Pointer () const { return pointer; }
+    void ShowPointer () { hidden = 0; } ///< whatever hid it
     bool IsPointerShown () const { return hidden <= 0; }
     std::int32_t Cursor () const { return cursor; } ///< as the editor chose it: kDefaultCursor or kHandCursor
     std::uint32_t Time () const { return time; }    ///< milliseconds
