@@ -4,6 +4,7 @@
 #include "utf8.h"
 #include <algorithm>
 #include <cmath>
+#include <dlfcn.h>
 #include <pango/pangocairo.h>
 
 namespace tessaly
@@ -17,6 +18,22 @@ constexpr std::size_t kMostFonts = 32; // a panel uses a handful
 double FromPango (int units)
 {
     return static_cast<double> (units) / PANGO_SCALE;
+}
+
+/// Pango tells GLib its types, with names that lie in Pango's own memory, and GLib never forgets them: once used, Pango
+/// has to stay loaded when a module that brought it in goes, or the next user finds names that are there no more. What
+/// Pango itself needs stays with it.
+void KeepPangoLoaded ()
+{
+    Dl_info library{};
+    if (dladdr (reinterpret_cast<void*> (&pango_cairo_font_map_new), &library) != 0)
+        dlopen (library.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
+}
+
+PangoFontMap* NewFontMap ()
+{
+    KeepPangoLoaded ();
+    return pango_cairo_font_map_new ();
 }
 
 /// The text as Pango takes it, cut at a character.
@@ -98,7 +115,7 @@ void PangoRelease::operator() (PangoFontDescription* font) const
 }
 
 PangoText::PangoText (double scale)
-    : map (pango_cairo_font_map_new ())
+    : map (NewFontMap ())
     , context (pango_font_map_create_context (map.get ()))
     , layout (pango_layout_new (context.get ()))
 {
