@@ -12,6 +12,11 @@ namespace
 constexpr double kCorner = 3.0;
 constexpr double kBaseline = 21.0;
 
+// The image ends 31 units after the key. "COMP" as large as a heading would lose its last letter there, so both are set a
+// size smaller, and a unit nearer to their keys.
+constexpr double kAfterKey = 44.0;
+constexpr double kBeforeKey = 27.0;
+
 void DrawKey (Picture& picture, const Box& key, bool works)
 {
     const Box seat = key.Inset (-1.0);
@@ -38,7 +43,7 @@ void DrawCompressorBypass (Picture& picture, std::int32_t, std::int32_t row)
     const bool works = row == 0;
     picture.Fill (kBench);
     DrawKey (picture, { 12, 10, 27, 16 }, works);
-    Write (picture, "COMP", kHeadingStyle, 45, kBaseline, Anchor::kLeft, works ? kHeading : kScale);
+    Write (picture, "COMP", kSubheadingStyle, kAfterKey, kBaseline, Anchor::kLeft, works ? kHeading : kScale);
 }
 
 void DrawEqualizerBypass (Picture& picture, std::int32_t, std::int32_t row)
@@ -46,7 +51,7 @@ void DrawEqualizerBypass (Picture& picture, std::int32_t, std::int32_t row)
     const bool works = row == 0;
     picture.Fill (kBench);
     DrawKey (picture, { 32, 10, 27, 16 }, works);
-    Write (picture, "EQ", kHeadingStyle, 26, kBaseline, Anchor::kRight, works ? kHeading : kScale);
+    Write (picture, "EQ", kSubheadingStyle, kBeforeKey, kBaseline, Anchor::kRight, works ? kHeading : kScale);
 }
 
 } // namespace tessaly::skin

@@ -79,10 +79,11 @@ void WriteLabel (Picture& picture, const Label& label, Ink ink)
 void DrawWordmark (Picture& picture)
 {
     constexpr double kBaseline = 21.0;
+    constexpr double kTracking = kNameStyle.tracking; // belongs to the gap after a word
     DrawMark (picture, { 39.5, 16.5 }, 8.0);
     const double first = Write (picture, "TESSALY", kNameStyle, 53, kBaseline, kL, kHeading);
-    const double second = Write (picture, "BENCH", kSurnameStyle, first + 7.0, kBaseline, kL, kLabel);
-    Write (picture, "[m]", kEditionStyle, second + 6.0, kBaseline, kL, kLightRest);
+    const double second = Write (picture, "BENCH", kSurnameStyle, first + 9.0 - kTracking, kBaseline, kL, kLabel);
+    Write (picture, "[m]", kEditionStyle, second + 8.0 - kTracking, kBaseline, kL, kLightRest);
 }
 
 void DrawScales (Picture& picture)

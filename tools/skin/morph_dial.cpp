@@ -45,9 +45,9 @@ void DrawArc (Picture& picture, const Look& look, double degree)
 
 void DrawHub (Picture& picture)
 {
-    picture.Disc (kMiddle, 20.0, kShadow);
+    picture.Circle (kMiddle, 20.0, 2.0, kShadow);
     picture.Disc (kMiddle, 19.4, Hex (0x0A1015));
-    LowerLip (picture, kMiddle, 19.4 - picture.Pixel () * 0.5, picture.Pixel (), kRimLight.At (0.75));
+    LowerLip (picture, kMiddle, 19.4 - picture.Pixel () * 0.5, picture.Pixel (), kRimLight.At (0.6));
 }
 
 /// 1.0 to 9.0, rounded as the value's own text is.
@@ -68,7 +68,7 @@ void DrawMorphDial (Picture& picture, std::int32_t column, std::int32_t frame)
     DrawArc (picture, look, degree);
     picture.Disc ({ kMiddle.x, kMiddle.y + 1.0 }, 33.2, kShadow);
     DrawLens (picture, { kMiddle, 32.8, 21.2, degree, look.light, look.lensShare });
-    picture.RoundRay (kMiddle, 22.4 + 0.9, 31.6 - 0.9, degree, 1.8, kWhite);
+    picture.RoundRay (kMiddle, 22.4, 31.6, degree, 1.8, kWhite);
     DrawHub (picture);
     WritePosition (picture, frame, look.figure);
     picture.FillBox ({ kBar.x, kBar.y, kBar.width * part, kBar.height }, look.light);

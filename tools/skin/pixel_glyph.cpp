@@ -11,116 +11,80 @@ namespace tessaly::skin
 namespace
 {
 
-/// A straight run of neighbouring pixels.
-struct Run
+struct Corner
 {
-    ZPoint first;
-    ZPoint last;
-    ZPoint step;
-
-    std::int32_t Length () const { return std::max (std::abs (last.x - first.x), std::abs (last.y - first.y)); }
-    bool HasEnd (ZPoint point) const { return first == point || last == point; }
-    bool Holds (ZPoint point) const
-    {
-        for (ZPoint at = first;; at = at + step)
-        {
-            if (at == point)
-                return true;
-            if (at == last)
-                return false;
-        }
-    }
+    Point point;
+    bool sharp = false;
 };
 
-/// Whether the pixel and the next one in this direction belong to one stroke. Two that touch at their corners do where
-/// no third one leads from one to the other.
-bool Linked (const PixelGlyph& glyph, ZPoint at, ZPoint step)
+/// One line, up to the next blank.
+std::vector<Corner> ParseLine (std::string_view line)
 {
-    const ZPoint next = at + step;
-    if (!glyph.At (at.x, at.y) || !glyph.At (next.x, next.y))
-        return false;
-    return step.x == 0 || step.y == 0 || (!glyph.At (next.x, at.y) && !glyph.At (at.x, next.y));
-}
-
-std::vector<Run> RunsOf (const PixelGlyph& glyph)
-{
-    std::vector<Run> runs;
-    for (const ZPoint step : { ZPoint{ 1, 0 }, { 0, 1 }, { 1, 1 }, { -1, 1 } })
-        for (std::int32_t y = 0; y < static_cast<std::int32_t> (glyph.rows.size ()); ++y)
-            for (std::int32_t x = 0; x < glyph.width; ++x)
-            {
-                const ZPoint at{ x, y };
-                if (Linked (glyph, at - step, step) || !Linked (glyph, at, step))
-                    continue;
-                ZPoint last = at;
-                while (Linked (glyph, last, step))
-                    last = last + step;
-                runs.push_back ({ at, last, step });
-            }
-    return runs;
-}
-
-/// The other run of a right-angled corner at this end of a run; null where there is none.
-const Run* CornerWith (const std::vector<Run>& runs, const Run& run, ZPoint end)
-{
-    const Run* other = nullptr;
-    for (const Run& candidate : runs)
+    std::vector<Corner> corners;
+    for (std::size_t i = 0; i + 1 < line.size (); i += 2)
     {
-        if (&candidate == &run || !candidate.Holds (end))
-            continue;
-        const bool rightAngled = candidate.step.x * run.step.x + candidate.step.y * run.step.y == 0;
-        if (other != nullptr || !rightAngled || !candidate.HasEnd (end))
-            return nullptr;
-        other = &candidate;
+        corners.push_back ({ { line[i] - '0' + 0.5, line[i + 1] - '0' + 0.5 } });
+        if (i + 2 < line.size () && line[i + 2] == '!')
+        {
+            corners.back ().sharp = true;
+            ++i;
+        }
     }
-    return other;
+    return corners;
 }
 
-Point MiddleOf (ZPoint pixel)
+double Length (Point a, Point b)
 {
-    return { pixel.x + 0.5, pixel.y + 0.5 };
+    return std::hypot (b.x - a.x, b.y - a.y);
 }
 
-/// The end of a run, moved along it to leave room for a cut corner.
-Point EndOf (const std::vector<Run>& runs, const Run& run, ZPoint end, double cut)
+Point Towards (Point from, Point to, double by)
 {
-    Point point = MiddleOf (end);
-    if (const Run* other = CornerWith (runs, run, end))
+    const double share = by / Length (from, to);
+    return { from.x + (to.x - from.x) * share, from.y + (to.y - from.y) * share };
+}
+
+/// The corner between two neighbours, or the two points that are left of it where it is cut off.
+void AddCorner (cairo_t* path, Point before, const Corner& corner, Point after, double cut)
+{
+    const Point at = corner.point;
+    const double turn = (at.x - before.x) * (after.x - at.x) + (at.y - before.y) * (after.y - at.y);
+    if (corner.sharp || turn != 0.0)
     {
-        const double by = std::min ({ cut, run.Length () * 0.5, other->Length () * 0.5 });
-        const double sign = end == run.first ? 1.0 : -1.0;
-        point.x += sign * by * run.step.x;
-        point.y += sign * by * run.step.y;
+        cairo_line_to (path, at.x, at.y);
+        return;
     }
-    return point;
+    const double by = std::min ({ cut, Length (before, at) * 0.5, Length (at, after) * 0.5 });
+    const Point first = Towards (at, before, by);
+    const Point second = Towards (at, after, by);
+    cairo_line_to (path, first.x, first.y);
+    cairo_line_to (path, second.x, second.y);
 }
 
-void AddStrokes (cairo_t* path, const PixelGlyph& glyph, double cut)
+void AddLine (cairo_t* path, std::span<const Corner> corners, double cut)
 {
-    const auto runs = RunsOf (glyph);
-    for (const Run& run : runs)
-    {
-        const Point first = EndOf (runs, run, run.first, cut);
-        const Point last = EndOf (runs, run, run.last, cut);
-        cairo_move_to (path, first.x, first.y);
-        cairo_line_to (path, last.x, last.y);
-        for (const ZPoint end : { run.first, run.last })
-            if (const Run* other = CornerWith (runs, run, end); other != nullptr && &run < other)
-            {
-                const Point from = end == run.first ? first : last;
-                const Point to = EndOf (runs, *other, end, cut);
-                cairo_move_to (path, from.x, from.y);
-                cairo_line_to (path, to.x, to.y);
-            }
-    }
+    const auto last = corners.size () - 1;
+    const Point first = corners[0].point;
+    const bool closed = Length (first, corners[last].point) == 0.0;
+    cairo_new_sub_path (path);
+    if (closed)
+        AddCorner (path, corners[last - 1].point, corners[0], corners[1].point, cut);
+    else
+        cairo_line_to (path, first.x, first.y);
+    for (std::size_t i = 1; i < last; ++i)
+        AddCorner (path, corners[i - 1].point, corners[i], corners[i + 1].point, cut);
+    if (closed)
+        cairo_close_path (path);
+    else
+        cairo_line_to (path, corners[last].point.x, corners[last].point.y);
 }
 
 void DrawPixels (Picture& picture, const PixelGlyph& glyph, Point topLeft, Ink ink)
 {
-    for (std::int32_t y = 0; y < static_cast<std::int32_t> (glyph.rows.size ()); ++y)
+    for (std::size_t y = 0; y < glyph.rows.size (); ++y)
         for (std::int32_t x = 0; x < glyph.width; ++x)
-            if (glyph.At (x, y))
-                picture.FillBox ({ topLeft.x + x, topLeft.y + y, 1, 1 }, ink);
+            if ((glyph.rows[y] >> (glyph.width - 1 - x) & 1) != 0)
+                picture.FillBox ({ topLeft.x + x, topLeft.y + static_cast<double> (y), 1, 1 }, ink);
 }
 
 } // namespace
@@ -135,10 +99,15 @@ void DrawGlyph (Picture& picture, const PixelGlyph& glyph, Point topLeft, const 
     cairo_t* context = picture.Context ();
     cairo_save (context);
     cairo_translate (context, topLeft.x, topLeft.y);
-    AddStrokes (context, glyph, style.cornerCut);
+    for (auto left = glyph.strokes; !left.empty ();)
+    {
+        const auto line = left.substr (0, left.find (' '));
+        left.remove_prefix (std::min (left.size (), line.size () + 1));
+        AddLine (context, ParseLine (line), style.cornerCut);
+    }
     cairo_set_line_cap (context, CAIRO_LINE_CAP_ROUND);
     cairo_set_line_join (context, CAIRO_LINE_JOIN_ROUND);
-    picture.StrokePath (style.width, ink); // all at once, so that nothing adds up where strokes meet
+    picture.StrokePath (style.width, ink); // all at once, so that nothing adds up where lines meet
     cairo_restore (context);
 }
 
