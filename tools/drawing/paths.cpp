@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <stdexcept>
-#include <string>
 
 namespace tessaly::drawing
 {
@@ -13,14 +11,6 @@ namespace
 {
 
 constexpr double kDegree = std::numbers::pi / 180.0;
-
-cairo_status_t AppendBytes (void* closure, const unsigned char* data, unsigned int length)
-{
-    const auto* first = reinterpret_cast<const std::byte*> (data);
-    auto& png = *static_cast<Png*> (closure);
-    png.insert (png.end (), first, first + length);
-    return CAIRO_STATUS_SUCCESS;
-}
 
 } // namespace
 
@@ -66,15 +56,6 @@ void AddRay (cairo_t* path, Point center, double fromRadius, double toRadius, do
     const Point to = OnCircle (center, toRadius, degree);
     cairo_move_to (path, from.x, from.y);
     cairo_line_to (path, to.x, to.y);
-}
-
-Png PngOf (cairo_surface_t* pixels)
-{
-    Png png;
-    const auto status = cairo_surface_write_to_png_stream (pixels, AppendBytes, &png);
-    if (status != CAIRO_STATUS_SUCCESS)
-        throw std::runtime_error (std::string ("a picture can't be made: ") + cairo_status_to_string (status));
-    return png;
 }
 
 } // namespace tessaly::drawing

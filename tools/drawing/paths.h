@@ -1,8 +1,6 @@
 #pragma once
 
 #include <cairo.h>
-#include <cstddef>
-#include <vector>
 
 namespace tessaly::drawing
 {
@@ -33,10 +31,5 @@ void AddRoundBox (cairo_t* path, const Box& box, double radius);
 void AddCircle (cairo_t* path, Point center, double radius);
 void AddArc (cairo_t* path, Point center, double radius, double fromDegree, double toDegree); ///< in either order
 void AddRay (cairo_t* path, Point center, double fromRadius, double toRadius, double degree);
-
-using Png = std::vector<std::byte>;
-
-/// @throws std::runtime_error when Cairo can't write it
-Png PngOf (cairo_surface_t* pixels);
 
 } // namespace tessaly::drawing

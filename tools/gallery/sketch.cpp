@@ -2,12 +2,8 @@
 
 #include "canvas_imp.h"
 #include "palette.h"
-#include <algorithm>
+#include "paths.h"
 #include <cairo.h>
-#include <cmath>
-#include <numbers>
-#include <stdexcept>
-#include <string>
 
 namespace tessaly::gallery
 {
@@ -15,7 +11,6 @@ namespace tessaly::gallery
 namespace
 {
 
-constexpr double kDegree = std::numbers::pi / 180.0;
 constexpr double kDimShare = 0.3; // of the colour, the rest is the panel's
 
 std::uint8_t Mixed (std::uint8_t part, std::uint8_t panel)
@@ -27,12 +22,6 @@ ZColor Dimmed (ZColor color)
 {
     return { Mixed (color.red, kCellColor.red), Mixed (color.green, kCellColor.green),
              Mixed (color.blue, kCellColor.blue) };
-}
-
-/// Cairo's angles count from the right, clockwise since y grows downwards.
-double CairoAngle (double degree)
-{
-    return (degree + 90.0) * kDegree;
 }
 
 } // namespace
@@ -68,27 +57,16 @@ void Sketch::Use (ZColor color)
     cairo_set_source_rgb (context.get (), shown.red / 255.0, shown.green / 255.0, shown.blue / 255.0);
 }
 
-void Sketch::RoundPath (double x, double y, double width, double height, double radius)
-{
-    auto* path = context.get ();
-    cairo_new_sub_path (path);
-    cairo_arc (path, x + width - radius, y + radius, radius, -90.0 * kDegree, 0.0);
-    cairo_arc (path, x + width - radius, y + height - radius, radius, 0.0, 90.0 * kDegree);
-    cairo_arc (path, x + radius, y + height - radius, radius, 90.0 * kDegree, 180.0 * kDegree);
-    cairo_arc (path, x + radius, y + radius, radius, 180.0 * kDegree, 270.0 * kDegree);
-    cairo_close_path (path);
-}
-
 void Sketch::RoundRect (double x, double y, double width, double height, double radius, ZColor color)
 {
-    RoundPath (x, y, width, height, radius);
+    drawing::AddRoundBox (context.get (), { x, y, width, height }, radius);
     Use (color);
     cairo_fill (context.get ());
 }
 
 void Sketch::RoundFrame (double x, double y, double width, double height, double radius, ZColor color)
 {
-    RoundPath (x + 0.5, y + 0.5, width - 1.0, height - 1.0, radius);
+    drawing::AddRoundBox (context.get (), drawing::Box{ x, y, width, height }.Inset (0.5), radius);
     Use (color);
     cairo_set_line_width (context.get (), 1.0);
     cairo_stroke (context.get ());
@@ -96,15 +74,14 @@ void Sketch::RoundFrame (double x, double y, double width, double height, double
 
 void Sketch::Disc (double x, double y, double radius, ZColor color)
 {
-    cairo_arc (context.get (), x, y, radius, 0.0, 360.0 * kDegree);
+    drawing::AddCircle (context.get (), { x, y }, radius);
     Use (color);
     cairo_fill (context.get ());
 }
 
 void Sketch::Arc (ZPoint center, double radius, double fromDegree, double toDegree, double lineWidth, ZColor color)
 {
-    const auto ends = std::minmax (fromDegree, toDegree);
-    cairo_arc (context.get (), center.x, center.y, radius, CairoAngle (ends.first), CairoAngle (ends.second));
+    drawing::AddArc (context.get (), { double (center.x), double (center.y) }, radius, fromDegree, toDegree);
     Use (color);
     cairo_set_line_width (context.get (), lineWidth);
     cairo_stroke (context.get ());
@@ -112,9 +89,10 @@ void Sketch::Arc (ZPoint center, double radius, double fromDegree, double toDegr
 
 void Sketch::Ray (ZPoint center, double from, double to, double degree, double lineWidth, ZColor color)
 {
-    const auto x = std::cos (CairoAngle (degree));
-    const auto y = std::sin (CairoAngle (degree));
-    Line (center.x + from * x, center.y + from * y, center.x + to * x, center.y + to * y, lineWidth, color);
+    const drawing::Point middle{ double (center.x), double (center.y) };
+    const auto first = drawing::OnCircle (middle, from, degree);
+    const auto last = drawing::OnCircle (middle, to, degree);
+    Line (first.x, first.y, last.x, last.y, lineWidth, color);
 }
 
 void Sketch::Line (double x1, double y1, double x2, double y2, double lineWidth, ZColor color)

@@ -38,7 +38,6 @@ public:
 private:
     ZColor Shown (ZColor color) const;
     void Use (ZColor color);
-    void RoundPath (double x, double y, double width, double height, double radius);
 
     ZCairoCanvasImp imp;
     CairoContext context; // on the same surface

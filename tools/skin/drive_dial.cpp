@@ -13,6 +13,7 @@ namespace
 {
 
 constexpr Point kMiddle{ 28.0, 28.0 };
+constexpr double kArcWidth = 2.98; // 3 on the panel; it must not spill into the frame's outermost row
 constexpr int kFlutes = 24;
 constexpr double kSkirtInner = 16.0;
 constexpr double kSkirtOuter = 20.8;
@@ -68,7 +69,7 @@ void DrawDriveDial (Picture& picture, std::int32_t column, std::int32_t frame)
     const Look& look = kLooks[column];
     const double degree = DialDegree (frame);
     if (frame > 0)
-        picture.Arc (kMiddle, 25.5, 30.0, degree, 3.0, look.light);
+        picture.Arc (kMiddle, 25.5, 30.0, degree, kArcWidth, look.light);
     picture.Disc (kMiddle, 21.6, kShadow.At (0.6));
     DrawSkirt (picture, look, degree);
     picture.Disc (kMiddle, 16.4, kShadow);

@@ -1,5 +1,6 @@
 #include "images.h"
 #include "pack.h"
+#include "png_file.h"
 #include "sheet.h"
 
 #include <cairo.h>

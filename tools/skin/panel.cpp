@@ -122,12 +122,22 @@ void DrawAll (Picture& picture, std::uint32_t off)
         DrawBandNamesOff (picture);
 }
 
-/// The part of the panel that begins at `place`, in the rectangle of the picture.
-void DrawPart (Picture& picture, const ZRect& rect, Point place, std::uint32_t off)
+/// The part of the panel that begins at `place`, in the rectangle of the picture. It is copied out of a whole panel:
+/// drawn by itself, a smoothed edge can come out a shade different where the clip cuts it.
+void CopyPart (Picture& picture, const ZRect& rect, Point place, std::uint32_t off)
 {
+    const double density = picture.Density ();
+    Picture panel (static_cast<std::int32_t> (kWidth), static_cast<std::int32_t> (kHeight),
+                   static_cast<std::int32_t> (density));
+    DrawAll (panel, off);
     picture.BeginFrame (rect);
-    cairo_translate (picture.Context (), -place.x, -place.y);
-    DrawAll (picture, off);
+    cairo_t* context = picture.Context ();
+    cairo_save (context);
+    cairo_identity_matrix (context);
+    cairo_set_source_surface (context, panel.Surface (), (rect.left - place.x) * density,
+                              (rect.top - place.y) * density);
+    cairo_paint (context);
+    cairo_restore (context);
 }
 
 } // namespace
@@ -139,20 +149,20 @@ void DrawPanel (Picture& picture)
 
 void DrawCompressorOff (Picture& picture)
 {
-    DrawPart (picture, { 0, 0, 209, 176 }, { 27, 57 }, kCompressorLabels);
+    CopyPart (picture, { 0, 0, 209, 176 }, { 27, 57 }, kCompressorLabels);
 }
 
 void DrawEqualizerOff (Picture& picture)
 {
-    DrawPart (picture, { 0, 0, 250, 79 }, { 283, 138 }, kEqualizerLabels);
+    CopyPart (picture, { 0, 0, 250, 79 }, { 283, 138 }, kEqualizerLabels);
     picture.BeginFrame ({ 0, 79, 250, 80 });
     picture.Fill (kPlate);
-    DrawPart (picture, { 0, 80, 250, 101 }, { 283, 218 }, kTotalGainLabels);
+    CopyPart (picture, { 0, 80, 250, 101 }, { 283, 218 }, kTotalGainLabels);
 }
 
 void DrawMeterCover (Picture& picture)
 {
-    DrawPart (picture, { 0, 0, 9, 74 }, { 501, 58 }, kAlwaysLit);
+    CopyPart (picture, { 0, 0, 9, 74 }, { 501, 58 }, kAlwaysLit);
 }
 
 } // namespace tessaly::skin

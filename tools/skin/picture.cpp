@@ -6,6 +6,13 @@
 namespace tessaly::skin
 {
 
+namespace
+{
+
+constexpr double kTolerance = 0.01; // pixels; Cairo's own 0.1 lets circles bulge into the next row
+
+} // namespace
+
 Picture::Picture (std::int32_t width, std::int32_t height, std::int32_t pixels)
     : density (pixels)
     , surface (cairo_image_surface_create (CAIRO_FORMAT_ARGB32, width * pixels, height * pixels))
@@ -13,6 +20,7 @@ Picture::Picture (std::int32_t width, std::int32_t height, std::int32_t pixels)
 {
     if (cairo_status (context.get ()) != CAIRO_STATUS_SUCCESS)
         throw std::runtime_error ("there is no memory for a picture");
+    cairo_set_tolerance (context.get (), kTolerance);
     BeginFrame ({ 0, 0, width, height });
 }
 

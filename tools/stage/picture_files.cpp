@@ -8,27 +8,6 @@
 namespace tessaly::stage
 {
 
-namespace
-{
-
-cairo_status_t AppendBytes (void* png, const unsigned char* bytes, unsigned int count)
-{
-    const auto* begin = reinterpret_cast<const std::byte*> (bytes);
-    static_cast<Png*> (png)->insert (static_cast<Png*> (png)->end (), begin, begin + count);
-    return CAIRO_STATUS_SUCCESS;
-}
-
-} // namespace
-
-Png PngOf (cairo_surface_t* pixels)
-{
-    Png png;
-    const auto status = cairo_surface_write_to_png_stream (pixels, AppendBytes, &png);
-    if (status != CAIRO_STATUS_SUCCESS)
-        throw std::runtime_error (std::string ("a picture can't be made: ") + cairo_status_to_string (status));
-    return png;
-}
-
 void WritePictures (const Pictures& pictures, const std::filesystem::path& folder)
 {
     std::vector<std::unique_ptr<host::PendingFile>> files;

@@ -1,19 +1,15 @@
 #pragma once
 
-#include <cairo.h>
-#include <cstddef>
+#include "png_file.h"
 #include <filesystem>
 #include <map>
 #include <string>
-#include <vector>
 
 namespace tessaly::stage
 {
 
-using Png = std::vector<std::byte>; // the file's bytes
-
-/// @throws std::runtime_error when Cairo can't write it
-Png PngOf (cairo_surface_t* pixels);
+using drawing::Png;
+using drawing::PngOf;
 
 using Pictures = std::map<std::string, Png>; // by name, without folder and extension
 
