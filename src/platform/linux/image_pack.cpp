@@ -12,7 +12,10 @@ namespace
 {
 
 constexpr std::size_t kNameBytes = 32;
-constexpr int kLevel = 7; // of zlib: 9 takes three times as long for 2 % less
+constexpr std::size_t kMostWordsPerPixel = 2; // a run and its singles, if each is one pixel
+constexpr std::size_t kLongestRun = 0xFFFF;
+constexpr std::size_t kLeastRun = 3; // shorter ones are written as single pixels
+constexpr int kLevel = 7;            // of zlib: 9 takes three times as long for 2 % less
 
 /// Numbers and names, one after another.
 class Reader
@@ -69,6 +72,42 @@ bool IsSound (const ImagePack::Image& image, std::uint32_t tileCount)
            std::int64_t{ image.firstTile } + image.TileCount () <= tileCount;
 }
 
+/// @return no words when they can't be read
+std::vector<std::uint32_t> Inflated (std::span<const std::byte> packed, std::size_t mostWords)
+{
+    std::uint32_t count = 0;
+    if (packed.size () < sizeof count)
+        return {};
+    std::memcpy (&count, packed.data (), sizeof count);
+    if (count > mostWords)
+        return {};
+    std::vector<std::uint32_t> words (count);
+    const auto stream = packed.subspan (sizeof count);
+    auto size = static_cast<uLongf> (words.size () * sizeof words[0]);
+    if (uncompress (reinterpret_cast<Bytef*> (words.data ()), &size, reinterpret_cast<const Bytef*> (stream.data ()),
+                    static_cast<uLong> (stream.size ())) != Z_OK)
+        return {};
+    words.resize (size / sizeof words[0]);
+    return words;
+}
+
+/// @return whether the runs are as many pixels as there is room for
+bool ReadRuns (std::span<const std::uint32_t> words, std::span<std::uint32_t> pixels)
+{
+    while (words.size () >= 2)
+    {
+        const std::size_t run = words[0] & 0xFFFFU;
+        const std::size_t singles = words[0] >> 16U;
+        if (run + singles > pixels.size () || singles > words.size () - 2)
+            return false;
+        std::fill_n (pixels.begin (), run, words[1]);
+        std::copy_n (words.begin () + 2, singles, pixels.begin () + static_cast<std::ptrdiff_t> (run));
+        words = words.subspan (2 + singles);
+        pixels = pixels.subspan (run + singles);
+    }
+    return words.empty () && pixels.empty ();
+}
+
 void Combine (std::span<std::uint32_t> pixels, std::span<const std::uint32_t> reference)
 {
     for (std::size_t i = 0; i < pixels.size (); ++i)
@@ -103,14 +142,51 @@ std::vector<std::uint32_t> TileOf (const ImageToPack& source, TilePlace place)
     return tile;
 }
 
-std::vector<std::byte> Compressed (std::span<const std::uint32_t> pixels)
+/// How many equal pixels come first, as far as a run can count.
+std::size_t RunLength (std::span<const std::uint32_t> pixels)
 {
-    auto size = compressBound (static_cast<uLong> (pixels.size_bytes ()));
-    std::vector<std::byte> packed (size);
-    if (compress2 (reinterpret_cast<Bytef*> (packed.data ()), &size, reinterpret_cast<const Bytef*> (pixels.data ()),
-                   static_cast<uLong> (pixels.size_bytes ()), kLevel) != Z_OK)
+    const auto end = pixels.begin () + static_cast<std::ptrdiff_t> (std::min (pixels.size (), kLongestRun));
+    return static_cast<std::size_t> (
+        std::find_if (pixels.begin (), end, [&] (std::uint32_t pixel) { return pixel != pixels[0]; }) -
+        pixels.begin ());
+}
+
+/// How many come first before the next run that is worth writing.
+std::size_t SingleCount (std::span<const std::uint32_t> pixels)
+{
+    std::size_t count = 0;
+    while (count < std::min (pixels.size (), kLongestRun) && RunLength (pixels.subspan (count)) < kLeastRun)
+        ++count;
+    return count;
+}
+
+std::vector<std::uint32_t> AsRuns (std::span<const std::uint32_t> pixels)
+{
+    std::vector<std::uint32_t> words;
+    while (!pixels.empty ())
+    {
+        const auto run = RunLength (pixels);
+        const auto singles = pixels.subspan (run, SingleCount (pixels.subspan (run)));
+        words.push_back (static_cast<std::uint32_t> (run | singles.size () << 16U));
+        words.push_back (pixels[0]);
+        words.insert (words.end (), singles.begin (), singles.end ());
+        pixels = pixels.subspan (run + singles.size ());
+    }
+    return words;
+}
+
+std::vector<std::byte> Compressed (std::span<const std::uint32_t> words)
+{
+    std::vector<std::byte> packed;
+    AppendNumber (packed, words.size ());
+    auto size = compressBound (static_cast<uLong> (words.size_bytes ()));
+    const auto begin = packed.size ();
+    packed.resize (begin + size);
+    if (compress2 (reinterpret_cast<Bytef*> (packed.data () + begin), &size,
+                   reinterpret_cast<const Bytef*> (words.data ()), static_cast<uLong> (words.size_bytes ()),
+                   kLevel) != Z_OK)
         throw std::runtime_error ("an image can't be packed");
-    packed.resize (size);
+    packed.resize (begin + size);
     return packed;
 }
 
@@ -133,7 +209,7 @@ void AppendTiles (const ImageToPack& source, std::vector<std::vector<std::byte>>
             auto tile = TileOf (source, place);
             if (!place.IsFirst ())
                 Combine (tile, TileOf (source, ReferenceOf (place)));
-            tiles.push_back (Compressed (tile));
+            tiles.push_back (Compressed (AsRuns (tile)));
         }
 }
 
@@ -196,11 +272,8 @@ bool ImagePack::Unpack (const Image& image, TilePlace place, std::span<const std
                         std::span<std::uint32_t> pixels) const
 {
     const auto tile = static_cast<std::size_t> (image.firstTile + place.row * image.Columns () + place.column);
-    auto size = static_cast<uLongf> (pixels.size_bytes ());
     const auto packed = file.subspan (begins[tile], begins[tile + 1] - begins[tile]);
-    if (uncompress (reinterpret_cast<Bytef*> (pixels.data ()), &size, reinterpret_cast<const Bytef*> (packed.data ()),
-                    static_cast<uLong> (packed.size ())) != Z_OK ||
-        size != pixels.size_bytes ())
+    if (!ReadRuns (Inflated (packed, kMostWordsPerPixel * pixels.size ()), pixels))
         return false;
     if (!place.IsFirst ())
         Combine (pixels, reference);
