@@ -12,6 +12,31 @@ namespace
 
 constexpr Vst::ParamID kTotalGain = 17;
 
+/// An editor that announces itself to the processor.
+class Listener final : public ZEffectListener
+{
+public:
+    explicit Listener (const StripInHost& strip)
+    {
+        ZEffectListener* const pointer = this;
+        REQUIRE (Send (&strip.instance.Component (), "ConnectEditorPointer", &pointer, sizeof (pointer)) == kResultOk);
+    }
+    bool OnEffectEvent (std::int32_t code, void* data) override
+    {
+        codes.push_back (code);
+        if (code == 5)
+            rate = *static_cast<double*> (data);
+        else if (code == 9)
+            bypasses.push_back (*static_cast<bool*> (data));
+        return true;
+    }
+    bool OnEffectEvent2 (std::int32_t, void*) override { return false; }
+
+    std::vector<std::int32_t> codes;
+    std::vector<bool> bypasses;
+    double rate = 0.0;
+};
+
 } // namespace
 
 TEST_CASE ("The strip has one mono bus each way, takes any one speaker and refuses the rest")
@@ -136,32 +161,31 @@ TEST_CASE ("The output never counts as silent, and doubles or a channel without 
 
 TEST_CASE ("An editor that announces itself hears the effect's codes until it leaves")
 {
-    class Listener final : public ZEffectListener
-    {
-    public:
-        bool OnEffectEvent (std::int32_t code, void* data) override
-        {
-            codes.push_back (code);
-            if (code == 5)
-                CHECK (*static_cast<double*> (data) == 96000.0);
-            return true;
-        }
-        bool OnEffectEvent2 (std::int32_t, void*) override { return false; }
-        std::vector<std::int32_t> codes;
-    };
-
     StripInHost strip;
-    Listener listener;
-    ZEffectListener* pointer = &listener;
-    auto* component = &strip.instance.Component ();
-    REQUIRE (Send (component, "ConnectEditorPointer", &pointer, sizeof (pointer)) == kResultOk);
+    Listener listener (strip);
     strip.instance.Setup (96000.0, 512, Vst::kRealtime);
     CHECK (listener.codes == std::vector<std::int32_t>{ 5, 6 });
+    CHECK (listener.rate == 96000.0);
     listener.codes.clear ();
     strip.Set (20, 1.0);
     CHECK (listener.codes == std::vector<std::int32_t> (17, 12)); // one a morphed parameter
-    REQUIRE (Send (component, "DisconnectEditorPointer", &pointer, sizeof (pointer)) == kResultOk);
+    REQUIRE (Send (&strip.instance.Component (), "DisconnectEditorPointer", &strip, 1) == kResultOk); // any data
     listener.codes.clear ();
     strip.Set (20, 0.0);
     CHECK (listener.codes.empty ());
+}
+
+TEST_CASE ("A block's points reach the strip with the block, or by 64 when there are more")
+{
+    StripInHost strip;
+    strip.Start (Vst::kOffline);
+    Listener listener (strip);
+    std::vector<host::ParameterPoint> points;
+    for (int offset = 0; offset < 67; ++offset)
+        points.push_back ({ 21, 1.0, offset });
+    strip.Run (0.5f, 128, points);
+    // Each point tells of the bypass as it was before its block; the 65th made room, so the next one sees the others.
+    std::vector<bool> expected (65, false);
+    expected.resize (67, true);
+    CHECK (listener.bypasses == expected);
 }
