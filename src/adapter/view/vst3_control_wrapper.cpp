@@ -73,6 +73,8 @@ ZVst3ControlWrapper::ZVst3ControlWrapper (const CRect& size, ZGuiEditor& shown, 
     , editor (shown)
     , view (of)
 {
+    // A click with the control key is the panel's to take: VSTGUI would set this control's own value by it.
+    CheckDefaultValueEventFunc = [] (CControl*, MouseDownEvent&) { return false; };
 }
 
 ZVst3ControlWrapper::ZVst3ControlWrapper (const ZVst3ControlWrapper& other)
