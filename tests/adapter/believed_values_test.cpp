@@ -58,30 +58,6 @@ TEST_CASE ("A host's own double of a restored dial makes no fresh morph")
     CHECK (strip.instance.SaveState () == state);
 }
 
-TEST_CASE ("Parameters set one by one before or after a state leave its edits as they are")
-{
-    StripInHost source;
-    source.Set (kMorph, 0.375);
-    for (const Vst::ParamID id : { kAttack, 5u, 10u, 17u })
-        source.Set (id, 0.25);
-    const auto state = source.instance.SaveState ();
-
-    for (const bool stateIsLast : { true, false })
-    {
-        StripInHost strip;
-        strip.Set (kMorph, 0.9);
-        if (!stateIsLast)
-            strip.instance.LoadState (state);
-        for (Vst::ParamID id = 0; id < 22; ++id)
-            strip.Set (id, source.Value (id));
-        if (stateIsLast)
-            strip.instance.LoadState (state);
-        CHECK (strip.instance.SaveState () == state);
-        for (Vst::ParamID id = 0; id < 22; ++id)
-            CHECK (strip.Value (id) == source.Value (id));
-    }
-}
-
 TEST_CASE ("An input without channels gives silence, not what the host's buffer held")
 {
     StripInHost strip;

@@ -196,15 +196,3 @@ TEST_CASE ("An editor's value is performed once in its held edit, which ends whe
     halves.controller->getParameterCount ();
     CHECK (halves.Ids (Kind::endEdit) == std::vector<Vst::ParamID>{ 0 });
 }
-
-TEST_CASE ("A view's meters are those that the host feeds, at once, and show nothing after a stop")
-{
-    JoinedHalves halves;
-    ZVuBuffer* meters = nullptr;
-    REQUIRE (halves.controller->GetInfo (kCodeVuBuffer, &meters));
-    halves.controller->setParamNormalized (kFirstMeterId + 1, 0.5);
-    CHECK (meters->Get (0) == 0.0f);
-    CHECK (meters->Get (1) == 0.5f);
-    halves.processor->setActive (false);
-    CHECK (meters->Get (1) == 0.0f);
-}

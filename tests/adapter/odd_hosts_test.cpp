@@ -55,9 +55,9 @@ struct LooseHalves
         CHECK (componentPoint->connect (controllerPoint) == kResultOk);
         CHECK (controllerPoint->connect (componentPoint) == kResultOk);
     }
+    void ConnectTwice () { CHECK (componentPoint->connect (controllerPoint) != kResultOk); }
     void Reconnect ()
     {
-        CHECK (componentPoint->connect (controllerPoint) != kResultOk); // once is enough
         componentPoint->disconnect (controllerPoint);
         CHECK (componentPoint->connect (controllerPoint) == kResultOk);
     }
@@ -133,12 +133,13 @@ std::vector<Order> Orders ()
     using H = LooseHalves;
     return {
         { "deleted without a word", { &H::SetUp, &H::On } },
+        { "terminated while active", { &H::SetUp, &H::On, &H::EndComponent, &H::EndController } },
         { "activated and deactivated twice", { &H::Off, &H::SetUp, &H::On, &H::On, &H::Play, &H::Off, &H::Off } },
         { "processing before it is active, or set up", { &H::Play } },
         { "set up anew while active", { &H::SetUp, &H::On, &H::Play, &H::SetUpOddly } },
         { "never connected", { &H::ShowsNothing } },
         { "connected twice, and again after a disconnection",
-          { &H::Connect, &H::SetQuarter, &H::Reconnect, &H::ShowsQuarter, &H::Disconnect } },
+          { &H::Connect, &H::SetQuarter, &H::ConnectTwice, &H::Reconnect, &H::ShowsQuarter, &H::Disconnect } },
         { "terminated and initialized again",
           { &H::Connect, &H::EndComponent, &H::InitializeComponent, &H::SetUp, &H::On, &H::Play, &H::EndComponent } },
         { "the component gone first", { &H::Connect, &H::EndComponent, &H::DropComponent, &H::ShowsNothing } },
@@ -182,6 +183,30 @@ TEST_CASE ("Odd hosts: every message delivered twice and to both halves, so an e
     halves.componentPoint->disconnect (&doubling);
     halves.ShowsNothing ();
     CHECK (messages == 4); // connected, mono, active, disconnected
+}
+
+TEST_CASE ("Odd hosts: parameters set one by one before or after the state leave its edits beside the dial alone")
+{
+    StripInHost source;
+    source.Set (kMorph, 0.375);
+    for (const Vst::ParamID id : { 1u, 5u, 10u, 17u })
+        source.Set (id, 0.25);
+    const auto state = source.instance.SaveState ();
+
+    for (const bool stateIsLast : { true, false })
+    {
+        StripInHost strip;
+        strip.Set (kMorph, 0.9);
+        if (!stateIsLast)
+            strip.instance.LoadState (state);
+        for (Vst::ParamID id = 0; id < 22; ++id)
+            strip.Set (id, source.Value (id));
+        if (stateIsLast)
+            strip.instance.LoadState (state);
+        CHECK (strip.instance.SaveState () == state);
+        for (Vst::ParamID id = 0; id < 22; ++id)
+            CHECK (strip.Value (id) == source.Value (id));
+    }
 }
 
 TEST_CASE ("Odd hosts: edits end with the handler that heard them begin, whenever it goes")
