@@ -40,6 +40,11 @@ public:
     void End ();
     bool HasEnded () const { return ended.load (std::memory_order_acquire); } ///< any thread
 
+    /// Values reached the storage by another road than the controller: points of a block, or a state. Any thread.
+    void MarkValuesMoved () { valuesMoved.store (true, std::memory_order_release); }
+    /// @return whether they have since the last call; the values themselves are seen then
+    bool TakeValuesMoved () { return valuesMoved.load () && valuesMoved.exchange (false, std::memory_order_acquire); }
+
     static std::shared_ptr<LiveEffect> Find (const ZEffect* effect); ///< null when not listed; takes the list's lock
 
     ZEffect* Effect () const { return effect.get (); }            ///< null until Adopt
@@ -58,6 +63,7 @@ private:
     GuardedPointer<ZEffectListener> editor; // not owned: the view's
     std::unique_ptr<ZEffect> effect;        // ahead of what it looks at
     std::atomic<bool> ended = false;
+    std::atomic<bool> valuesMoved = false;
     bool listed = false;        // the list's lock
     LiveEffect* next = nullptr; // not owned: the next one of the list; the list's lock
 };

@@ -442,7 +442,8 @@ void ZVst3ControllerWrapper::EndAllEdits ()
     EndAllHeldEdits ();
 }
 
-/// What is to happen by time or without a message, looked at on every call of the host. All of it belongs to the host's
+/// What is to happen by time or without a message, looked at on every call of the host: the parameter objects follow the
+/// points of an offline block, or a state, that some hosts give to the processor alone. All of it belongs to the host's
 /// own thread, and nothing happens while the host is being told of a change.
 void ZVst3ControllerWrapper::OnHostCall ()
 {
@@ -450,6 +451,8 @@ void ZVst3ControllerWrapper::OnHostCall ()
         return;
     if (!HasEffect ()) // a host's connection may drop messages off its main thread, that of the end too
         TellViewsOfEnd ();
+    else if (life->TakeValuesMoved ())
+        RefreshValues ();
     edits.EndExpired (clock ());
 }
 

@@ -205,6 +205,7 @@ tresult PLUGIN_API ZVst3EffectWrapper::setState (IBStream* stream)
     effect->SetLoading (true);
     const tresult result = stateBlock.ReadBlock (accessor, stream);
     effect->SetLoading (false);
+    life->MarkValuesMoved ();
     return result;
 }
 
@@ -248,6 +249,7 @@ tresult PLUGIN_API ZVst3EffectWrapper::process (Vst::ProcessData& data)
     if (lastProcessMode == Vst::kOffline || data.processMode == Vst::kOffline)
         offlineLatch = true;
     appliesPoints = offlineLatch && HasAudio (data) && data.symbolicSampleSize == Vst::kSample32;
+    hasAppliedPoints = false;
     parameterQueue.Clear ();
     CollectParameterChanges (data.inputParameterChanges);
     CollectEvents (data.inputEvents);
@@ -323,6 +325,7 @@ void ZVst3EffectWrapper::AddPoint (Vst::ParamID id, int32 sampleOffset, float va
         parameterQueue.Clear ();
     }
     parameterQueue.Add (sampleOffset, id, value);
+    hasAppliedPoints = appliesPoints;
 }
 
 void ZVst3EffectWrapper::CollectEvents (Vst::IEventList* events)
@@ -383,6 +386,8 @@ void ZVst3EffectWrapper::ProcessBlock (Vst::ProcessData& data)
         effect->BeforeProcess ();
         effect->Process (block);
         effect->AfterProcess (block);
+        if (hasAppliedPoints)
+            life->MarkValuesMoved ();
     }
     SilenceWithoutInput (data);
     data.outputs[0].silenceFlags = block.silenceFlags;

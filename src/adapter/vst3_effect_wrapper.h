@@ -86,8 +86,9 @@ private:
     ZParameterQueue parameterQueue;
     ZTimeInfo timeInfo;
     std::int32_t lastProcessMode = 0;
-    bool offlineLatch = false;  // the block after the last offline one still counts as offline
-    bool appliesPoints = false; // the points of the block at hand will be applied, not dropped
+    bool offlineLatch = false;     // the block after the last offline one still counts as offline
+    bool appliesPoints = false;    // the points of the block at hand will be applied, not dropped
+    bool hasAppliedPoints = false; // and there are some
     bool hasSideChain = false;
     bool stateLoaded = false; // a host has given a state
     ZVst3StateBlock stateBlock;

@@ -45,6 +45,34 @@ TEST_CASE ("After a state that the controller was not told of the host's value r
     CHECK (strip.instance.SaveState () == before);
 }
 
+TEST_CASE ("The parameter objects follow an offline block's points, and tell nobody")
+{
+    StripInHost strip;
+    strip.Start (Vst::kOffline);
+    strip.calls.clear ();
+    strip.Run (0.5f, 16, { { kDrive, 0.75 }, { kMorph, 1.0 } });
+    CHECK (strip.Value (kDrive) == 0.75);
+    CHECK (strip.Value (kAttack) == doctest::Approx (38.0 / 226.0)); // the last key point's step 95, of 57 to 283
+    CHECK (strip.calls.empty ());
+}
+
+TEST_CASE ("A state given to the processor alone shows, and the dial at 0 morphs anew")
+{
+    StripInHost source;
+    source.Set (kMorph, 1.0);
+    auto state = source.instance.SaveState ();
+    ResizableMemoryIBStream stream;
+    stream.write (state.data (), static_cast<int32> (state.size ()), nullptr);
+    stream.rewind ();
+    StripInHost strip;
+    CHECK (strip.instance.Component ().setState (&stream) == kResultOk);
+    CHECK (strip.instance.Controller ().setState (nullptr) == kResultOk);
+    CHECK (strip.Value (kMorph) == 1.0);
+    CHECK (strip.Value (kAttack) == doctest::Approx (38.0 / 226.0));
+    CHECK (strip.Set (kMorph, 0.0) == kResultOk);
+    CHECK (strip.Value (kAttack) == doctest::Approx (127.0 / 226.0)); // the first one's step 184
+}
+
 TEST_CASE ("A host's own double of a restored dial makes no fresh morph")
 {
     StripInHost source;
