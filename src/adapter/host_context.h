@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pluginterfaces/base/funknown.h"
 #include "pluginterfaces/base/smartpointer.h"
 
 namespace tessaly

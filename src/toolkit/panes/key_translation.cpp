@@ -6,13 +6,13 @@ namespace tessaly
 namespace
 {
 
-constexpr char kKeepCharacter = 0; // the host's stays
+constexpr std::int32_t kKeepCharacter = 0; // the host's stays
 
 struct Translation
 {
     std::int32_t virtualCode;
     std::int32_t key;
-    char character;
+    std::int32_t character;
 };
 
 constexpr Translation kVirtualKeys[]{
@@ -60,13 +60,13 @@ Translation ByVirtualCode (std::int32_t code)
         if (row.virtualCode == code)
             return row;
     if (const auto digit = code - kFirstNumPadCode; IsInRow (code, kFirstNumPadCode, kNumPadKeys))
-        return { code, kKeyNumPad0 + digit, static_cast<char> ('0' + digit) };
+        return { code, kKeyNumPad0 + digit, '0' + digit };
     if (IsInRow (code, kFirstFunctionCode, kFunctionKeys))
         return { code, kKeyF1 + code - kFirstFunctionCode, kKeepCharacter };
     return { code, kKeyNone, kKeepCharacter };
 }
 
-std::int32_t ByCharacter (char character, std::int32_t otherwise)
+std::int32_t ByCharacter (std::int32_t character, std::int32_t otherwise)
 {
     switch (character)
     {
@@ -101,12 +101,11 @@ std::int32_t TranslateModifiers (std::int32_t host)
 
 } // namespace
 
-ZKeyInput TranslateKey (const HostKey& host, std::uint32_t time)
+TranslatedKey TranslateKey (const HostKey& host)
 {
     const auto virtualKey = ByVirtualCode (host.virtualCode);
-    const auto typed = host.character > 0 && host.character <= 255 ? static_cast<char> (host.character) : char{ 0 };
-    const auto character = virtualKey.character != kKeepCharacter ? virtualKey.character : typed;
-    return { character, TranslateModifiers (host.modifiers), ByCharacter (character, virtualKey.key), time };
+    const auto character = virtualKey.character != kKeepCharacter ? virtualKey.character : host.character;
+    return { character, ByCharacter (host.character, virtualKey.key), TranslateModifiers (host.modifiers) };
 }
 
 } // namespace tessaly

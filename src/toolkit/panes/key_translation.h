@@ -15,9 +15,16 @@ struct HostKey
     std::int32_t modifiers = 0;
 };
 
-/// The key as panes hear of it. Where a key types a control character, that character decides, whatever the virtual
-/// code says. A character that is no single byte is none.
-/// @param time  milliseconds
-ZKeyInput TranslateKey (const HostKey& host, std::uint32_t time);
+/// A key as panes hear of it: a code of Key, a mask of Modifier, and the character, 0 for none; one beyond ASCII still has
+/// to be told to a pane as bytes of UTF-8.
+struct TranslatedKey
+{
+    std::int32_t character = 0;
+    std::int32_t key = kKeyNone;
+    std::int32_t modifiers = 0;
+};
+
+/// Where the host tells a control character, that character decides the key, whatever the virtual code says.
+TranslatedKey TranslateKey (const HostKey& host);
 
 } // namespace tessaly
