@@ -30,12 +30,15 @@ endif()
 
 # house_library(NAME LINKS target...)
 # A library of all sources in this folder. Its folder is its only public include path, so a file can include just the
-# folders that its link line names: an include in the wrong direction does not build.
+# folders that its link line names: an include in the wrong direction does not build. The target
+# all_verify_interface_header_sets compiles every header alone.
 function(house_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS")
     file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
     file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
-    add_library(${name} STATIC ${sources} ${headers})
+    add_library(${name} STATIC ${sources})
+    target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS "${CMAKE_CURRENT_SOURCE_DIR}" FILES ${headers})
     target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+    set_target_properties(${name} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
     target_link_libraries(${name} PUBLIC ${arg_LINKS} PRIVATE house_flags)
 endfunction()
