@@ -26,7 +26,7 @@ PixelBlock Strip ()
 
 std::vector<std::byte> Packed ()
 {
-    const ImageToPack images[]{ { "FIRST.PNG", 2, 2, { 2, 2, { 1, 2, 3, 4 } } }, { "STRIP.PNG", 8, 6, Strip () } };
+    const ImageToPack images[]{ { "FIRST.PNG", 2, 2, { 2, 2, { 0, 0, 0, 0 } } }, { "STRIP.PNG", 8, 6, Strip () } };
     return MakeImagePack (images);
 }
 

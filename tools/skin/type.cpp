@@ -3,7 +3,10 @@
 #include <cairo-ft.h>
 #include <cmath>
 #include <fontconfig/fontconfig.h>
+#include <ft2build.h>
 #include <hb-ft.h>
+#include FT_MODULE_H
+#include FT_DRIVER_H
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -84,6 +87,9 @@ FT_Library Library ()
         FT_Library made = nullptr;
         if (FT_Init_FreeType (&made) != 0)
             throw std::runtime_error ("FreeType can't be started");
+        // The environment can choose another one, and letters would be hinted in another way.
+        FT_UInt interpreter = TT_INTERPRETER_VERSION_40;
+        FT_Property_Set (made, "truetype", "interpreter-version", &interpreter);
         return made;
     }();
     return library;

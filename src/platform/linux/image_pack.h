@@ -15,12 +15,14 @@ namespace tessaly
 // All numbers are unsigned, 32 bits, in the machine's order, for a pack is made where it is used:
 //     image count, tile count, then for each image kNameBytes of name (zeros after it), width, height, tile width, tile
 //     height, first tile; then where each tile begins in the file, and the end of the last; then the tiles.
-// Tiles follow one another along rows. A tile is its pixels, 0xAARRGGBB with premultiplied alpha, exclusive-or another
-// tile, which it mostly resembles: what is the same becomes zeros. In the first column that is the first tile of all, in
-// the others the one of the same row in the first column, since columns are variants of one drawing. What is left is
-// written as runs: how many words they take, and then they as a zlib stream, of runs of this form:
+// Tiles follow one another along rows. A tile is its pixels, 0xAARRGGBB with premultiplied alpha, but for those that are
+// the same in another tile, which it mostly resembles: they are written as kSamePixel. In the first column that is the
+// first tile of all, in the others the one of the same row in the first column, since columns are variants of one
+// drawing. All this is written as runs: how many words they take, and then they as a zlib stream, of runs of this form:
 //     the run's length in the low 16 bits, the number of single pixels after it in the high ones; the run's pixel; those
 // Most of a panel is flat, so that zlib has little to unpack, which is the slow part.
+
+inline constexpr std::uint32_t kSamePixel = 1; // colour without alpha, which no premultiplied pixel has
 
 /// Pixels of an image, row by row.
 struct PixelBlock
