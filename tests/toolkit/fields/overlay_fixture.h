@@ -19,9 +19,9 @@ struct FakeClipboard final : ZClipboard
     void SetText (std::string_view text) override { held = text; }
 };
 
-/// A fixture with one control that opens a drawn field or menu: 60 by 20 pixels in a view at (100, 50). It hands input on
-/// as an editor does: a press goes to the modal pane if it is hit, closes it if not, and may begin a capture; keys go to
-/// the modal pane; every tick reaches all panes. A character is 6 pixels a byte wide.
+/// A fixture with one control that opens a drawn field or menu: 60 by 20 pixels in a view at (100, 50). It hands input
+/// on as an editor does: a press goes to the modal pane if it is hit, closes it if not, and may begin a capture; keys
+/// go to the modal pane; every tick reaches all panes. A character is 6 pixels a byte wide.
 template <typename Control>
 struct OverlayFixture : PaneFixture
 {
