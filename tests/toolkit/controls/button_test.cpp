@@ -119,7 +119,7 @@ TEST_CASE ("ZMultiButton: one of the group is on, a press selects another or fal
         root.Paint (fixture.canvas, 0, {});
         std::string frames;
         for (const auto& call : fixture.surface.Take ())
-            frames += call.back ();
+            frames += std::to_string (call.from.y);
         return frames;
     };
     CHECK (lit () == "200");

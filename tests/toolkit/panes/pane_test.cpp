@@ -43,7 +43,7 @@ struct Tree : PaneFixture
         whole.Paint (canvas, 0, {});
         const auto calls = surface.Take ();
         CHECK (calls.size () <= 1);
-        return calls.empty () ? "" : calls[0];
+        return calls.empty () ? "" : calls[0].words;
     }
 };
 
