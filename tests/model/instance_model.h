@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 #include <span>
+#include <utility>
 
 namespace tessaly::model
 {
@@ -86,6 +87,7 @@ public:
     /// The controller's road: at once, unless the controller shows this value and the strip has it, both as floats.
     void SetFromController (Change change)
     {
+        FollowPoints ();
         const auto [id, value] = change;
         const auto kept = static_cast<float> (value);
         const bool isRepeat = static_cast<float> (shown[id]) == kept && values[id] == kept;
@@ -110,14 +112,28 @@ public:
             return;
         if (queueCounts)
             for (const Change& change : queue)
+            {
                 SetParameter (change.parameter, static_cast<float> (change.value));
+                pointsMovedValues = true;
+            }
         strip.Run (input, output);
     }
 
-    const std::array<double, kParameterCount>& Shown () const { return shown; }
+    const std::array<double, kParameterCount>& Shown ()
+    {
+        FollowPoints ();
+        return shown;
+    }
     const std::array<float, 2>& Meters () const { return strip.Readings (); }
 
 private:
+    /// The controller looks at what the points of blocks have moved whenever the host calls it.
+    void FollowPoints ()
+    {
+        if (std::exchange (pointsMovedValues, false))
+            std::copy (values.begin (), values.end (), shown.begin ());
+    }
+
     float Plain (unsigned parameter) const { return ToPlain (parameter, values[parameter]); }
     bool IsOn (unsigned parameter) const { return Plain (parameter) != 0.0f; }
 
@@ -157,6 +173,7 @@ private:
     std::array<double, kParameterCount> shown{}; // what the controller answers
     StripModel strip;
     bool wasOffline = false;
+    bool pointsMovedValues = false; // since the host's last call of the controller
 };
 
 } // namespace tessaly::model
