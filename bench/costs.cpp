@@ -10,6 +10,7 @@
 #include <functional>
 #include <malloc.h>
 #include <memory>
+#include <numeric>
 #include <random>
 #include <span>
 #include <stdlib.h>
@@ -143,6 +144,129 @@ void PrintSilence (const Bundle& bundle, NamedHost& host, const std::vector<floa
                  sounding / kBlocksASecond, decay / sounding, silent / sounding);
 }
 
+/// The time of each block of an offline render, by its parameter points, which are in the host's queue before the clock
+/// starts. A block of other work in between, an interrupt say, would count, so the render is repeated and each block
+/// counts with its shortest time.
+class BlockTimes
+{
+public:
+    BlockTimes (const Bundle& from, NamedHost& hostContext, const std::vector<float>& sound)
+        : bundle (from)
+        , host (hostContext)
+        , noise (sound)
+    {
+    }
+
+    /// @param pointsOf  of each block, the same in each repetition
+    std::vector<double> Shortest (std::size_t blocks, int repetitions,
+                                  const std::function<std::span<const ParameterPoint> (std::size_t)>& pointsOf)
+    {
+        std::vector<double> shortest (blocks, 1e9);
+        for (int repetition = 0; repetition < repetitions; ++repetition)
+        {
+            Strip strip (bundle, host, Steinberg::Vst::kOffline);
+            for (std::size_t i = 0; i < blocks; ++i)
+                shortest[i] = std::min (shortest[i], OneBlock (strip, i, pointsOf (i)));
+        }
+        const double clock = ClockMicroseconds ();
+        for (double& each : shortest)
+            each -= clock;
+        return shortest;
+    }
+
+private:
+    double OneBlock (Strip& strip, std::size_t block, std::span<const ParameterPoint> points)
+    {
+        using namespace Steinberg;
+        std::array<float, kBlockSize> in{};
+        std::array<float, kBlockSize> out{};
+        std::copy_n (noise.data () + block % kBlocksASecond * kBlockSize, kBlockSize, in.data ());
+        float* inputs[]{ in.data () };
+        float* outputs[]{ out.data () };
+        Vst::AudioBusBuffers input, output;
+        input.numChannels = output.numChannels = 1;
+        input.channelBuffers32 = inputs;
+        output.channelBuffers32 = outputs;
+        inputChanges.clearQueue ();
+        outputChanges.clearQueue ();
+        int32 ignored = 0;
+        for (const ParameterPoint& point : points)
+            if (auto* queue = inputChanges.addParameterData (point.id, ignored))
+                queue->addPoint (point.sampleOffset, point.value, ignored);
+        Vst::ProcessData data;
+        data.processMode = Vst::kOffline;
+        data.symbolicSampleSize = Vst::kSample32;
+        data.numSamples = kBlockSize;
+        data.numInputs = data.numOutputs = 1;
+        data.inputs = &input;
+        data.outputs = &output;
+        data.inputParameterChanges = &inputChanges;
+        data.outputParameterChanges = &outputChanges;
+        const double begin = ThreadMicroseconds ();
+        strip.instance.Processor ().process (data);
+        return ThreadMicroseconds () - begin;
+    }
+
+    /// What a look at the clock itself takes.
+    static double ClockMicroseconds ()
+    {
+        double shortest = 1e9;
+        for (int i = 0; i < 10000; ++i)
+        {
+            const double begin = ThreadMicroseconds ();
+            shortest = std::min (shortest, ThreadMicroseconds () - begin);
+        }
+        return shortest;
+    }
+
+    const Bundle& bundle;
+    NamedHost& host;
+    const std::vector<float>& noise;
+    Steinberg::Vst::ParameterChanges inputChanges, outputChanges;
+};
+
+/// Half of the blocks set some of the parameters, in any order, to any value; each but once.
+std::vector<std::vector<ParameterPoint>> AnyAutomation (std::size_t blocks, std::size_t mostParameters)
+{
+    constexpr unsigned kParameters = 22;
+    std::mt19937 random (1);
+    std::uniform_real_distribution<double> anyValue (0.0, 1.0);
+    std::vector<std::vector<ParameterPoint>> automation (blocks);
+    for (auto& points : automation)
+    {
+        std::array<unsigned, kParameters> ids{};
+        std::iota (ids.begin (), ids.end (), 0U);
+        std::shuffle (ids.begin (), ids.end (), random);
+        const std::size_t count = random () % 2 == 0 ? 0 : 1 + random () % mostParameters;
+        for (const unsigned id : std::span (ids).first (count))
+            points.push_back ({ id, anyValue (random), static_cast<int> (random () % kBlockSize) });
+    }
+    return automation;
+}
+
+/// A million blocks for each row.
+void PrintWorstBlock (const Bundle& bundle, NamedHost& host, const std::vector<float>& noise)
+{
+    constexpr std::size_t kBlocks = 100000;
+    constexpr int kRepetitions = 10;
+    BlockTimes times (bundle, host, noise);
+    auto steady = times.Shortest (kBlocks / 10, kRepetitions, [] (std::size_t) { return NoPoints (0); });
+    std::sort (steady.begin (), steady.end ());
+    const double usual = steady[steady.size () / 2];
+    std::printf ("\nblocks of %d under automation, against a steady one of %.2f us\n", kBlockSize, usual);
+    std::printf ("parameters set in a block   average   one of a thousand   worst\n");
+    for (const std::size_t most : { 1U, 4U, 10U, 22U })
+    {
+        const auto automation = AnyAutomation (kBlocks, most);
+        auto moving = times.Shortest (kBlocks, kRepetitions,
+                                      [&] (std::size_t i) { return std::span<const ParameterPoint> (automation[i]); });
+        std::sort (moving.begin (), moving.end ());
+        std::printf ("%17s %7zu %9.2f %19.2f %7.2f\n", "up to", most,
+                     std::accumulate (moving.begin (), moving.end (), 0.0) / kBlocks / usual,
+                     moving[kBlocks - kBlocks / 1000] / usual, moving.back () / usual);
+    }
+}
+
 void PrintMorph (const Bundle& bundle, NamedHost& host, const std::vector<float>& noise)
 {
     constexpr int kSteps = 1000;
@@ -196,6 +320,7 @@ int main ()
         PrintInstances (bundle, host);
         PrintSilence (bundle, host, noise);
         PrintMorph (bundle, host, noise);
+        PrintWorstBlock (bundle, host, noise);
     }
     std::filesystem::remove_all (folder);
     return 0;
