@@ -10,25 +10,25 @@ namespace tessaly
 // copy to another one.
 
 /// Coefficients of one section. In the usual notation b0, b1, b2, -a1, -a2 of a denominator normalized to a0 = 1: the
-/// feedback terms are added, so they carry the sign. All zero: silence. A section of first order has c2 = c4 = 0.
+/// feedback terms are added, so they carry the sign. All zero, as `{}` gives it: silence. A section of first order has c2 = c4 = 0.
 template <typename Number>
 struct SectionCoefs
 {
-    Number c0{};
-    Number c1{};
-    Number c2{};
-    Number c3{};
-    Number c4{};
+    Number c0;
+    Number c1;
+    Number c2;
+    Number c3;
+    Number c4;
 };
 
 /// The last two inputs (s0 the newer) and the last two outputs (s2 the newer) of a section.
 template <typename Number>
 struct SectionState
 {
-    Number s0{};
-    Number s1{};
-    Number s2{};
-    Number s3{};
+    Number s0;
+    Number s1;
+    Number s2;
+    Number s3;
 };
 
 using BiquadCoefs = SectionCoefs<double>;

@@ -50,10 +50,10 @@ private:
     bool isSteady () const { return fadeCounter >= wholeFadeLength; }
 
     std::atomic<bool> pending = false;
-    BiquadState liveState;
-    BiquadCoefs liveCoefs; // of the filter in use, during a crossfade the incoming one
-    BiquadState fadingState;
-    BiquadCoefs fadingCoefs;   // of the outgoing filter
+    BiquadState liveState{};
+    BiquadCoefs liveCoefs{}; // of the filter in use, during a crossfade the incoming one
+    BiquadState fadingState{};
+    BiquadCoefs fadingCoefs{}; // of the outgoing filter
     double fadeLength = 441.0; // L
     std::int32_t wholeFadeLength = 441;
     std::int32_t fadeCounter = 442; // samples done; at or above wholeFadeLength the filter is steady

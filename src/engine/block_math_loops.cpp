@@ -220,13 +220,13 @@ constexpr struct Ones
 } kNoFade;
 
 /// The two filters of a crossfade as the halves of a vector, both with the same input. A section that is in none has an
-/// outgoing filter of zeros, and a weight of 1.
+/// outgoing filter of zeros and a weight of 1.
 class Crossfade
 {
 public:
     explicit Crossfade (const BlendedSection& section)
-        : c (paired (section.live, section.fading))
-        , s (paired (section.liveState, section.fadingState))
+        : c (paired (section.live, section.weight ? section.fading : BiquadCoefs{}))
+        , s (paired (section.liveState, section.weight ? section.fadingState : BiquadState{}))
         , weight (section.weight ? section.weight : kNoFade.weight)
     {
     }
@@ -256,7 +256,7 @@ private:
 ///     fall = A D^2 / 8 + 2 A r D    at most its chord A r D, which meets it at 0 and where it turns, at -8 r
 /// Above 0 the chord lies below the rise, below 0 the 0.925 D below the fall: the larger one holds. Below -8 r the
 /// chord leads under the fastest fall, which holds then.
-inline double follow (const Recursions& r, double detected, double level)
+inline double follow (const DetectorLaw& r, double detected, double level)
 {
     constexpr double kLargestRise = 0.925; // of the distance
     const double distance = level - detected;
@@ -277,7 +277,7 @@ template <bool detects, bool listens, bool equalizes>
 void runSteady (Recursions& r, double* __restrict level, double* __restrict sideChain, double* __restrict y,
                 std::size_t count)
 {
-    const Recursions detector = r;
+    const DetectorLaw detector = r.detector;
     double detected = r.detected;
     const auto highPassAndLow = paired (r.highPass, r.low.live);
     const auto sideChainEqAndMid = paired (r.sideChainEq.live, r.mid.live);
@@ -331,7 +331,7 @@ template <bool detects, bool listens, bool equalizes>
 void runFading (Recursions& r, double* __restrict level, double* __restrict sideChain, double* __restrict y,
                 std::size_t count)
 {
-    const Recursions detector = r;
+    const DetectorLaw detector = r.detector;
     double detected = r.detected;
     const BiquadCoefs highPass = r.highPass;
     BiquadState highPassState = r.highPassState;

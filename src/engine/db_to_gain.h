@@ -1,11 +1,18 @@
 #pragma once
 
 #include <cmath>
+#include <numbers>
 
 namespace tessaly
 {
 
-/// Linear gain of a level in dB, 10^(dB/20), worked out anew only when the level has changed. Audio thread.
+/// Linear gain of a level in dB, 10^(dB/20). As an exponential, which takes half the time of a power.
+inline double linearGain (double db)
+{
+    return std::exp (db * (std::numbers::ln10 / 20));
+}
+
+/// The same for a level that seldom changes: worked out anew only when it has. Audio thread.
 class DbToGain
 {
 public:
@@ -15,7 +22,7 @@ public:
         if (newDb == db)
             return gain;
         db = newDb;
-        if (const double newGain = std::pow (10.0, db / 20); std::isfinite (newGain))
+        if (const double newGain = linearGain (db); std::isfinite (newGain))
             gain = newGain;
         return gain;
     }

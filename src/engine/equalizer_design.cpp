@@ -1,5 +1,7 @@
 #include "equalizer_design.h"
 
+#include "db_to_gain.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -19,11 +21,6 @@ bool isBeyondSpectrum (double sampleRate, double f)
     constexpr double kLowestUncheckedRate = 44100;
     constexpr double kMarginHz = 10;
     return sampleRate < kLowestUncheckedRate && f > sampleRate * 0.5 - kMarginHz;
-}
-
-double linearGain (double gainDb)
-{
-    return std::pow (10.0, gainDb / 20);
 }
 
 double prewarped (double sampleRate, double f)

@@ -50,9 +50,9 @@ private:
 
     std::vector<BiquadState> sectionState;
     std::vector<BiquadCoefs> sectionCoefs;
-    BiquadState firstOrderState; // s0 and s2
-    BiquadCoefs firstOrderCoefs; // c0, c1 and c3: b0, b1 and a1 of y[n] = b0 x[n] + b1 x[n-1] + a1 y[n-1]
-    std::uint32_t evenOrder = 0; // twice the number of sections
+    BiquadState firstOrderState{}; // s0 and s2
+    BiquadCoefs firstOrderCoefs{}; // c0, c1 and c3: b0, b1 and a1 of y[n] = b0 x[n] + b1 x[n-1] + a1 y[n-1]
+    std::uint32_t evenOrder = 0;   // twice the number of sections
     std::uint32_t hasFirstOrderStage = 0;
     std::uint32_t order = 0;
 };

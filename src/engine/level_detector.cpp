@@ -13,21 +13,17 @@ void LevelDetector::setTimes (double attackCoef, double releaseCoef)
         return;
     attack = attackCoef;
     release = releaseCoef;
-    rise = attackCoef * 6.25;
-    fall = rise / 8;
-    const double r = std::sqrt (kOffset / rise);
-    approach = 2 * rise * r;
-    chord = rise * r;
-    fastestFall = std::max (-8 * kOffset, -0.4 * releaseCoef);
+    law.rise = attackCoef * 6.25;
+    law.fall = law.rise / 8;
+    const double r = std::sqrt (kOffset / law.rise);
+    law.approach = 2 * law.rise * r;
+    law.chord = law.rise * r;
+    law.fastestFall = std::max (-8 * kOffset, -0.4 * releaseCoef);
 }
 
 void LevelDetector::gather (Recursions& r) const
 {
-    r.rise = rise;
-    r.fall = fall;
-    r.approach = approach;
-    r.chord = chord;
-    r.fastestFall = fastestFall;
+    r.detector = law;
     r.detected = detectorLevel;
 }
 

@@ -29,13 +29,9 @@ public:
 
 private:
     double detectorLevel = kFloorLevel;
-    double attack = 0.0; // the coefficients that the fields below were worked out from
+    double attack = 0.0; // the coefficients that the law was worked out from
     double release = 0.0;
-    double rise = 0.0;        // A
-    double fall = 0.0;        // A / 8
-    double approach = 0.0;    // 2 A r
-    double chord = 0.0;       // A r
-    double fastestFall = 0.0; // the larger of -0.4 releaseCoef and where the attack's curve turns, -8 * 0.00018
+    DetectorLaw law{};
 };
 
 } // namespace tessaly

@@ -11,24 +11,29 @@ struct BlendedSection
 {
     BiquadCoefs live;
     BiquadState liveState;
-    BiquadCoefs fading; // all zero when no crossfade runs
-    BiquadState fadingState;
     const double* weight = nullptr; // of the next samples, not owned: the caller's; null when no crossfade runs
+    BiquadCoefs fading;             // these two only when one runs
+    BiquadState fadingState;
+};
+
+/// What the level detector does to its distance (level_detector.h).
+struct DetectorLaw
+{
+    double rise;        // A
+    double fall;        // A / 8
+    double approach;    // 2 A r
+    double chord;       // A r
+    double fastestFall; // the larger of -0.4 releaseCoef and where the attack's curve turns, -8 * 0.00018
 };
 
 /// Everything in the strip in which a sample waits for the one before it: the detector, the side chain's filters and
 /// the equalizer. Each of the three alone leaves the processor idle most of the time; run on neighbouring stretches of
 /// sound in one loop (BlockMath::run) they cost little more than the detector alone. A record of at most one chunk:
-/// gathered from the stages, run, and given back to them.
+/// gathered from the stages, run, and given back to them. Unset but for what is gathered: zeros would cost time.
 struct Recursions
 {
-    // Level detector (level_detector.h): A, A/8, 2 A r, A r, the fastest fall, and the level.
-    double rise = 0.0;
-    double fall = 0.0;
-    double approach = 0.0;
-    double chord = 0.0;
-    double fastestFall = 0.0;
-    double detected = 0.0;
+    DetectorLaw detector;
+    double detected; // the detector's level
 
     // Side chain: of first order, then of second.
     BiquadCoefs highPass;

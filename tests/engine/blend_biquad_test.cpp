@@ -39,7 +39,7 @@ public:
                 filter.crossfadeTo (wanted);
             const std::size_t count = std::min ({ filter.samplesToGo (), samples.size () - at, kChunkSamples });
             FadeWeights weights (count);
-            Recursions r;
+            Recursions r{};
             r.low.live = r.high.live = gainOf (1.0);
             filter.gather (r.mid, weights);
             blockMath ().run (r, nullptr, nullptr, &samples[at], count);
@@ -50,7 +50,7 @@ public:
     }
 
     BlendBiquad filter;
-    BiquadCoefs wanted;
+    BiquadCoefs wanted{};
 };
 
 } // namespace

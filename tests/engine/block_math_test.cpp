@@ -26,11 +26,7 @@ using Row = std::array<double, kChunkSamples>;
 Recursions anyRecursions ()
 {
     Recursions r{};
-    r.rise = 0.0125;
-    r.fall = r.rise / 8;
-    r.approach = 0.003;
-    r.chord = 0.0015;
-    r.fastestFall = -0.00016;
+    r.detector = { 0.0125, 0.0125 / 8, 0.003, 0.0015, -0.00016 };
     r.highPass = { 0.99, -0.99, 0.0, 0.98, 0.0 };
     r.sideChainEq.live = { 1.2, -1.7, 0.6, 1.7, -0.8 };
     r.low.live = { 1.1, -0.9, 0.0, 0.93, 0.0 };

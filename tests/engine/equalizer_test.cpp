@@ -29,7 +29,7 @@ TEST_CASE ("Equalizer: each setting crossfades its own band from the next stretc
         CAPTURE (index);
         CHECK (equalizer.takeUpDesigns () == (isOurs ? 480 : std::numeric_limits<std::size_t>::max ()));
         FadeWeights weights (1);
-        Recursions r;
+        Recursions r{};
         equalizer.gather (r, weights);
         CHECK ((r.high.weight != nullptr) == (index == 10 || index == 11));
         CHECK ((r.mid.weight != nullptr) == (index >= 12 && index <= 14));
@@ -59,7 +59,7 @@ TEST_CASE ("Equalizer: settings from another thread give whole designs")
         wrong += !(std::abs (atZero) < 1e-9 || std::abs (atZero - 18) < 1e-9);
         const std::size_t count = std::min (equalizer.takeUpDesigns (), kChunkSamples);
         FadeWeights weights (count);
-        Recursions r;
+        Recursions r{};
         equalizer.gather (r, weights);
         const double gain = (r.low.live.c0 + r.low.live.c1) / (1 - r.low.live.c3);
         wrong += !(std::abs (gain - 1) < 1e-9 || std::abs (20 * std::log10 (gain) - 18) < 1e-9);

@@ -20,7 +20,7 @@ std::vector<double> detected (std::vector<double> levels, double attackCoef, dou
 {
     LevelDetector detector;
     detector.setTimes (attackCoef, releaseCoef);
-    Recursions r;
+    Recursions r{};
     detector.gather (r);
     math.run (r, levels.data (), nullptr, nullptr, levels.size ());
     return levels;
@@ -77,7 +77,7 @@ TEST_CASE ("LevelDetector: silence is the lowest level, and new times keep the p
 {
     CHECK (detected ({ -1.5, -1.5 }, 0.2, 0.01).back () == -1.5);
     LevelDetector detector;
-    Recursions r;
+    Recursions r{};
     r.detected = 0.25;
     detector.scatter (r);
     detector.setTimes (0.5, 0.5);

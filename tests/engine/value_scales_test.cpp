@@ -40,7 +40,7 @@ TEST_CASE ("Value scales: a value finds the nearest step in the parameter's own 
     };
     const Row rows[] = {
         { 0, 3.14, 62.8 }, { 0, 11, 200 },                      // the drive's step need not be whole
-        { 3, 499, 119 },   { 3, 600, 120 },                     // a ratio above the last finite one
+        { 3, 499, 119 },   { 3, 500, 119 },    { 3, 600, 120 }, // a ratio above the last finite one
         { 12, 1030, 72 },                                       // halfway from 1000 to 1060
         { 1, 0.01, 57 },   { 2, 1.0, 24 },     { 10, 100, 60 }, // the low ends
         { 15, 5000, 72 },  { 17, 18.04, 360 }, { 17, 0, 180 },  // the high ends, and the middle
@@ -53,4 +53,14 @@ TEST_CASE ("Value scales: a value finds the nearest step in the parameter's own 
     }
     CHECK (stepToValue (ratioValue, 121) == 0.0);
     CHECK (stepToValue (ratioValue, -1) == 0.0);
+}
+
+TEST_CASE ("Value scales: linear scales run from end to end of their parameters")
+{
+    CHECK (driveDisplay (200) == Approx (10.0));
+    CHECK (driveThreshold (200) == Approx (-40.0));
+    CHECK (gainDb (360) == Approx (18.0));
+    CHECK (driveOffset (0) == Approx (-20.0));
+    CHECK (makeupAmount (200) == Approx (1.0));
+    CHECK (hundredths (100) == Approx (1.0));
 }

@@ -42,36 +42,12 @@ inline ZBitmap NamedBitmap (std::string_view name)
     return ZBitmap (std::make_unique<NamedBitmapImp> (name));
 }
 
-/// One drawing call: what it was given, as far as it has such, and all of it in words, by which calls compare.
-struct RecordedCall
-{
-    RecordedCall (std::string inWords) // as a test expects it
-        : words (std::move (inWords))
-    {
-    }
-    RecordedCall (const char* inWords)
-        : words (inWords)
-    {
-    }
-
-    std::string words;     // "DrawBitmap strip 0,0,40,30 from 3,4"; "> " stands before an offscreen one
-    std::string operation; // "DrawBitmap"
-    std::string text;      // that is drawn, or the name of the image
-    ZRect rect;
-    ZPoint from; // top left in the source
-
-    friend bool operator== (const RecordedCall& a, const RecordedCall& b) { return a.words == b.words; }
-    friend std::ostream& operator<< (std::ostream& out, const RecordedCall& call) { return out << call.words; }
-};
-
-using Calls = std::vector<RecordedCall>;
-
-/// A back end that records drawing calls, those of offscreen ones made from it into the same log. The present clip is
-/// kept, not logged. A character of a text is 6 pixels a byte wide.
+/// A back end that writes drawing calls down as words, offscreen ones with "> " before them into the same log. The
+/// present clip is kept, not logged. A character of a text is 6 pixels a byte wide.
 class RecordingCanvasImp final : public ZCanvasImp
 {
 public:
-    using Log = Calls;
+    using Log = std::vector<std::string>;
 
     Log Take () { return std::exchange (*log, {}); } ///< the calls so far, which are then forgotten
 
@@ -128,9 +104,7 @@ public:
     std::int32_t GetTextWidth (std::string_view text) override { return 6 * static_cast<std::int32_t> (text.size ()); }
     void DrawText (std::string_view text, const ZRect& rect, std::int32_t alignment) override
     {
-        auto& call = Write ("DrawText", "'" + std::string (text) + "'", rect, alignment);
-        call.text = text;
-        call.rect = rect;
+        Write ("DrawText", "'" + std::string (text) + "'", rect, alignment);
     }
     void CopyCanvasPlain (ZCanvasImp&, const ZRect& rect, ZPoint from) override
     {
@@ -141,10 +115,7 @@ public:
     void StretchCanvas (ZCanvasImp&, const ZRect&, const ZRect&) override {}
     void DrawBitmapPlain (ZBitmapImp& bitmap, const ZRect& rect, ZPoint from) override
     {
-        auto& call = Write ("DrawBitmap", bitmap.GetName (), rect, "from", from);
-        call.text = bitmap.GetName ();
-        call.rect = rect;
-        call.from = from;
+        Write ("DrawBitmap", bitmap.GetName (), rect, "from", from);
     }
     void DrawBitmapKeyed (ZBitmapImp& bitmap, const ZRect& rect, ZPoint from, ZColor) override
     {
@@ -157,14 +128,12 @@ public:
     }
 
 private:
-    RecordedCall& Write (const char* operation, const auto&... rest)
+    void Write (const auto& call, const auto&... rest)
     {
         std::ostringstream words;
-        words << before << operation;
+        words << before << call;
         ((words << ' ' << rest), ...);
-        log->emplace_back (words.str ());
-        log->back ().operation = operation;
-        return log->back ();
+        log->push_back (words.str ());
     }
 
     std::shared_ptr<Log> log = std::make_shared<Log> (); // shared with the offscreen ones made from this

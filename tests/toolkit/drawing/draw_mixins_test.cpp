@@ -12,6 +12,8 @@ using namespace tessaly;
 namespace
 {
 
+using Calls = std::vector<std::string>;
+
 /// What a drawing call leaves on the surface.
 struct Sheet : PaneFixture
 {
