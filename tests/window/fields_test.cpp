@@ -87,6 +87,19 @@ TEST_CASE ("Fields: the file dialog opens a folder, chooses a set, and OK loads 
         CHECK (panel.LooksOtherThan (closed, kDialog));
         CHECK (panel.TakeGestures ().size () > 5);
     }
+    SUBCASE ("a double click on a file")
+    {
+        panel.DoubleClick (DialogLine (0));        // opens the folder
+        panel.Until ([] { return false; }, 600ms); // longer than a double click
+        panel.DoubleClick (DialogLine (2));
+        CHECK (panel.Until ([&] { return !panel.calls.empty () && AllEnded (panel.calls); }));
+    }
+    SUBCASE ("a state from the host")
+    {
+        panel.instance.LoadState (panel.instance.SaveState ());
+        panel.Settle ();
+        panel.Click (kDialogCancel);
+    }
     SUBCASE ("Cancel")
     {
         panel.Click (DialogFolderIcon (0));

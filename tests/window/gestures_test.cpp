@@ -210,6 +210,111 @@ TEST_CASE ("Gestures: keys move what was touched last, others reach the host")
     CHECK (panel.Until ([&] { return AllEnded (panel.calls); }));
 }
 
+TEST_CASE ("Gestures: a key that is held repeats within one edit")
+{
+    PanelInWindow panel;
+    panel.Wheel (kDriveDial, -1);
+    CHECK (panel.Until ([&] { return AllEnded (panel.calls); }));
+    panel.TakeGestures ();
+    Desktop::Get ().user.KeyDown (key::kUp);
+    CHECK (panel.Until ([&] { return panel.calls.size () >= 5; }));
+    Desktop::Get ().user.KeyUp (key::kUp);
+    panel.Settle ();
+    CheckOneEdit (panel.TakeGestures (), kDrive);
+}
+
+TEST_CASE ("Gestures: a drag goes on outside of the window and ends there")
+{
+    PanelInWindow panel ({ .left = 200, .top = 200 });
+    panel.MoveTo (kMorphDial + Place{ -30, 0 });
+    panel.Press ();
+    panel.MoveTo ({ kMorphDial.x, -100 }); // straight above the dial
+    CHECK (panel.Value (kMorph) == doctest::Approx (0.5).epsilon (0.02));
+    CHECK_FALSE (AllEnded (panel.calls));
+    panel.Release ();
+    CHECK (panel.Until ([&] { return AllEnded (panel.calls); }));
+    const double released = panel.Value (kMorph);
+    panel.MoveTo (kMorphDial + Place{ 30, 0 });
+    CHECK (panel.Value (kMorph) == released);
+}
+
+TEST_CASE ("Gestures: an edit that is held still for long stays open")
+{
+    PanelInWindow panel;
+    panel.MoveTo (kDriveDial + Place{ -20, 0 });
+    panel.Press ();
+    panel.MoveTo (kDriveDial + Place{ 0, -20 });
+    panel.Until ([] { return false; }, 2500ms); // a held edit ends by itself after two seconds
+    CHECK_FALSE (AllEnded (panel.calls));
+    panel.Release ();
+    CheckOneEdit (panel.TakeGestures (), kDrive);
+}
+
+TEST_CASE ("Gestures: a ring that was only clicked closes when the pointer has left it")
+{
+    PanelInWindow panel;
+    panel.MoveTo (kEmpty);
+    const Area around{ 36, 60, 107, 70 };
+    const auto closed = panel.Look (around);
+    panel.Click (kAttackKnob);
+    CHECK (panel.LooksOtherThan (closed, around));
+    panel.MoveTo (kEmpty);
+    CHECK (panel.Until ([&] { return panel.Look (around) == closed; }));
+    CHECK (panel.calls.empty ());
+}
+
+TEST_CASE ("Gestures: shift locks a marker to one axis, alt turns to the band's Q")
+{
+    PanelInWindow panel;
+    const Place mid{ 408, 90 }; // 1 kHz, 0 dB
+    panel.MoveTo (mid);
+    Desktop::Get ().user.KeyDown (key::kShift);
+    panel.Press ();
+    panel.MoveTo (mid + Place{ 3, 2 });
+    CHECK (panel.calls.empty ());
+    panel.MoveTo (mid + Place{ 10, 6 });
+    panel.Release ();
+    Desktop::Get ().user.KeyUp (key::kShift);
+    CheckOneEdit (panel.TakeGestures (), kMidF);
+
+    const double q = panel.Plain (kMidQ);
+    const Place moved = mid + Place{ 10, 0 };
+    panel.MoveTo (moved);
+    Desktop::Get ().user.KeyDown (key::kAlt);
+    panel.Press ();
+    panel.MoveTo (moved + Place{ 4, -3 });
+    panel.Release ();
+    Desktop::Get ().user.KeyUp (key::kAlt);
+    CheckOneEdit (panel.TakeGestures (), kMidQ);
+    CHECK (panel.Plain (kMidQ) == doctest::Approx (q + 7));
+}
+
+TEST_CASE ("Gestures: meters move while sound passes and sink when it stops")
+{
+    PanelInWindow panel;
+    const Area meter{ 512, 59, 5, 72 };
+    const auto silent = panel.Look (meter);
+    auto& instance = panel.instance;
+    instance.Setup (48000.0, 480, Vst::kRealtime);
+    instance.Activate ();
+    std::vector<float> sound (480, 0.5f);
+    const float* in = sound.data ();
+    float* out = sound.data ();
+    std::vector<host::ParameterPoint> meters;
+    const auto process = [&]
+    {
+        std::ranges::fill (sound, 0.5f);
+        instance.Process ({ { &in, 1 }, { &out, 1 }, 480, {} }, &meters);
+        for (const auto& point : meters)
+            instance.Parameters ().SetNormalized (point.id, point.value);
+        return panel.LooksOtherThan (silent, meter);
+    };
+    CHECK (panel.Until (process));
+    instance.Deactivate ();
+    CHECK (panel.Until ([&] { return panel.Look (meter) == silent; }, 10s));
+    CHECK (panel.calls.empty ());
+}
+
 TEST_CASE ("Gestures: keys that the host hands to the view work too")
 {
     PanelInWindow panel;
