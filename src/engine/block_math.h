@@ -22,7 +22,7 @@ struct BlockMath
 {
     /// Adds the noise (noise_generator.h) to the input.
     /// @param state  of the generator; moved on by `count` numbers
-    /// @return false if any sample of the input is infinite or no number
+    /// @return false if any sample of the input is infinite or NaN
     bool (*addNoise) (const float* in, std::uint32_t& state, double* out, std::size_t count);
 
     /// Level of each side-chain sample over the threshold, log10:
@@ -55,7 +55,7 @@ struct BlockMath
     double (*roundToOutput) (const double* y, float* out, std::size_t count);
 };
 
-/// The widest version that this processor runs; chosen once.
+/// The version with the widest SIMD that this processor runs; chosen once.
 const BlockMath& blockMath ();
 
 } // namespace tessaly

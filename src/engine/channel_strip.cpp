@@ -209,7 +209,7 @@ double Channel_Strip::runPieces (Recursions& r, double* y, std::size_t count, St
         const std::size_t next = at + kPiece;
         compressor.toLevels (sideChain + at, level + at, length);
         double* const previousY = stages.equalize && at > 0 ? y + (at - kPiece) : nullptr;
-        // The pieces beside this one are as long, but for the last: that one goes alone.
+        // The pieces next to this one are as long, but for the last: that one goes alone.
         const bool hasNext = lengthAt (next) == length;
         const bool isWhole = length == kPiece;
         math.run (r, level + at, hasNext ? sideChain + next : nullptr, isWhole ? previousY : nullptr, length);

@@ -39,7 +39,7 @@ public:
     std::size_t takeUpSettings ();
 
     // For a stretch of that length: gather, run its side chain (BlockMath::run), toLevels, run the detector, applyGains;
-    // then scatter. Any stretch may go in pieces, and run beside the recursions of other stages.
+    // then scatter. Any stretch may go in pieces, and run together with the recursions of other stages.
     void gather (Recursions& r, FadeWeights& weights) const;
     void scatter (const Recursions& r, std::size_t count);
     void toLevels (const double* sideChain, double* level, std::size_t count) const;
