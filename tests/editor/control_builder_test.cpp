@@ -71,7 +71,7 @@ TEST_CASE ("ZControlBuilder: a meter is no control, shows its strip and has a co
     record.target = kTargetMeter;
     DescribedFixture fixture ({ record });
     CHECK (fixture.Paint () ==
-           Words_t{ "SetColor 1,2,3,255", "FillRect 10,20,70,40", "DrawBitmap strip 10,20,70,40 from 5,0" });
+           Calls{ "SetColor 1,2,3,255", "FillRect 10,20,70,40", "DrawBitmap strip 10,20,70,40 from 5,0" });
     CHECK (fixture.GetControls ().GetCount () == 0);
     fixture.wrapper.meters.SetDirect (1, 1.0f);
     fixture.Tick ();

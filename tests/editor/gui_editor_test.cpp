@@ -388,7 +388,7 @@ TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: a pass draws what changed, and the
     wrapper.storage.SetNormalized (1, 0.5f);
     Tick ();
     CHECK (NeedsRedraw ());
-    CHECK (Paint () == Words_t{ "FillRect 50,10,90,50" });
+    CHECK (Paint () == Calls{ "FillRect 50,10,90,50" });
     row[1]->Hide ();
     row[1]->SetDirty (true); // never painted, so no reason for a pass
     CHECK_FALSE (NeedsRedraw ());
@@ -399,16 +399,16 @@ TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: a pass draws what changed, and the
     Press ({ 60, 20 });
     row[1]->openRect = { 30, 10, 70, 60 }; // beyond its frame on all sides but the top
     row[0]->SetDirty (true);
-    CHECK (Paint () == Words_t{ "FillRect 10,10,50,50", "FillRect 40,20,80,70" });
+    CHECK (Paint () == Calls{ "FillRect 10,10,50,50", "FillRect 40,20,80,70" });
 
     ZOffscreenCanvas target (ZOnscreenCanvas (surface), { 0, 0, 130, 70 });
     surface.Take ();
     Draw (target, {}, 0);
     const auto calls = surface.Take (); // above, left and right, none below: the pane reaches the end
     REQUIRE (calls.size () == 8);
-    CHECK (Words_t (calls.end () - 4, calls.end ()) ==
-           Words_t{ "> FillRect 40,20,80,70", "> CopyCanvas 10,10,130,20 from 0,0",
-                    "> CopyCanvas 10,20,40,70 from 0,10", "> CopyCanvas 80,20,130,70 from 70,10" });
+    CHECK (Calls (calls.end () - 4, calls.end ()) ==
+           Calls{ "> FillRect 40,20,80,70", "> CopyCanvas 10,10,130,20 from 0,0", "> CopyCanvas 10,20,40,70 from 0,10",
+                  "> CopyCanvas 80,20,130,70 from 70,10" });
 }
 
 TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: a tooltip shows after a second and goes with the pointer or the pane")

@@ -44,15 +44,15 @@ struct HoverFixture : EditorFixture<ZOldHoverGuiEditor>
 TEST_CASE_FIXTURE (PlainFixture, "ZOldGuiEditor: shows one of two pages in the size of their images")
 {
     Open ({});
-    CHECK (Paint () == Words_t{ "CreateOffscreen 0,0,200,100", "> DrawBitmap front 0,0,200,100 from 0,0",
-                                "> FillRect 0,0,20,20", "CopyCanvas 0,0,200,100 from 0,0" });
+    CHECK (Paint () == Calls{ "CreateOffscreen 0,0,200,100", "> DrawBitmap front 0,0,200,100 from 0,0",
+                              "> FillRect 0,0,20,20", "CopyCanvas 0,0,200,100 from 0,0" });
     CHECK_FALSE (NeedsRedraw ());
     frontControl->SetDirty (true);
-    CHECK (Paint () == Words_t{ "> FillRect 0,0,20,20", "CopyCanvas 0,0,200,100 from 0,0" });
+    CHECK (Paint () == Calls{ "> FillRect 0,0,20,20", "CopyCanvas 0,0,200,100 from 0,0" });
 
     SetFrontBackground ("other"); // another image only; what stands on it is drawn again
-    CHECK (Paint () == Words_t{ "> DrawBitmap other 0,0,200,100 from 0,0", "> FillRect 0,0,20,20",
-                                "CopyCanvas 0,0,200,100 from 0,0" });
+    CHECK (Paint () == Calls{ "> DrawBitmap other 0,0,200,100 from 0,0", "> FillRect 0,0,20,20",
+                              "CopyCanvas 0,0,200,100 from 0,0" });
     ShowBack ();
     CHECK (NeedsRedraw ());
     CHECK (Paint ()[1] == "> DrawBitmap back 0,0,200,100 from 0,0");
@@ -79,8 +79,8 @@ TEST_CASE_FIXTURE (HoverFixture, "ZOldHoverGuiEditor: the upper layer moves over
     CHECK (first.size () == 7); // two layers, background, two controls, two copies
     upperControl->SetDirty (true);
     CHECK (NeedsRedraw ());
-    const Words_t upper{ "> CopyCanvas 0,0,200,100 from 0,0", "> FillRect 40,0,60,20",
-                         "CopyCanvas 0,0,200,100 from 0,0" };
+    const Calls upper{ "> CopyCanvas 0,0,200,100 from 0,0", "> FillRect 40,0,60,20",
+                       "CopyCanvas 0,0,200,100 from 0,0" };
     CHECK (Paint () == upper);
     GetFrontView ()->SetDirty (true);
     CHECK (Paint ().size () == first.size () - 2);

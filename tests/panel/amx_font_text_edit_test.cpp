@@ -111,14 +111,14 @@ TEST_CASE_FIXTURE (ReadoutFixture, "The copy above a ring is digits without fiel
     CHECK (Paint ().empty ());
     text->SetBright (true, true);
     CHECK (Paint () ==
-           Words_t{ "DrawBitmap panel 109,66,134,77 from 109,66", "DrawBitmap font 129,66,134,77 from 5,11" });
+           Calls{ "DrawBitmap panel 109,66,134,77 from 109,66", "DrawBitmap font 129,66,134,77 from 5,11" });
     text->HideDigits ();
     CHECK (Paint ().empty ());
     text->SetDirty (true);
-    CHECK (Paint () == Words_t{ "DrawBitmap panel 109,66,134,77 from 109,66" });
+    CHECK (Paint () == Calls{ "DrawBitmap panel 109,66,134,77 from 109,66" });
     text->SetFlags (0);
     text->SetDirty (true);
-    CHECK (Paint () == Words_t{ "DrawBitmap font 129,66,134,77 from 5,11" });
+    CHECK (Paint () == Calls{ "DrawBitmap font 129,66,134,77 from 5,11" });
     DoubleClick (kMiddle);
     const ZMouseInput twice{ kMiddle, kLeftButton | kDoubleClick, 0, window.time };
     CHECK_FALSE (text->OnOpenModal (event, twice));

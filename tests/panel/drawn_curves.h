@@ -2,8 +2,6 @@
 
 #include "geometry.h"
 #include "recording_canvas.h"
-#include <sstream>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -25,24 +23,16 @@ inline std::vector<DrawnCurve> CurvesIn (const RecordingCanvasImp::Log& log)
     bool goesOn = false;
     for (const auto& call : log)
     {
-        std::istringstream words (call);
-        std::string name;
-        words >> name;
-        if (name == "SetColor")
+        if (call.operation == "SetColor")
         {
-            int red = 0, green = 0, blue = 0;
-            char comma = 0;
-            words >> red >> comma >> green >> comma >> blue;
-            color = { static_cast<std::uint8_t> (red), static_cast<std::uint8_t> (green),
-                      static_cast<std::uint8_t> (blue) };
+            color = call.color;
             goesOn = false;
         }
-        if (name != "DrawPolyline")
+        if (call.operation != "DrawPolyline")
             continue;
         if (!std::exchange (goesOn, true))
             curves.push_back ({ color, {} });
-        auto& point = curves.back ().points.emplace_back ();
-        words >> point.x >> point.y;
+        curves.back ().points.push_back (call.point);
     }
     return curves;
 }

@@ -29,8 +29,8 @@ struct DialFixture : MessageFixture
     {
         dial->SetDirty (true);
         for (const auto& call : Paint ())
-            if (const auto at = call.find (" from "); call.starts_with ("DrawBitmap strip"))
-                return { std::stoi (call.substr (at + 6)), std::stoi (call.substr (call.rfind (',') + 1)) };
+            if (call.operation == "DrawBitmap" && call.text == "strip")
+                return call.from;
         return { -1, -1 };
     }
     int Frame () { return Source ().y / 92; }

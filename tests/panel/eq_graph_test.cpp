@@ -281,8 +281,8 @@ TEST_CASE ("EqGraph: markers and curves show which bands are touched")
         std::vector<ZColor> colorsSeen;
         const auto log = f.Drawn (f.graph);
         for (const auto& call : log)
-            if (call.starts_with ("DrawBitmap marker"))
-                framesSeen.push_back (std::stoi (call.substr (call.rfind (',') + 1)) / kMarkerSource.Height ());
+            if (call.operation == "DrawBitmap" && call.text.starts_with ("marker"))
+                framesSeen.push_back (call.from.y / kMarkerSource.Height ());
         for (const auto& curve : CurvesIn (log))
             colorsSeen.push_back (curve.color);
         CHECK (framesSeen == frames);

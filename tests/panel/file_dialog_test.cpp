@@ -83,9 +83,9 @@ struct DialogFixture : StripFixture
     int OkFrame ()
     {
         const auto calls = Drawn (dialog);
-        const auto ofOk = [] (const auto& call) { return call.starts_with ("DrawBitmap ok"); };
+        const auto ofOk = [] (const auto& call) { return call.operation == "DrawBitmap" && call.text == "ok"; };
         const auto call = std::find_if (calls.begin (), calls.end (), ofOk);
-        return std::stoi (call->substr (call->rfind (',') + 1)) / 19;
+        return call->from.y / 19;
     }
     void ReopenOn (const char* name)
     {

@@ -31,7 +31,7 @@ struct MessageFixture : EditorFixture<>
     bool Paints (std::string_view call) ///< whether the next pass makes a call that begins so
     {
         const auto calls = Paint ();
-        return std::any_of (calls.begin (), calls.end (), [&] (const auto& c) { return c.starts_with (call); });
+        return std::any_of (calls.begin (), calls.end (), [&] (const auto& c) { return c.words.starts_with (call); });
     }
 
 private:

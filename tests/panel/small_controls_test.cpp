@@ -79,7 +79,7 @@ TEST_CASE ("The about picture writes its second line only with the first")
     about.SetBitmapActive (&image, {});
     about.SetLine2 ("rights");
     about.Draw (canvas, 0);
-    CHECK (surface.Take () == Words_t{ "DrawBitmap about 10,20,570,335 from 0,0" });
+    CHECK (surface.Take () == Calls{ "DrawBitmap about 10,20,570,335 from 0,0" });
     about.SetLine1 ("name");
     about.SetLine1Rect ({ 20, 275, 260, 286 });
     about.SetFontSize (10);
@@ -87,8 +87,8 @@ TEST_CASE ("The about picture writes its second line only with the first")
     {
         about.SetActive (active);
         about.Draw (canvas, 0);
-        CHECK (surface.Take () == Words_t{ "DrawBitmap about 10,20,570,335 from 0,0", "SetFont Arial 10 0",
-                                           "SetColor 255,255,255,255", "DrawText 'name' 30,295,270,306 17",
-                                           "DrawText 'rights' 10,20,570,335 17" });
+        CHECK (surface.Take () == Calls{ "DrawBitmap about 10,20,570,335 from 0,0", "SetFont Arial 10 0",
+                                         "SetColor 255,255,255,255", "DrawText 'name' 30,295,270,306 17",
+                                         "DrawText 'rights' 10,20,570,335 17" });
     }
 }

@@ -198,7 +198,7 @@ public:
     }
     bool Wheel (std::int32_t delta) { return InputDriver::Wheel (*this, delta); }
     bool Key (std::int32_t key, char character = 0) { return InputDriver::Key (*this, key, 0, character); }
-    Words_t Paint () ///< the calls of one pass on the window's surface
+    Calls Paint () ///< the calls of one pass on the window's surface
     {
         surface.Take ();
         ZOnscreenCanvas canvas (surface);

@@ -37,7 +37,7 @@ public:
     }
     std::vector<float> TakeValues () { return std::exchange (wanted, {}); } ///< broadcast so far, and then forgotten
 
-    RecordingCanvasImp::Log Drawn (ZPane& pane)
+    Calls Drawn (ZPane& pane)
     {
         surface.Take ();
         canvas.SetOrigin (pane.GetOrigin ());
@@ -47,8 +47,8 @@ public:
     int FrameShown (ZPane& pane) ///< the frame of the strip that a control shows; -1 if it shows none
     {
         for (const auto& call : Drawn (pane))
-            if (call.starts_with ("DrawBitmap strip"))
-                return std::stoi (call.substr (call.rfind (',') + 1));
+            if (call.operation == "DrawBitmap" && call.text == "strip")
+                return call.from.y;
         return -1;
     }
 

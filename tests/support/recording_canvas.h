@@ -3,6 +3,7 @@
 #include "bitmap.h"
 #include "bitmap_imp.h"
 #include "canvas.h"
+#include <concepts>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -42,12 +43,35 @@ inline ZBitmap NamedBitmap (std::string_view name)
     return ZBitmap (std::make_unique<NamedBitmapImp> (name));
 }
 
-/// A back end that writes drawing calls down as words, offscreen ones with "> " before them into the same log. The
-/// present clip is kept, not logged. A character of a text is 6 pixels a byte wide.
+/// One drawing call: what it was given, as far as it has such, and all of it in words, by which calls compare.
+struct RecordedCall
+{
+    template <std::convertible_to<std::string_view> Text>
+    RecordedCall (const Text& inWords) // as a test expects it
+        : words (std::string_view (inWords))
+    {
+    }
+
+    std::string words;     // "DrawBitmap strip 0,0,40,30 from 3,4"; "> " stands before an offscreen one
+    std::string operation; // "DrawBitmap"
+    std::string text;      // that is drawn, or the name of the image
+    ZRect rect;
+    ZPoint from;   // top left in the source
+    ZPointF point; // of a curve
+    ZColor color;
+
+    friend bool operator== (const RecordedCall& a, const RecordedCall& b) { return a.words == b.words; }
+    friend std::ostream& operator<< (std::ostream& out, const RecordedCall& call) { return out << call.words; }
+};
+
+using Calls = std::vector<RecordedCall>;
+
+/// A back end that records drawing calls, those of offscreen ones made from it into the same log. The present clip is
+/// kept, not logged. A character of a text is 6 pixels a byte wide.
 class RecordingCanvasImp final : public ZCanvasImp
 {
 public:
-    using Log = std::vector<std::string>;
+    using Log = Calls;
 
     Log Take () { return std::exchange (*log, {}); } ///< the calls so far, which are then forgotten
 
@@ -75,7 +99,7 @@ public:
     void Clear (const ZRect& rect) override { Write ("Clear", rect); }
     void SetColor (ZColor c, std::uint8_t alpha) override
     {
-        Write ("SetColor", ZRect{ c.red, c.green, c.blue, alpha });
+        Write ("SetColor", ZRect{ c.red, c.green, c.blue, alpha }).color = c;
     }
     void SetLineWidth (std::int32_t) override {}
     void SetLineStyle (std::int32_t) override {}
@@ -92,7 +116,8 @@ public:
     void DrawPolyline (std::span<const ZPointF> points, ZPoint offset) override
     {
         for (const auto& point : points)
-            Write ("DrawPolyline", point.x + offset.x, point.y + offset.y);
+            Write ("DrawPolyline", point.x + offset.x, point.y + offset.y).point = { point.x + offset.x,
+                                                                                     point.y + offset.y };
     }
     void FillPolygon (std::span<const ZPointF>, ZPoint) override {}
     void SetFont (std::string_view name, std::int32_t pixels, std::int32_t style) override
@@ -104,7 +129,9 @@ public:
     std::int32_t GetTextWidth (std::string_view text) override { return 6 * static_cast<std::int32_t> (text.size ()); }
     void DrawText (std::string_view text, const ZRect& rect, std::int32_t alignment) override
     {
-        Write ("DrawText", "'" + std::string (text) + "'", rect, alignment);
+        auto& call = Write ("DrawText", "'" + std::string (text) + "'", rect, alignment);
+        call.text = text;
+        call.rect = rect;
     }
     void CopyCanvasPlain (ZCanvasImp&, const ZRect& rect, ZPoint from) override
     {
@@ -115,7 +142,10 @@ public:
     void StretchCanvas (ZCanvasImp&, const ZRect&, const ZRect&) override {}
     void DrawBitmapPlain (ZBitmapImp& bitmap, const ZRect& rect, ZPoint from) override
     {
-        Write ("DrawBitmap", bitmap.GetName (), rect, "from", from);
+        auto& call = Write ("DrawBitmap", bitmap.GetName (), rect, "from", from);
+        call.text = bitmap.GetName ();
+        call.rect = rect;
+        call.from = from;
     }
     void DrawBitmapKeyed (ZBitmapImp& bitmap, const ZRect& rect, ZPoint from, ZColor) override
     {
@@ -128,12 +158,14 @@ public:
     }
 
 private:
-    void Write (const auto& call, const auto&... rest)
+    RecordedCall& Write (const char* operation, const auto&... rest)
     {
         std::ostringstream words;
-        words << before << call;
+        words << before << operation;
         ((words << ' ' << rest), ...);
-        log->push_back (words.str ());
+        log->emplace_back (words.str ());
+        log->back ().operation = operation;
+        return log->back ();
     }
 
     std::shared_ptr<Log> log = std::make_shared<Log> (); // shared with the offscreen ones made from this

@@ -44,6 +44,6 @@ TEST_CASE ("Pictures and meters: show themselves, and the mouse reaches what lie
     root.AddPane (picture.get ());
     root.AddPane (meter.get ());
     CHECK (root.FindPane (fixture.event, fixture.At ({ 5, 5 })) == nullptr);
-    CHECK (fixture.Drawn (*picture) == std::vector<std::string>{ "DrawBitmap strip 0,0,40,30 from 3,4" });
+    CHECK (fixture.Drawn (*picture) == Calls{ "DrawBitmap strip 0,0,40,30 from 3,4" });
     CHECK (fixture.FrameShown (*meter) == 0);
 }

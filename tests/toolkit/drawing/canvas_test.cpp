@@ -2,7 +2,6 @@
 #include <doctest/doctest.h>
 
 using namespace tessaly;
-using Calls = RecordingCanvasImp::Log;
 
 TEST_CASE ("ZCanvas: every coordinate moves by the origin, what is empty draws nothing, a colour key is followed")
 {

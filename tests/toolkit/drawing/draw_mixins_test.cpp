@@ -12,8 +12,6 @@ using namespace tessaly;
 namespace
 {
 
-using Calls = std::vector<std::string>;
-
 /// What a drawing call leaves on the surface.
 struct Sheet : PaneFixture
 {

@@ -19,9 +19,9 @@ struct FakeClipboard final : ZClipboard
     void SetText (std::string_view text) override { held = text; }
 };
 
-/// A fixture with one control that opens a drawn field or menu: 60 by 20 pixels in a view at (100, 50). It hands input on
-/// as an editor does: a press goes to the modal pane if it is hit, closes it if not, and may begin a capture; keys go to
-/// the modal pane; every tick reaches all panes. A character is 6 pixels a byte wide.
+/// A fixture with one control that opens a drawn field or menu: 60 by 20 pixels in a view at (100, 50). It hands input
+/// on as an editor does: a press goes to the modal pane if it is hit, closes it if not, and may begin a capture; keys
+/// go to the modal pane; every tick reaches all panes. A character is 6 pixels a byte wide.
 template <typename Control>
 struct OverlayFixture : PaneFixture
 {
@@ -95,23 +95,19 @@ struct OverlayFixture : PaneFixture
         return control.IsDirty ();
     }
 
-    /// The call that draws the first text after that one.
-    std::string TextCall (std::string_view after = "")
+    /// The call that draws the first text after that one; without one, a call without words.
+    RecordedCall TextCall (const RecordedCall& after = "")
     {
-        bool passed = after.empty ();
+        bool passed = after == "";
         for (const auto& call : Drawn (control))
         {
             passed = passed || call == after;
-            if (passed && call.starts_with ("DrawText"))
+            if (passed && call.operation == "DrawText")
                 return call;
         }
-        return "DrawText ''";
+        return "";
     }
-    std::string Text (std::string_view after = "") ///< that text
-    {
-        const auto call = TextCall (after);
-        return call.substr (10, call.rfind ('\'') - 10);
-    }
+    std::string Text (const RecordedCall& after = "") { return TextCall (after).text; } ///< that text
 };
 
 } // namespace tessaly

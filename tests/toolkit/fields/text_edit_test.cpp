@@ -230,16 +230,16 @@ TEST_CASE ("ZCanvasTextEditImp: a long text scrolls with the caret, also under a
     Readout r;
     r.Open ();
     r.Type ("abcdefghijklmnopqrst");
-    const auto textLeft = [&r] { return r.TextCall ().substr (r.TextCall ().rfind ('\'') + 2, 3); };
-    CHECK (textLeft () == "37,");
+    const auto textLeft = [&r] { return r.TextCall ().rect.left; };
+    CHECK (textLeft () == 37);
     r.Stroke (kKeyHome);
-    CHECK (textLeft () == "102");
+    CHECK (textLeft () == 102);
     r.Down ({ 150, 60 });
     r.Move ({ 170, 60 });
-    CHECK (textLeft () == "91,");
+    CHECK (textLeft () == 91);
     for (int i = 0; i < 10; ++i)
         r.whole.Idle (r.event, r.At ({ 170, 60 }));
-    CHECK (textLeft () == "37,");
+    CHECK (textLeft () == 37);
 }
 
 TEST_CASE ("ZCanvasTextEditImp: the caret blinks by the clock, paints only when it changes, and stays on while typing")

@@ -8,8 +8,6 @@ using namespace tessaly;
 namespace
 {
 
-using Calls = RecordingCanvasImp::Log;
-
 /// A pane that fills its frame.
 struct Patch final : ZPane
 {

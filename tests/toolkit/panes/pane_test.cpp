@@ -43,7 +43,7 @@ struct Tree : PaneFixture
         whole.Paint (canvas, 0, {});
         const auto calls = surface.Take ();
         CHECK (calls.size () <= 1);
-        return calls.empty () ? "" : calls[0];
+        return calls.empty () ? "" : calls[0].words;
     }
 };
 
@@ -170,4 +170,41 @@ TEST_CASE ("ZPane: the operations by id reach a pane's own way to show, hide and
     dialog.SetMouseEnabledById (7, false);
     dialog.ShowById (8);
     CHECK (dialog.calls == 4);
+}
+
+TEST_CASE ("ZPane: what is hidden or takes no mouse is neither found nor pressed nor entered")
+{
+    struct Counting : ZPane
+    {
+        using ZPane::ZPane;
+        int heard = 0;
+        bool OnMouseDown (ZEvent&, const ZMouseInput&) override { return ++heard != 0; }
+        bool OnOpenModal (ZEvent&, const ZMouseInput&) override
+        {
+            ++heard;
+            return false;
+        }
+        void OnMouseEnter (ZEvent&, const ZMouseInput&) override { ++heard; }
+    };
+    InputDriver driver;
+    Counting pane (nullptr);
+    pane.SetFrame ({ 0, 0, 10, 10 });
+    const auto reached = [&]
+    {
+        const auto mouse = driver.At ({ 5, 5 });
+        pane.heard = 0;
+        const auto found = pane.FindPane (driver.event, mouse) == &pane;
+        pane.MouseDown (driver.event, mouse);
+        pane.OpenModal (driver.event, mouse);
+        pane.MouseEnter (driver.event, mouse);
+        return pane.heard + (found ? 1 : 0);
+    };
+    CHECK (reached () == 5); // a press asks for the modal state first
+    pane.Hide ();
+    CHECK (reached () == 0);
+    pane.Show ();
+    pane.SetMouseEnabled (false);
+    CHECK (reached () == 0);
+    pane.Hide ();
+    CHECK (reached () == 0);
 }
