@@ -101,6 +101,7 @@ public:
     void SetParameterFromEditor (Steinberg::Vst::ParamID id, float value) override;
     void BeginHeldEdit (Steinberg::Vst::ParamID id) override { edits.BeginHeld (id, clock ()); }
     void EndAllHeldEdits () override { edits.EndAllHeld (); }
+    void EndAllTimedEdits () override { edits.EndAllTimed (); }
     void RenewHeldEdits () override { edits.RenewHeld (clock ()); }
     void SyncParameter (std::int32_t index) override;
     void ConnectEditor (ZEffectListener& newEditor) override;
@@ -114,7 +115,6 @@ public:
     void EndHeldEdit (Steinberg::Vst::ParamID id) { edits.EndHeld (id); }
     void BeginTimedEdit (Steinberg::Vst::ParamID id) { edits.BeginTimed (id, clock ()); }
     void EndTimedEdit (Steinberg::Vst::ParamID id) { edits.EndTimed (id); }
-    void EndAllTimedEdits () { edits.EndAllTimed (); }
 
     /// None without an effect, whatever the list holds.
     Steinberg::Vst::Parameter* getParameterObject (Steinberg::Vst::ParamID id) override;

@@ -33,6 +33,7 @@ public:
     virtual void SetParameterFromEditor (std::uint32_t id, float value) = 0;
     virtual void BeginHeldEdit (std::uint32_t id) = 0;
     virtual void EndAllHeldEdits () = 0;
+    virtual void EndAllTimedEdits () = 0;
     virtual void RenewHeldEdits () = 0; ///< the user still holds them: their two seconds begin anew
     /// Reports the storage's value of parameter `index`, or of all that differ for -1, after a change by a side door.
     /// An index that there is none of does nothing.

@@ -2,6 +2,7 @@
 
 #include "pluginterfaces/base/funknownimpl.h"
 #include <algorithm>
+#include <chrono>
 
 namespace tessaly
 {
@@ -38,23 +39,29 @@ class HostRunLoop::TimerCall final : public U::Implements<U::Directly<Linux::ITi
 {
 public:
     TimerCall (std::uint64_t milliseconds, VSTGUI::X11::ITimerHandler* of)
-        : intervalMs (milliseconds)
+        : interval (milliseconds)
         , handler (of)
     {
     }
     void PLUGIN_API onTimer () override
     {
         const IPtr<TimerCall> guard (this); // the handler may end its registration
-        if (handler != nullptr)
-            handler->onTimer ();
+        const auto now = Clock::now ();
+        if (handler == nullptr || now - lastCall < interval / 2)
+            return; // it has ended, or another loop was here just now
+        lastCall = now;
+        handler->onTimer ();
     }
-    void Register (Linux::IRunLoop& loop) { loop.registerTimer (this, intervalMs); }
+    void Register (Linux::IRunLoop& loop) { loop.registerTimer (this, static_cast<std::uint64_t> (interval.count ())); }
     void Unregister (Linux::IRunLoop& loop) { loop.unregisterTimer (this); }
     bool IsOf (const VSTGUI::X11::ITimerHandler* asked) const { return handler == asked; }
     void Forget () { handler = nullptr; }
 
 private:
-    std::uint64_t intervalMs;
+    using Clock = std::chrono::steady_clock;
+
+    std::chrono::milliseconds interval;
+    Clock::time_point lastCall;
     VSTGUI::X11::ITimerHandler* handler; // not owned: who registered it
 };
 
@@ -85,11 +92,37 @@ HostRunLoop& HostRunLoop::Instance ()
     return *instance;
 }
 
+bool HostRunLoop::Knows (const IPtr<Linux::IRunLoop>& loop) const
+{
+    return std::find (loops.begin (), loops.end (), loop) != loops.end ();
+}
+
+template <typename Call>
+void HostRunLoop::Register (Call& call) const
+{
+    for (auto loop = loops.begin (); loop != loops.end (); ++loop)
+        if (std::find (loops.begin (), loop, *loop) == loop)
+            call.Register (**loop);
+}
+
+template <typename Call>
+void HostRunLoop::Unregister (Call& call) const
+{
+    for (auto loop = loops.begin (); loop != loops.end (); ++loop)
+        if (std::find (loops.begin (), loop, *loop) == loop)
+            call.Unregister (**loop);
+}
+
 void HostRunLoop::Join (const IPtr<Linux::IRunLoop>& loop)
 {
+    if (!Knows (loop))
+    {
+        for (const auto& call : Calls<EventCall> (events)) // copies: the host may call back at once
+            call->Register (*loop);
+        for (const auto& call : Calls<TimerCall> (timers))
+            call->Register (*loop);
+    }
     loops.push_back (loop);
-    if (loops.size () == 1)
-        Register ();
 }
 
 void HostRunLoop::Leave (const IPtr<Linux::IRunLoop>& loop)
@@ -97,63 +130,45 @@ void HostRunLoop::Leave (const IPtr<Linux::IRunLoop>& loop)
     const auto found = std::find (loops.begin (), loops.end (), loop);
     if (found == loops.end ())
         return;
-    const bool another = found == loops.begin () && (loops.size () == 1 || loops[1] != loop);
-    if (another)
-        Unregister ();
+    const auto leaving = *found;
     loops.erase (found);
-    if (another)
-        Register ();
-}
-
-void HostRunLoop::Register ()
-{
-    if (loops.empty ())
+    if (Knows (leaving))
         return;
-    const auto loop = loops.front ();
     for (const auto& call : Calls<EventCall> (events))
-        call->Register (*loop);
+        call->Unregister (*leaving);
     for (const auto& call : Calls<TimerCall> (timers))
-        call->Register (*loop);
-}
-
-void HostRunLoop::Unregister ()
-{
-    const auto loop = loops.front ();
-    for (const auto& call : Calls<EventCall> (events))
-        call->Unregister (*loop);
-    for (const auto& call : Calls<TimerCall> (timers))
-        call->Unregister (*loop);
+        call->Unregister (*leaving);
 }
 
 bool HostRunLoop::registerEventHandler (int fd, VSTGUI::X11::IEventHandler* handler)
 {
-    events.push_back (owned (new EventCall (fd, handler)));
-    if (!loops.empty ())
-        events.back ()->Register (*loops.front ());
+    const auto call = owned (new EventCall (fd, handler));
+    events.push_back (call);
+    Register (*call);
     return true;
 }
 
 bool HostRunLoop::unregisterEventHandler (VSTGUI::X11::IEventHandler* handler)
 {
     const auto call = TakeCall (events, handler);
-    if (call && !loops.empty ())
-        call->Unregister (*loops.front ());
+    if (call)
+        Unregister (*call);
     return call != nullptr;
 }
 
 bool HostRunLoop::registerTimer (std::uint64_t intervalMs, VSTGUI::X11::ITimerHandler* handler)
 {
-    timers.push_back (owned (new TimerCall (intervalMs, handler)));
-    if (!loops.empty ())
-        timers.back ()->Register (*loops.front ());
+    const auto call = owned (new TimerCall (intervalMs, handler));
+    timers.push_back (call);
+    Register (*call);
     return true;
 }
 
 bool HostRunLoop::unregisterTimer (VSTGUI::X11::ITimerHandler* handler)
 {
     const auto call = TakeCall (timers, handler);
-    if (call && !loops.empty ())
-        call->Unregister (*loops.front ());
+    if (call)
+        Unregister (*call);
     return call != nullptr;
 }
 

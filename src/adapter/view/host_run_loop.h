@@ -10,8 +10,8 @@ namespace tessaly
 {
 
 /// The one run loop that VSTGUI knows, on top of those that hosts give to each window. VSTGUI keeps the loop of the
-/// first window for all others of the process, and some hosts end a window's loop with the window: so this one moves
-/// everything to the loop of another open window when the one in use leaves.
+/// first window for all others of the process, and some hosts end a window's loop with the window. So everything is
+/// registered with the loop of every open window, once with each; a timer that several of them call counts once.
 ///
 /// A registration that the host refuses, or never calls, simply does nothing. Host's user-interface thread.
 class HostRunLoop final : public VSTGUI::X11::IRunLoop, public VSTGUI::NonAtomicReferenceCounted
@@ -35,10 +35,13 @@ private:
 
     HostRunLoop ();
     ~HostRunLoop () noexcept override;
-    void Register ();
-    void Unregister ();
+    bool Knows (const Steinberg::IPtr<Steinberg::Linux::IRunLoop>& loop) const;
+    template <typename Call>
+    void Register (Call& call) const;
+    template <typename Call>
+    void Unregister (Call& call) const;
 
-    std::vector<Steinberg::IPtr<Steinberg::Linux::IRunLoop>> loops; // of the open windows; the first is in use
+    std::vector<Steinberg::IPtr<Steinberg::Linux::IRunLoop>> loops; // one for each open window
     Calls<EventCall> events;
     Calls<TimerCall> timers;
 };

@@ -27,6 +27,10 @@ public:
     ZVst3ControlWrapper* GetControl () const { return control; }
     void Close (); ///< with all in it
     bool IsMouseInside () const { return mouseInside; }
+    void SetMouseInside (bool on)
+    {
+        mouseInside = on;
+    } ///< VSTGUI does not notice a window that opens under the pointer
 
 private:
     void onMouseEntered (VSTGUI::CView* view, VSTGUI::CFrame* of) override;

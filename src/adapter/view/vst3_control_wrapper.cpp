@@ -41,6 +41,12 @@ std::int32_t ModifiersOf (const CButtonState& state)
            ((word & kApple) != 0 ? kCommand : 0);
 }
 
+/// No control takes such a key for itself, and pressing it must not end a drag.
+bool IsModifierOnly (const NativeKey& key)
+{
+    return key.character == 0 && key.key == kKeyNone;
+}
+
 /// The UTF-8 bytes of a character; a zero for none.
 class Utf8Bytes
 {
@@ -151,6 +157,8 @@ bool ZVst3ControlWrapper::SendKey (const NativeKey& key, Call call)
 
 bool ZVst3ControlWrapper::OnKeyDown (const NativeKey& key)
 {
+    if (IsModifierOnly (key))
+        return false;
     const auto pressed = std::find (pressedKeys.begin (), pressedKeys.end (), key);
     bool taken = false;
     if (pressed == pressedKeys.end ())
@@ -171,6 +179,8 @@ bool ZVst3ControlWrapper::OnKeyDown (const NativeKey& key)
 
 bool ZVst3ControlWrapper::OnKeyUp (const NativeKey& key)
 {
+    if (IsModifierOnly (key))
+        return false;
     const bool wasTaken = std::erase (pressedKeys, key) != 0;
     const bool taken = SendKey (key, [this] (auto& event, const auto& input) { return editor.KeyUp (event, input); });
     view.EndInput (false);

@@ -141,15 +141,15 @@ tresult PLUGIN_API ZVst3EditorViewWrapper::getSize (ViewRect* size)
     return kResultTrue;
 }
 
+/// The panel has the one size that it says. Hosts that give another, which some do whatever a view says, cut it off or
+/// leave a border.
 tresult PLUGIN_API ZVst3EditorViewWrapper::onSize (ViewRect* newSize)
 {
-    constexpr int32 kWidest = 32767; // pixels of an X11 window
     if (newSize == nullptr)
         return kInvalidArgument;
-    const auto fits = [] (int32 length) { return length >= 1 && length <= kWidest; };
-    if (!fits (newSize->getWidth ()) || !fits (newSize->getHeight ()))
-        return kResultTrue;
-    return VSTGUIEditor::onSize (newSize);
+    const auto pixels = PanelPixels ();
+    ViewRect own (0, 0, pixels.x, pixels.y);
+    return VSTGUIEditor::onSize (&own);
 }
 
 // Opening and closing
@@ -218,6 +218,7 @@ void PLUGIN_API ZVst3EditorViewWrapper::close ()
         return;
     brackets.RemoveView (*this);
     CloseEditor ();
+    brackets.EndAllTimedEdits (); // the host may not listen any more when their time is over
     menuWanted.reset ();
     frame = nullptr; // what the end of the window calls back finds none
     control = nullptr;
@@ -380,6 +381,12 @@ bool ZVst3EditorViewWrapper::OnKey (const NativeKey& key, bool down)
 void ZVst3EditorViewWrapper::OnKeyboardLost ()
 {
     onFocus (false);
+}
+
+void ZVst3EditorViewWrapper::OnPointer (bool inside)
+{
+    if (panelFrame != nullptr)
+        panelFrame->SetMouseInside (inside);
 }
 
 tresult PLUGIN_API ZVst3EditorViewWrapper::onFocus (TBool state)

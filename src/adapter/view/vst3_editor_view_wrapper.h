@@ -111,6 +111,7 @@ public:
 private:
     bool OnKey (const NativeKey& key, bool down) override;
     void OnKeyboardLost () override;
+    void OnPointer (bool inside) override;
 
     bool IsEditorOpen () const;
     ZPoint PanelPixels () const;

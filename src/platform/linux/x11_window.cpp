@@ -11,6 +11,7 @@ namespace
 {
 
 constexpr std::uint32_t kKeyEvents = XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE;
+constexpr std::uint32_t kPointerEvents = XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW;
 constexpr std::uint32_t kXEmbedVersion = 1;
 constexpr std::uint32_t kXEmbedMapped = 1;
 
@@ -37,7 +38,8 @@ X11Window::X11Window (std::unique_ptr<X11Connection> opened, xcb_window_t id, do
     , keyboard (*connection)
     , clipboard (*connection)
 {
-    const std::uint32_t events = kKeyEvents | XCB_EVENT_MASK_FOCUS_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    const std::uint32_t events =
+        kKeyEvents | kPointerEvents | XCB_EVENT_MASK_FOCUS_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes (connection->Get (), window, XCB_CW_EVENT_MASK, &events);
     connection->Flush ();
 }
@@ -87,6 +89,10 @@ void X11Window::OnEvent (const xcb_generic_event_t& event)
             hasKeyboard = false;
             listener.OnKeyboardLost ();
         }
+        break;
+    case XCB_ENTER_NOTIFY:
+    case XCB_LEAVE_NOTIFY:
+        listener.OnPointer ((event.response_type & 0x7F) == XCB_ENTER_NOTIFY);
         break;
     case XCB_MAPPING_NOTIFY:
         keyboard.Reload ();

@@ -16,6 +16,7 @@ public:
     virtual ~X11WindowListener () = default;
     virtual bool OnKey (const NativeKey& key, bool down) = 0; ///< @return whether it was taken
     virtual void OnKeyboardLost () = 0;                       ///< the user works elsewhere now
+    virtual void OnPointer (bool inside) = 0; ///< has come or gone, also when the window did so under it
 };
 
 /// The panel's window as a second client sees it: one that another library has made within the host's window and draws
