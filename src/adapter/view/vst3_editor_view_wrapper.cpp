@@ -363,13 +363,13 @@ tresult PLUGIN_API ZVst3EditorViewWrapper::onWheel (float distance)
 
 tresult PLUGIN_API ZVst3EditorViewWrapper::onKeyDown (char16 key, int16 keyCode, int16 modifiers)
 {
-    const auto taken = frame != nullptr && control->OnKeyDown (NativeKeyOf (KeyCodeOf (key, keyCode, modifiers)));
+    const auto taken = frame != nullptr && control->OnKeyDown (NativeKeyOf (key, keyCode, modifiers));
     return taken ? kResultTrue : kResultFalse;
 }
 
 tresult PLUGIN_API ZVst3EditorViewWrapper::onKeyUp (char16 key, int16 keyCode, int16 modifiers)
 {
-    const auto taken = frame != nullptr && control->OnKeyUp (NativeKeyOf (KeyCodeOf (key, keyCode, modifiers)));
+    const auto taken = frame != nullptr && control->OnKeyUp (NativeKeyOf (key, keyCode, modifiers));
     return taken ? kResultTrue : kResultFalse;
 }
 

@@ -6,28 +6,25 @@
 namespace tessaly
 {
 
-NativeKey NativeKeyOf (const VstKeyCode& code)
+namespace
 {
-    const auto translated = TranslateKey ({ code.character, code.virt, code.modifier });
-    NativeKey key;
-    key.key = translated.key;
-    key.character = static_cast<char32_t> (translated.character);
-    key.modifiers = translated.modifiers;
-    return key;
-}
 
-VstKeyCode KeyCodeOf (char16_t character, std::int16_t keyCode, std::int16_t modifiers)
+/// Hosts say "command" for the control key here, and "control" for the one with the system's sign.
+std::int32_t SwapControl (std::int32_t modifiers)
 {
     using namespace Steinberg;
-    VstKeyCode code{};
-    code.virt = static_cast<unsigned char> (keyCode);
-    code.character = character != 0 ? character : VirtualKeyCodeToChar (code.virt);
-    // The host's words: "command" is the control key here, "control" the one with the system's sign.
-    code.modifier = static_cast<unsigned char> (((modifiers & kShiftKey) != 0 ? MODIFIER_SHIFT : 0) |
-                                                ((modifiers & kAlternateKey) != 0 ? MODIFIER_ALTERNATE : 0) |
-                                                ((modifiers & kCommandKey) != 0 ? MODIFIER_CONTROL : 0) |
-                                                ((modifiers & kControlKey) != 0 ? MODIFIER_COMMAND : 0));
-    return code;
+    return (modifiers & (kShiftKey | kAlternateKey)) | ((modifiers & kCommandKey) != 0 ? kControlKey : 0) |
+           ((modifiers & kControlKey) != 0 ? kCommandKey : 0);
+}
+
+} // namespace
+
+NativeKey NativeKeyOf (char16_t character, std::int16_t keyCode, std::int16_t modifiers)
+{
+    const auto code = static_cast<Steinberg::uint8> (keyCode);
+    const std::int32_t typed = character != 0 ? character : Steinberg::VirtualKeyCodeToChar (code);
+    const auto key = TranslateKey ({ typed, code, SwapControl (modifiers) });
+    return { static_cast<char32_t> (key.character), key.key, key.modifiers };
 }
 
 } // namespace tessaly
