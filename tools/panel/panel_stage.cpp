@@ -88,7 +88,7 @@ std::int32_t PanelStage::Step (std::int32_t id)
 std::string PanelStage::TextOf (std::int32_t id)
 {
     ZText text{};
-    storage->GetValueText (id, text.data (), static_cast<std::int32_t> (text.size ()));
+    storage->GetValueText (id, text.data (), static_cast<std::int32_t> (text.size ()) - 1);
     return text.data ();
 }
 
@@ -109,8 +109,8 @@ std::optional<std::int32_t> PanelStage::FindParameter (std::string_view name) co
     for (std::int32_t id = 0; id < kStripParameterCount; ++id)
     {
         ZText title{};
-        storage->GetName (id, title.data (), static_cast<std::int32_t> (title.size ()));
-        if (!name.empty () && PlaceName (title.data ()) == name) // two have no name
+        storage->GetName (id, title.data (), static_cast<std::int32_t> (title.size ()) - 1); // and a zero behind
+        if (!name.empty () && PlaceName (title.data ()) == name)                             // two have no name
             return id;
     }
     return std::nullopt;

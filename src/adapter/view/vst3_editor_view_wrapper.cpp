@@ -312,7 +312,8 @@ void ZVst3EditorViewWrapper::Paint (std::uint32_t time)
     if (frame == nullptr || !editor->NeedsRedraw ())
         return;
     editor->Draw (surface->Canvas (), {}, time);
-    for (const auto& pixels : surface->TakeChanges ().Rects ())
+    const auto changes = surface->TakeChanges ();
+    for (const auto& pixels : changes.Rects ())
         control->invalidRect (CRect (pixels.left, pixels.top, pixels.right, pixels.bottom));
 }
 

@@ -129,7 +129,12 @@ void X11Clipboard::Answer (const xcb_generic_event_t& event)
     const auto targets = connection.Atom (kTargets);
     // Programs of an older kind name no property: theirs is the target.
     const auto place = request.property != 0 ? request.property : request.target;
-    xcb_selection_notify_event_t answer{};
+    union // xcb sends 32 bytes of every event, more than this one has
+    {
+        xcb_selection_notify_event_t answer;
+        std::array<char, 32> bytes;
+    } sent{};
+    auto& answer = sent.answer;
     answer.response_type = XCB_SELECTION_NOTIFY;
     answer.time = request.time;
     answer.requestor = request.requestor;
@@ -148,7 +153,7 @@ void X11Clipboard::Answer (const xcb_generic_event_t& event)
     }
     else
         answer.property = 0; // refused
-    xcb_send_event (connection.Get (), 0, request.requestor, 0, reinterpret_cast<const char*> (&answer));
+    xcb_send_event (connection.Get (), 0, request.requestor, 0, sent.bytes.data ());
     connection.Flush ();
 }
 
