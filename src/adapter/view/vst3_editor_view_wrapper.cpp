@@ -85,20 +85,22 @@ ZPoint ZVst3EditorViewWrapper::ToPanel (const CPoint& where) const
              static_cast<std::int32_t> (std::floor (where.y / scale.Get ())) };
 }
 
-/// Fits the view to the panel: what the host is told, the frame, and the control in it.
+/// Fits the view to the panel: the frame, the control in it, and what the host is told. Hosts compare that with the size
+/// that the view says, and do nothing for what it has already: so it says the old one until then.
 void ZVst3EditorViewWrapper::Resize ()
 {
     const auto pixels = PanelPixels ();
     ViewRect wanted (0, 0, pixels.x, pixels.y);
+    if (frame != nullptr)
+    {
+        const CRect size (0, 0, pixels.x, pixels.y);
+        control->SetViewSize (size);
+        frame->setSize (size.getWidth (), size.getHeight ());
+        frame->setMouseableArea (size);
+        if (plugFrame)
+            plugFrame->resizeView (this, &wanted);
+    }
     setRect (wanted);
-    if (frame == nullptr)
-        return;
-    const CRect size (0, 0, pixels.x, pixels.y);
-    control->SetViewSize (size);
-    frame->setSize (size.getWidth (), size.getHeight ());
-    frame->setMouseableArea (size);
-    if (plugFrame)
-        plugFrame->resizeView (this, &wanted);
     if (frame != nullptr)
         frame->invalid ();
 }
@@ -134,11 +136,7 @@ void ZVst3EditorViewWrapper::ChooseScale (double factor)
 
 tresult PLUGIN_API ZVst3EditorViewWrapper::getSize (ViewRect* size)
 {
-    if (size == nullptr)
-        return kInvalidArgument;
-    const auto pixels = PanelPixels ();
-    *size = ViewRect (0, 0, pixels.x, pixels.y);
-    return kResultTrue;
+    return size != nullptr ? VSTGUIEditor::getSize (size) : kInvalidArgument;
 }
 
 /// The panel has the one size that it says. Hosts that give another, which some do whatever a view says, cut it off or

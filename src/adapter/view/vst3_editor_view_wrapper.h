@@ -69,7 +69,7 @@ public:
                                              Steinberg::int16 modifiers) override;
     Steinberg::tresult PLUGIN_API onKeyUp (Steinberg::char16 key, Steinberg::int16 keyCode,
                                            Steinberg::int16 modifiers) override;
-    Steinberg::tresult PLUGIN_API getSize (Steinberg::ViewRect* size) override; ///< whatever size the host has given
+    Steinberg::tresult PLUGIN_API getSize (Steinberg::ViewRect* size) override;
     Steinberg::tresult PLUGIN_API onSize (Steinberg::ViewRect* newSize) override;
     Steinberg::tresult PLUGIN_API onFocus (Steinberg::TBool state) override;
 
