@@ -1,6 +1,8 @@
 #include "vst3_state_block.h"
 
 #include "stored_value.h"
+#include "strip_state.h"
+#include <algorithm>
 #include <array>
 #include <bit>
 
@@ -24,6 +26,11 @@ FourBytes HighestFirst (float value)
              static_cast<std::uint8_t> (bits >> 8), static_cast<std::uint8_t> (bits) };
 }
 
+std::int32_t ValueCount (ZVst3EffectWrapperAccessor& accessor)
+{
+    return std::min (accessor.GetParameterCount (), kStateHeadValues);
+}
+
 float FromHighestFirst (const FourBytes& bytes)
 {
     std::uint32_t bits = 0;
@@ -41,7 +48,8 @@ tresult ZVst3StateBlock::ReadBlock (ZVst3EffectWrapperAccessor& accessor, IBStre
     FourBytes bytes{};
     if (const tresult result = accessor.Read (stream, bytes.data (), kWidth); result != kResultOk)
         return result;
-    for (std::int32_t i = 0; i < accessor.GetParameterCount (); ++i)
+    const std::int32_t count = ValueCount (accessor);
+    for (std::int32_t i = 0; i < count; ++i)
     {
         if (accessor.Read (stream, bytes.data (), kWidth) != kResultOk)
             continue;
@@ -62,7 +70,8 @@ tresult ZVst3StateBlock::WriteBlock (ZVst3EffectWrapperAccessor& accessor, IBStr
         return kResultFalse;
     if (const tresult result = accessor.Write (stream, kHeader.data (), kWidth); result != kResultOk)
         return result;
-    for (std::int32_t i = 0; i < accessor.GetParameterCount (); ++i)
+    const std::int32_t count = ValueCount (accessor);
+    for (std::int32_t i = 0; i < count; ++i)
     {
         const auto bytes = HighestFirst (accessor.GetParameter (i));
         if (const tresult result = accessor.Write (stream, bytes.data (), kWidth); result != kResultOk)

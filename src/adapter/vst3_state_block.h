@@ -24,8 +24,9 @@ public:
     virtual void SetStateLoaded (bool loaded) = 0;
 };
 
-/// The stored state of an instance: "2620", then every normalized value as float32 with its highest byte first, then
-/// what the effect itself stores.
+/// The stored state of an instance: "2620", then the normalized values of the first kStateHeadValues parameters as
+/// float32 with their highest byte first, then what the effect itself stores, which holds all parameters
+/// (strip_state.h, which also says how the list may grow).
 class ZVst3StateBlock
 {
 public:

@@ -128,6 +128,9 @@ void ZChannel_StripEffect::ReadState (ZStream* stream)
     state.keyPointName = keyPointName;
     const auto before = keyPoints.Read ();
     state.keyPoints = before;
+    for (std::int32_t i = kStateHeadValues; storage != nullptr && i < kStripParameterCount; ++i)
+        state.values[static_cast<std::size_t> (i)] =
+            storage->GetDefaultNormalized (i); // what an older state leaves out
     stateFault.clear ();
     try
     {
@@ -160,6 +163,8 @@ void ZChannel_StripEffect::ApplyValues (const std::array<float, kStripParameterC
     }
     OnParameter (kMorph, values[kMorph]);
     for (std::int32_t i = 0; i < kMorph; ++i)
+        OnParameter (i, values[static_cast<std::size_t> (i)]);
+    for (std::int32_t i = kStateHeadValues; i < kStripParameterCount; ++i) // "Bypass", ahead of them, is the head's
         OnParameter (i, values[static_cast<std::size_t> (i)]);
 }
 

@@ -25,7 +25,7 @@ namespace
 // A state begins with four letters and the normalized values of the parameters, their highest byte first. The tree
 // behind them holds the values again, and wins.
 constexpr std::size_t kHeadLetters = 4;
-constexpr std::size_t kHeadBytes = kHeadLetters + 4 * kStripParameterCount;
+constexpr std::size_t kHeadBytes = kHeadLetters + 4 * kStateHeadValues;
 
 std::size_t ParameterOf (std::uint32_t column)
 {
@@ -56,7 +56,7 @@ StripState ReadTree (std::span<const std::byte> chunk)
 
 void PutHeadValues (const std::array<float, kStripParameterCount>& values, std::byte* out)
 {
-    for (const float value : values)
+    for (const float value : std::span (values).first (kStateHeadValues))
         for (int shift = 24; shift >= 0; shift -= 8)
             *out++ = static_cast<std::byte> (std::bit_cast<std::uint32_t> (value) >> shift & 0xFF);
 }
