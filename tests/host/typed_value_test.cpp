@@ -55,10 +55,13 @@ TEST_CASE_FIXTURE (TypedValues, "Values are typed as on the panel, untitled para
 {
     // Preferred numbers R40 from 16 Hz: the 84th after it is 2000 Hz, the 60th 500 Hz.
     for (const Typed& typed : { Typed{ "Mid F", "2k", 84 },
-                                { "Mid F", " 2 000 ", 84 },
-                                { "High F", "100", 60 }, // the scale's low end
+                                { "Mid F", " 2 kHz ", 84 },
+                                { "Mid F", "2000hz", 84 },
+                                { "High F", "500", 60 }, // the scale's low end
                                 { "Mid G", "-3", 150 },  // 0.1 dB a step, 0 dB at 180
-                                { "Mid G", "+99", 360 },
+                                { "Mid G", "+18.0 dB", 360 },
+                                { "Attack", "80 ms", 283 },
+                                { "Ratio", "inf", 120 },
                                 { "Knee", "hard", 2 },
                                 { "Knee", "1", 1 },
                                 { "Bypass", "ON", 1 },
@@ -74,9 +77,18 @@ TEST_CASE_FIXTURE (TypedValues,
                    "A text that is no value is refused with what is accepted, a name with the nearest ones")
 {
     for (const auto& [name, text, reason] :
-         { Refused{ "Mid F", "2 kHz",
-                    "\"2 kHz\" is no value for \"Mid F\", which takes a number from 20.0 to 20.0k Hz, k standing for "
+         { Refused{ "Mid F", "2 kdB",
+                    "\"2 kdB\" is no value for \"Mid F\", which takes a number from 20.0 to 20.0k Hz, k standing for "
                     "thousands" },
+           { "Mid F", "19", "20.0 to 20.0k Hz" },
+           { "Mid F", "1 2", "no value" },
+           { "Mid F", "2..5k", "no value" },
+           { "Mid F", "100-200", "no value" },
+           { "Mid G", "18.1", "-18.0 to 18.0 dB" },
+           { "Mid G", "--3", "no value" },
+           { "Mid G", "+-3", "no value" },
+           { "Release", "1.2.3", "no value" },
+           { "Ratio", "4:2", "no value" },
            { "Makeup Amount", "1.5", "0.000 to 1.000" },
            { "Knee", "Medium", "one of Soft, Middle, Hard" },
            { "Knee", "3", "no value" },

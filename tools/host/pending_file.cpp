@@ -24,9 +24,15 @@ std::string WorkingName ()
     return ".tessaly-" + std::to_string (getpid ()) + "-" + std::to_string (++made) + ".part";
 }
 
+[[noreturn]] void RefuseToReplace (const fs::path& file)
+{
+    throw HostError ("\"" + file.string () + "\" is there already; --force replaces it");
+}
+
 } // namespace
 
-PendingFile::PendingFile (const fs::path& wanted)
+PendingFile::PendingFile (const fs::path& wanted, Existing whatIsThere)
+    : existing (whatIsThere)
 {
     std::error_code ignored;
     target = fs::weakly_canonical (fs::absolute (wanted), ignored);
@@ -39,6 +45,8 @@ PendingFile::PendingFile (const fs::path& wanted)
         throw HostError ("\"" + wanted.string () + "\" is a folder, not a file to write");
     if (fs::exists (status) && !fs::is_regular_file (status))
         throw HostError ("\"" + wanted.string () + "\" is no ordinary file and will not be replaced");
+    if (existing == Existing::keep && fs::exists (status))
+        RefuseToReplace (wanted);
     if (!fs::is_directory (target.parent_path (), ignored))
         throw HostError ("there is no folder \"" + target.parent_path ().string () + "\" to write \"" +
                          target.filename ().string () + "\" into");
@@ -71,6 +79,12 @@ PendingFile::~PendingFile ()
 
 void PendingFile::Commit ()
 {
+    if (existing == Existing::keep)
+    {
+        if (!CommitAsNew ())
+            RefuseToReplace (target);
+        return;
+    }
     std::error_code error;
     const auto previous = fs::status (target, error);
     if (fs::is_regular_file (previous))

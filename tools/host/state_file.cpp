@@ -1,7 +1,6 @@
 #include "state_file.h"
 
 #include "host_error.h"
-#include "pending_file.h"
 
 #include "public.sdk/source/common/memorystream.h"
 #include "public.sdk/source/vst/vstpresetfile.h"
@@ -95,9 +94,10 @@ Bytes ReadStateFile (const fs::path& file, const std::optional<VST3::UID>& compo
     return chunk;
 }
 
-void WriteStateFile (const fs::path& file, const VST3::UID& component, std::span<const std::byte> chunk)
+void WriteStateFile (const fs::path& file, const VST3::UID& component, std::span<const std::byte> chunk,
+                     Existing existing)
 {
-    PendingFile pending (file);
+    PendingFile pending (file, existing);
     const auto bytes =
         file.extension () == ".vstpreset" ? AsPreset (component, chunk) : Bytes (chunk.begin (), chunk.end ());
     std::ofstream out (pending.WorkingPath (), std::ios::binary);

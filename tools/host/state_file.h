@@ -1,5 +1,7 @@
 #pragma once
 
+#include "pending_file.h"
+
 #include "public.sdk/source/vst/utility/uid.h"
 
 #include <cstddef>
@@ -19,8 +21,9 @@ std::vector<std::byte> ReadStateFile (const std::filesystem::path& file,
                                       const std::optional<VST3::UID>& component = std::nullopt);
 
 /// Writes a state chunk: as a preset of the class `component` where the extension is ".vstpreset", by itself under any
-/// other name. A file that was there is replaced when the new one is whole.
-/// @throws HostError when it cannot be written
-void WriteStateFile (const std::filesystem::path& file, const VST3::UID& component, std::span<const std::byte> chunk);
+/// other name. The file appears whole or not at all.
+/// @throws HostError when it cannot be written or may not
+void WriteStateFile (const std::filesystem::path& file, const VST3::UID& component, std::span<const std::byte> chunk,
+                     Existing existing = Existing::replace);
 
 } // namespace tessaly::host

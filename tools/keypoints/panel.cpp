@@ -1,11 +1,10 @@
 #include "panel.h"
 
 #include "channel_strip_parameters.h"
-#include "strip_text_analyzer.h"
 #include "text.h"
+#include "typed_step.h"
 
 #include <array>
-#include <cmath>
 
 namespace tessaly::keypoints
 {
@@ -13,7 +12,6 @@ namespace tessaly::keypoints
 namespace
 {
 
-constexpr auto kRatio = IndexOf (StripParameter::ratio);
 constexpr auto kKnee = IndexOf (StripParameter::knee);
 constexpr auto kDriveOffset = IndexOf (StripParameter::driveOffset);
 constexpr auto kMakeupAmount = IndexOf (StripParameter::makeupAmount);
@@ -30,24 +28,6 @@ std::string Taken (const Get& get)
     std::array<char, kTextSize> buffer{};
     get (buffer.data (), kTextSize - 1);
     return std::string (Trimmed (buffer.data ()));
-}
-
-/// As the panel's value fields read it; but where those take what they can of "1.2.3", all of it must be a number here.
-std::optional<std::int16_t> StepOfPanelText (std::int32_t parameter, std::string_view text)
-{
-    ZK2XTextAnalyzer number (static_cast<std::uint32_t> (parameter));
-    ZRatioTextAnalyzer ratio (static_cast<std::uint32_t> (parameter));
-    ZTextAnalyzer& analyzer = parameter == kRatio ? static_cast<ZTextAnalyzer&> (ratio) : number;
-
-    std::string typed (text);
-    if (!analyzer.IsValid (typed.data ()))
-        return std::nullopt;
-    std::string_view digits = typed.c_str (); // IsValid has shortened it in place
-    if (digits.ends_with ('k') || digits.ends_with ('K'))
-        digits.remove_suffix (1);
-    if (digits != "INF" && !ToNumber (digits))
-        return std::nullopt;
-    return static_cast<std::int16_t> (analyzer.ToValue (typed.c_str ()));
 }
 
 } // namespace
@@ -87,9 +67,13 @@ std::optional<std::int16_t> Panel::Step (std::uint32_t column, std::string_view 
     const auto parameter = ParameterOf (column);
     if (parameter == kKnee)
         return StepOfEntry (parameter, text);
-    if (parameter == kDriveOffset || parameter == kMakeupAmount)
-        return StepOfShownNumber (parameter, text);
-    return StepOfPanelText (parameter, text);
+    const auto first = Text (column, static_cast<std::int32_t> (storage.GetMinimum (parameter)));
+    const auto last = Text (column, static_cast<std::int32_t> (storage.GetMaximum (parameter)));
+    const auto units = Units (column);
+    const auto step = parameter == kDriveOffset || parameter == kMakeupAmount
+                          ? TypedLinearStep (text, 1.0, static_cast<double> (storage.GetMaximum (parameter)))
+                          : TypedStep (parameter, text, { first, last, units });
+    return step ? std::optional (static_cast<std::int16_t> (*step)) : std::nullopt;
 }
 
 std::optional<std::int16_t> Panel::StepOfEntry (std::int32_t parameter, std::string_view text) const
@@ -102,14 +86,6 @@ std::optional<std::int16_t> Panel::StepOfEntry (std::int32_t parameter, std::str
             return static_cast<std::int16_t> (entry);
     }
     return std::nullopt;
-}
-
-std::optional<std::int16_t> Panel::StepOfShownNumber (std::int32_t parameter, std::string_view text) const
-{
-    const auto number = ToNumber (text); // 0 to 1 over all steps
-    if (!number || *number < 0.0 || *number > 1.0)
-        return std::nullopt;
-    return static_cast<std::int16_t> (std::lround (*number * static_cast<double> (storage.GetMaximum (parameter))));
 }
 
 std::string Panel::RangeText (std::uint32_t column) const

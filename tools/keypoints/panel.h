@@ -24,9 +24,8 @@ public:
     /// @return the value as the panel shows it, without blanks; "step N" for a step that the parameter does not have
     std::string Text (std::uint32_t column, std::int32_t step) const;
 
-    /// The step nearest to a value as typed on the panel: a number in the unit, with k for thousands; "INF" for the
-    /// last ratio; a knee's text in any case, or its index. Beyond the ends of a scale its ends, except for "Drive
-    /// Offset" and "Makeup Amount", which take 0 to 1.
+    /// The step nearest to a value as typed on the panel: a number (TypedStep) within the range, "Drive Offset" and
+    /// "Makeup Amount" as 0 to 1; a knee's text in any case, or its index.
     /// @return nothing for any other text
     std::optional<std::int16_t> Step (std::uint32_t column, std::string_view text) const;
 
@@ -43,7 +42,6 @@ public:
 
 private:
     std::optional<std::int16_t> StepOfEntry (std::int32_t parameter, std::string_view text) const;
-    std::optional<std::int16_t> StepOfShownNumber (std::int32_t parameter, std::string_view text) const;
 
     ZParameterStorageBase storage;
 };

@@ -1,6 +1,5 @@
 #include "set_file.h"
 
-#include "pending_file.h"
 #include "set_error.h"
 #include "text.h"
 #include "utf8.h"
@@ -53,19 +52,13 @@ std::vector<char> ReadSetBytes (const fs::path& file)
 
 void WriteBytes (const fs::path& file, const char* bytes, Existing existing)
 {
-    const auto refuse = [&file] { throw SetError (Quoted (file) + " is there already; --force replaces it"); };
-    if (existing == Existing::keep && fs::exists (fs::symlink_status (file)))
-        refuse ();
-    host::PendingFile pending (file);
+    host::PendingFile pending (file, existing);
     std::ofstream out (pending.WorkingPath (), std::ios::binary);
     out.write (bytes, kKeyPointFileSize);
     out.close ();
     if (!out)
         throw SetError ("cannot write " + Quoted (file));
-    if (existing == Existing::replace)
-        pending.Commit ();
-    else if (!pending.CommitAsNew ())
-        refuse ();
+    pending.Commit ();
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "key_point_file.h"
 #include "key_points.h"
+#include "pending_file.h"
 
 #include <array>
 #include <cstdint>
@@ -27,11 +28,7 @@ std::string SetFault (const std::filesystem::path& file);
 /// @throws SetError with the reason when it is none
 KeyPointSet ReadSetFile (const std::filesystem::path& file);
 
-enum class Existing
-{
-    keep,   ///< a file that is there is an error
-    replace ///< a file that is there makes room
-};
+using host::Existing;
 
 /// Writes a key-point file, which appears whole or not at all.
 /// @throws SetError, HostError with the reason when it cannot be written or may not

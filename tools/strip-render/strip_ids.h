@@ -7,7 +7,6 @@ namespace tessaly::render
 
 // The ids of the strip's parameters that this program treats in a way of their own, as hosts see them.
 
-inline constexpr Steinberg::Vst::ParamID kRatioId = 3;
 inline constexpr Steinberg::Vst::ParamID kDriveOffsetId = 5;
 inline constexpr Steinberg::Vst::ParamID kMakeupAmountId = 6;
 inline constexpr Steinberg::Vst::ParamID kMorphId = 20;

@@ -3,10 +3,8 @@
 #include "render_error.h"
 #include "strip_ids.h"
 #include "text.h"
+#include "typed_step.h"
 
-#include "strip_text_analyzer.h"
-
-#include <cmath>
 #include <optional>
 #include <vector>
 
@@ -41,8 +39,6 @@ std::vector<std::string> EntryTexts (const ParameterAccess& parameters, const Pa
     return texts;
 }
 
-// Each of the readers below yields a step, or nothing where the text is no value.
-
 /// A list's or switch's text, or the index of it.
 std::optional<double> StepOfEntry (std::string_view text, const ParameterAccess& parameters, const ParameterInfo& info)
 {
@@ -53,38 +49,18 @@ std::optional<double> StepOfEntry (std::string_view text, const ParameterAccess&
     return std::nullopt;
 }
 
-/// A number from 0 to `shownMaximum`, which is what the parameter shows at its last step.
-std::optional<double> StepOfShownNumber (std::string_view text, double shownMaximum, double lastStep)
-{
-    const auto number = ToNumber (text);
-    if (!number || *number < 0.0 || *number > shownMaximum)
-        return std::nullopt;
-    return std::round (*number / shownMaximum * lastStep);
-}
-
-/// As the panel's value fields read it.
-std::optional<double> StepOfPanelText (std::string_view text, Steinberg::Vst::ParamID id)
-{
-    ZK2XTextAnalyzer number (id);
-    ZRatioTextAnalyzer ratio (id);
-    ZTextAnalyzer& analyzer = id == kRatioId ? static_cast<ZTextAnalyzer&> (ratio) : number;
-
-    std::string typed (text);
-    if (!analyzer.IsValid (typed.data ()))
-        return std::nullopt;
-    return static_cast<double> (analyzer.ToValue (typed.c_str ()));
-}
-
 std::optional<double> StepOf (std::string_view text, const ParameterAccess& parameters, const ParameterInfo& info)
 {
     const double lastStep = parameters.ToPlain (info.id, 1.0);
     if (info.stepCount > 0)
         return StepOfEntry (text, parameters, info);
     if (info.id == kDriveOffsetId || info.id == kMakeupAmountId)
-        return StepOfShownNumber (text, 1.0, lastStep);
+        return keypoints::TypedLinearStep (text, 1.0, lastStep);
     if (info.id == kMorphId)
-        return StepOfShownNumber (text, lastStep, lastStep);
-    return StepOfPanelText (text, info.id);
+        return keypoints::TypedLinearStep (text, lastStep, lastStep);
+    const auto first = ValueText (parameters, info, 0.0);
+    const auto last = ValueText (parameters, info, 1.0);
+    return keypoints::TypedStep (static_cast<std::int32_t> (info.id), text, { first, last, info.units });
 }
 
 } // namespace

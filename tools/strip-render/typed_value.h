@@ -9,9 +9,9 @@
 namespace tessaly::render
 {
 
-/// Reads a value as typed on the plug-in's panel: a number in the parameter's unit, with k for thousands, "INF" for the
-/// last ratio; a list's or switch's text in any case, or its index; "Drive Offset" and "Makeup Amount" as 0 to 1;
-/// "Morph" as 0 to 120. Numbers beyond a scale's ends mean its ends, as on the panel.
+/// Reads a value as typed on the plug-in's panel: a number within the range, perhaps with its unit (TypedStep), "INF"
+/// for the last ratio; a list's or switch's text in any case, or its index; "Drive Offset" and "Makeup Amount" as 0 to
+/// 1; "Morph" as 0 to 120.
 /// @return the normalized value
 /// @throws RenderError that tells what is accepted
 double TypedValue (const host::ParameterAccess& parameters, const ParameterNames::Entry& entry, std::string_view text);
