@@ -40,7 +40,7 @@ TEST_CASE_FIXTURE (AutomationFile, "Automation is read as table programs and edi
                  "\r\n"
                  " 1e-1 , \"Mid F\" , \"2k\" \r\n"
                  "3,Morph,120") == "0.1 12 84\n3 20 120\n"); // no line end
-    CHECK (Read ("") == "");
+    CHECK_THROWS_WITH_AS (Read ("time\n"), doctest::Contains ("no rows"), RenderError);
 }
 
 TEST_CASE_FIXTURE (AutomationFile, "A bad row of automation is refused by file and line")

@@ -21,7 +21,7 @@ TEST_CASE_FIXTURE (StripRender, "strip-render: --keypoints takes a set by file o
     const auto state = Path ("a.state");
     for (const std::string& set : { folder.Write ("Own Set.kpd", bytes).string (), std::string ("Own Set") })
     {
-        RunWell ({ "--keypoints", set, "--save-state", state });
+        RunWell ({ "--keypoints", set, "--save-state", state, "--force" });
         const auto saved = ReadFile (state);
         REQUIRE (saved.size () == 812);
         CHECK (saved.substr (120, 8) == std::string ("Own Set\0", 8));

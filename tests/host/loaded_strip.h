@@ -6,6 +6,7 @@
 #include "recording.h"
 #include "temp_folder.h"
 
+#include <algorithm>
 #include <doctest/doctest.h>
 
 namespace tessaly::test
@@ -45,9 +46,13 @@ struct StripRender
         return run.out;
     }
 
+    /// As floats, which are what the plug-in gave, unless the options say otherwise.
     Recording Render (const std::string& input, const std::string& output, const Words& options = {}) const
     {
-        RunWell (With ({ input, Path (output) }, options));
+        Words words{ input, Path (output), "--force" };
+        if (std::ranges::find (options, "--format") == options.end ())
+            words = With (words, { "--format", "float" });
+        RunWell (With (words, options));
         return Load (Path (output));
     }
 };

@@ -66,7 +66,7 @@ TEST_CASE_FIXTURE (StripRender,
         CAPTURE (file);
         const auto first = Render (kVoice, "a.wav", With (made, { "--save-state", file }));
         CHECK (Render (kVoice, "b.wav", { "--state", file }).samples == first.samples);
-        RunWell ({ "--state", file, "--save-state", Path ("again.bin") });
+        RunWell ({ "--state", file, "--save-state", Path ("again.bin"), "--force" });
         CHECK (host::ReadStateFile (file) == host::ReadStateFile (Path ("again.bin")));
     }
 

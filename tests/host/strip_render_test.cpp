@@ -126,11 +126,18 @@ TEST_CASE_FIXTURE (StripRender,
                "Largest gain reduction: 0.0 dB\n");
 }
 
-TEST_CASE_FIXTURE (StripRender, "The format follows the extension unless told otherwise")
+TEST_CASE_FIXTURE (StripRender, "The format follows the extension and the input's samples unless told otherwise")
 {
-    CHECK (Render (kVoice, "a.flac").format == (SF_FORMAT_FLAC | SF_FORMAT_PCM_24));
-    CHECK ((Render (kVoice, "a.aif").format & (SF_FORMAT_TYPEMASK | SF_FORMAT_SUBMASK)) ==
-           (SF_FORMAT_AIFF | SF_FORMAT_FLOAT));
+    const auto formatOf = [&] (const std::string& input, const std::string& output)
+    {
+        RunWell ({ input, Path (output) });
+        return Load (Path (output)).format & (SF_FORMAT_TYPEMASK | SF_FORMAT_SUBMASK);
+    };
+    CHECK (formatOf (kVoice, "b.flac") == (SF_FORMAT_FLAC | SF_FORMAT_PCM_16));
+    CHECK (formatOf (kVoice, "b.aif") == (SF_FORMAT_AIFF | SF_FORMAT_PCM_16));
+    Save (Sine (1000.0, 0.5), Path ("float.wav"));
+    CHECK (formatOf (Path ("float.wav"), "b.wav") == (SF_FORMAT_WAV | SF_FORMAT_FLOAT));
+    CHECK (formatOf (Path ("float.wav"), "c.flac") == (SF_FORMAT_FLAC | SF_FORMAT_PCM_24));
     CHECK (Render (kVoice, "a.wav", { "--format", "16" }).format == (SF_FORMAT_WAV | SF_FORMAT_PCM_16));
     CHECK (Render (kVoice, "noextension", { "--format", "flac:16" }).format == (SF_FORMAT_FLAC | SF_FORMAT_PCM_16));
 }
@@ -141,12 +148,18 @@ TEST_CASE_FIXTURE (StripRender, "Samples beyond full scale clip in an integer fo
     const Words hot{ "--set", "Compressor Bypass=On", "--set", "Low G=0", "--set", "Mid G=0", "--set", "High G=0",
                      "--set", "Total Gain=12" };
     const Recording whole = Render (Path ("tone.wav"), "float.wav", hot);
-    const Recording clipped = Render (Path ("tone.wav"), "int.wav", With (hot, { "--format", "wav:16" }));
+    const Words cut = With ({ Path ("tone.wav"), Path ("int.wav"), "--format", "wav:16", "--no-dither" }, hot);
+    CHECK (Run (With (cut, { "--fail-on-clip" })).exitStatus == 1);
+    CHECK_FALSE (fs::exists (folder / "int.wav"));
+    const auto run = Run (cut);
+    CHECK (run.exitStatus == 0);
+    CHECK (Says (run.err, "samples of the result are cut at full scale, by up to 11.08 dB")); // 0.9 by 12 dB
+    const Recording clipped = Load (Path ("int.wav"));
     CHECK (std::ranges::max (whole.samples) == doctest::Approx (0.9 * std::pow (10.0, 12.0 / 20.0)).epsilon (1e-3));
     double error = 0.0;
     for (std::size_t i = 0; i < whole.samples.size (); ++i)
         error = std::fmax (error, std::abs (std::clamp (whole.samples[i], -1.0F, 1.0F) - clipped.samples[i]));
-    CHECK (error < 1.0 / 16384.0);
+    CHECK (error <= 1.0 / 32768.0); // the last step below full scale
 }
 
 TEST_CASE_FIXTURE (StripRender, "The list shows every parameter with range, unit, default and present text")
@@ -207,20 +220,23 @@ TEST_CASE ("A mistake in the command line itself ends with a status of its own")
     for (const Words& arguments :
          { Words{}, Words{ "in.wav" }, Words{ "in.wav", "out.wav", "--block", "0" },
            Words{ "in.wav", "out.wav", "--tail", "-1" }, Words{ "in.wav", "out.wav", "--set", "Morph" },
-           Words{ "in.wav", "--save-state", "a.bin" }, Words{ "--nonsense" } })
+           Words{ "in.wav", "--save-state", "a.bin" }, Words{ "--nonsense" }, Words{ "--list", "in.wav", "out.wav" },
+           Words{ "--list", "--meters", "m.csv" } })
     {
         const auto run = RunProgram (STRIP_RENDER, arguments);
-        CHECK (run.exitStatus > 1);
+        CHECK (run.exitStatus == 2);
         CHECK_FALSE (run.err.empty ());
     }
     CHECK (RunProgram (STRIP_RENDER, { "--help" }).exitStatus == 0);
     CHECK (RunProgram (STRIP_RENDER, { "--version" }).out == "1.1.2.4\n");
 }
 
-TEST_CASE_FIXTURE (StripRender, "An output that is there, or is the input, stays as it was until the new one is whole")
+TEST_CASE_FIXTURE (StripRender, "An output that is there is replaced when told to, and when the new one is whole")
 {
     folder.Write ("out.wav", "precious");
-    CHECK (Run ({ kVoice, Path ("out.wav"), "--set", "Knee=Medium" }).exitStatus == 1);
+    CHECK (Says (Run ({ kVoice, Path ("out.wav") }).err, "--force"));
+    CHECK (Run ({ kVoice, Path ("out.wav"), "--force", "--set", "Knee=Medium" }).exitStatus == 1);
+    CHECK (Run ({ kVoice, Path ("out.wav"), "--force", "--dry-run" }).exitStatus == 0);
     CHECK (ReadFile (Path ("out.wav")) == "precious");
 
     constexpr auto kOwnersOnly = fs::perms::owner_read | fs::perms::owner_write;
@@ -229,11 +245,30 @@ TEST_CASE_FIXTURE (StripRender, "An output that is there, or is the input, stays
     const auto rendered = Render (kVoice, "link.wav").samples;
     CHECK (fs::is_symlink (folder / "link.wav"));
     CHECK (fs::status (folder / "out.wav").permissions () == kOwnersOnly);
-
-    fs::copy_file (kVoice, folder / "voice.wav");
-    CHECK (Render (Path ("voice.wav"), "voice.wav").samples == rendered);
     CHECK (Load (Path ("out.wav")).samples == rendered);
-    CHECK (folder.FileCount () == 3);
+    CHECK (folder.FileCount () == 2);
+}
+
+TEST_CASE_FIXTURE (StripRender, "No input is written over, under any of its names, told to or not")
+{
+    fs::copy_file (kVoice, folder / "voice.wav");
+    fs::create_symlink (folder / "voice.wav", folder / "link.wav");
+    fs::create_hard_link (folder / "voice.wav", folder / "twin.wav");
+    RunWell ({ "--save-state", Path ("a.vstpreset") });
+    const auto state = ReadFile (Path ("a.vstpreset"));
+    for (const auto& words : std::vector<Words>{
+             { Path ("voice.wav"), Path ("voice.wav") },
+             { Path ("voice.wav"), Path ("link.wav") },
+             { Path ("link.wav"), Path ("twin.wav") },
+             { kVoice, Path ("a.vstpreset"), "--format", "wav", "--state", Path ("a.vstpreset") },
+             { "--state", Path ("a.vstpreset"), "--save-state", (folder / "./a.vstpreset").string () } })
+    {
+        const auto run = Run (With (words, { "--force" }));
+        CHECK (run.exitStatus == 1);
+        CHECK (Says (run.err, "would write over"));
+    }
+    CHECK (ReadFile (Path ("voice.wav")) == ReadFile (kVoice));
+    CHECK (ReadFile (Path ("a.vstpreset")) == state);
 }
 
 TEST_CASE_FIXTURE (StripRender, "A signal ends the render with the shell's status for it and leaves nothing behind")

@@ -1,6 +1,7 @@
 #include "state_chunk.h"
 
 #include "channel_strip_parameters.h"
+#include "class_id.h"
 #include "memory_stream.h"
 #include "morph.h"
 #include "set_error.h"
@@ -30,6 +31,17 @@ constexpr std::size_t kHeadBytes = kHeadLetters + 4 * kStateHeadValues;
 std::size_t ParameterOf (std::uint32_t column)
 {
     return static_cast<std::size_t> (KeyPointSet::KeyPointParameter (0, column));
+}
+
+/// A number of a tree, its lowest byte first. @return -1 where the bytes end before
+std::int64_t TreeNumber (std::span<const std::byte> bytes, std::size_t width)
+{
+    if (bytes.size () < width)
+        return -1;
+    std::uint64_t number = 0;
+    for (std::size_t i = width; i-- > 0;)
+        number = number << 8 | std::to_integer<std::uint64_t> (bytes[i]);
+    return static_cast<std::int64_t> (number);
 }
 
 StripState ReadTree (std::span<const std::byte> chunk)
@@ -63,6 +75,30 @@ void PutHeadValues (const std::array<float, kStripParameterCount>& values, std::
 
 } // namespace
 
+std::string StateDamage (std::span<const std::byte> chunk)
+{
+    if (chunk.size () < kHeadBytes)
+        return "it ends within its parameters";
+    const auto tree = chunk.subspan (kHeadBytes);
+    const bool isWide = tree.size () >= 4 && TreeNumber (tree, 4) == 0; // ids and sizes of eight bytes
+    const std::size_t width = isWide ? 8 : 4;
+    if (tree.size () < 2 * width)
+        return "it ends ahead of its key points";
+    const auto size = TreeNumber (tree.subspan (width), width);
+    const auto present = static_cast<std::int64_t> (tree.size () - 2 * width);
+    if (size < 0 || size > present)
+        return "it ends " + std::to_string (size - present) + " bytes early";
+    try
+    {
+        ReadTree (chunk);
+    }
+    catch (const SetError& error)
+    {
+        return error.what ();
+    }
+    return {};
+}
+
 KeyPointRow CapturedRow (std::span<const std::byte> chunk, const Panel& panel)
 {
     const auto state = ReadTree (chunk);
@@ -79,7 +115,9 @@ KeyPointRow CapturedRow (std::span<const std::byte> chunk, const Panel& panel)
 
 KeyPointRow CapturedRow (const std::filesystem::path& file, const Panel& panel)
 {
-    const auto chunk = host::ReadStateFile (file);
+    const auto chunk = host::ReadStateFile (file, VST3::UID::fromTUID (ProcessorClassId ().toTUID ()));
+    if (const auto damage = StateDamage (chunk); !damage.empty ())
+        throw SetError ("\"" + file.string () + "\" is damaged: " + damage);
     try
     {
         return CapturedRow (chunk, panel);

@@ -14,6 +14,10 @@ namespace tessaly::keypoints
 
 // Key points out of the strip's stored states and back into them.
 
+/// Whether a state is cut off, at any byte, or has no tree of chunks; the plug-in takes what there is without a word.
+/// @return empty for a whole state; else what is missing
+std::string StateDamage (std::span<const std::byte> chunk);
+
 /// The sound that a state holds, edits of the morphed parameters included, as a key point.
 /// @throws SetError when the bytes hold no whole set of values
 KeyPointRow CapturedRow (std::span<const std::byte> chunk, const Panel& panel);

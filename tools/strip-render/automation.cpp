@@ -83,6 +83,8 @@ std::vector<TimedSetting> ReadAutomation (const host::ParameterAccess& parameter
             throw RenderError (file.string () + ", line " + std::to_string (number) + ": " + error.what ());
         }
     }
+    if (rows.empty ())
+        throw RenderError ("the automation file \"" + file.string () + "\" has no rows");
     std::stable_sort (rows.begin (), rows.end (),
                       [] (const TimedSetting& a, const TimedSetting& b) { return a.seconds < b.seconds; });
     return rows;

@@ -7,15 +7,17 @@
 #include "find_set.h"
 #include "meter_log.h"
 #include "parameter_names.h"
+#include "path_checks.h"
 #include "pending_file.h"
 #include "render_error.h"
 #include "renderer.h"
 #include "report.h"
+#include "result_file.h"
 #include "state_chunk.h"
 #include "state_file.h"
+#include "text.h"
 
 #include <cmath>
-#include <initializer_list>
 #include <iostream>
 #include <optional>
 
@@ -28,6 +30,11 @@ namespace
 {
 
 constexpr const char* kHostName = "strip-render";
+
+host::Existing Present (const Options& options)
+{
+    return options.force ? host::Existing::replace : host::Existing::keep;
+}
 
 host::Bundle LoadBundle (const Options& options)
 {
@@ -47,14 +54,34 @@ std::vector<Setting> ReadSettings (const Options& options, const host::Parameter
 
 using State = std::vector<std::byte>;
 
+void Warn (const std::string& text)
+{
+    std::cerr << "strip-render: " << text << '\n';
+}
+
+/// @throws RenderError when the state is cut off and that is not allowed
+State ReadState (const fs::path& file, const VST3::UID& component, bool allowDamaged)
+{
+    auto state = host::ReadStateFile (file, component);
+    if (const auto damage = keypoints::StateDamage (state); !damage.empty ())
+    {
+        const auto text = "\"" + file.string () + "\" is damaged: " + damage;
+        if (!allowDamaged)
+            throw RenderError (text + "; --allow-damaged takes what is there");
+        Warn (text);
+    }
+    return state;
+}
+
 /// What --state and --keypoints make of the state that the plug-in has by itself; nothing where neither is given.
 template <typename Present>
 std::optional<State> StartState (const Options& options, const host::Bundle& bundle, const Present& present)
 {
     if (!options.state && !options.keyPoints)
         return std::nullopt;
-    const auto state =
-        options.state ? host::ReadStateFile (*options.state, bundle.FirstAudioEffect ().ID ()) : present.SaveState ();
+    const auto state = options.state
+                           ? ReadState (*options.state, bundle.FirstAudioEffect ().ID (), options.allowDamaged)
+                           : present.SaveState ();
     if (!options.keyPoints)
         return state;
     const auto set = keypoints::FindSet (*options.keyPoints);
@@ -77,9 +104,9 @@ public:
     }
 
     host::ParameterAccess Parameters () const { return instance.Parameters (); }
-    void Save (const fs::path& file) const
+    void Save (const fs::path& file, host::Existing existing) const
     {
-        host::WriteStateFile (file, bundle.FirstAudioEffect ().ID (), instance.SaveState ());
+        host::WriteStateFile (file, bundle.FirstAudioEffect ().ID (), instance.SaveState (), existing);
     }
 
 private:
@@ -90,7 +117,11 @@ private:
 
 void ListParameters (const Options& options)
 {
-    PrintParameters (std::cout, PreparedInstance (options).Parameters ());
+    const auto instance = PreparedInstance (options);
+    if (options.json)
+        PrintParametersAsJson (std::cout, instance.Parameters ());
+    else
+        PrintParameters (std::cout, instance.Parameters ());
 }
 
 std::int64_t TailFrames (const Tail& tail, const ChannelBank& bank, int sampleRateHz)
@@ -104,6 +135,7 @@ RenderPlan MakePlan (const Options& options, const ChannelBank& bank, int sample
     const ParameterNames names (parameters);
     RenderPlan plan;
     plan.blockSize = options.blockSize;
+    plan.showsProgress = !options.quiet;
     plan.tailFrames = TailFrames (options.tail, bank, sampleRateHz);
     plan.settings = ReadSettings (options, parameters, names);
     if (options.automation)
@@ -111,32 +143,43 @@ RenderPlan MakePlan (const Options& options, const ChannelBank& bank, int sample
     return plan;
 }
 
-/// What is written beside the result must not take the place of a file that is read or written for another purpose.
-void CheckPath (const char* option, const std::optional<fs::path>& path, std::initializer_list<fs::path> others)
+/// Clipping is heard, and cannot be taken back.
+void TellClipping (const Options& options, const SampleQuantizer* quantizer)
 {
-    if (!path)
+    if (quantizer == nullptr || quantizer->ClippedSamples () == 0)
         return;
-    const auto place = [] (const fs::path& any) { return fs::weakly_canonical (fs::absolute (any)); };
-    for (const fs::path& other : others)
-        if (!other.empty () && place (*path) == place (other))
-            throw RenderError (std::string (option) + " would write over \"" + other.string () + "\"");
+    const auto text = std::to_string (quantizer->ClippedSamples ()) +
+                      " samples of the result are cut at full scale, by " + "up to " +
+                      ToText (quantizer->OverDb (), 2) + " dB; a float --format keeps them";
+    if (options.failOnClip)
+        throw RenderError (text);
+    Warn (text);
 }
 
-void CheckPaths (const Options& options)
+void TellDoubts (const Options& options, const RenderResult& result)
 {
-    const auto automation = options.automation.value_or (fs::path ());
-    const auto state = options.state.value_or (fs::path ());
-    const auto meters = options.meters.value_or (fs::path ());
-    const fs::path keyPoints = options.keyPoints.value_or (""); // the name of a set is no path of anything else
-    CheckPath ("--meters", options.meters, { options.input, options.output, automation, state, keyPoints });
-    CheckPath ("--save-state", options.saveState, { options.input, options.output, automation, meters, keyPoints });
+    if (result.automationLeft > 0)
+        Warn (std::to_string (result.automationLeft) +
+              (result.automationLeft == 1 ? " row of automation comes" : " rows of automation come") +
+              " after the last sample, without effect");
+    if (const auto invalid = result.input.InvalidSamples () + result.output.InvalidSamples (); invalid > 0)
+        Warn (std::to_string (invalid) + " samples of input or output are infinite or NaN");
+    if (const auto& damage = result.damageFound; !damage.empty ())
+        Warn ("\"" + options.input.string () + "\" is damaged: " + damage);
+}
+
+RecordingShape ShapeOf (const AudioReader& reader, std::int64_t tailFrames)
+{
+    return { .channels = reader.Channels (),
+             .sampleRateHz = reader.SampleRateHz (),
+             .frames = reader.Frames () == 0 ? 0 : reader.Frames () + tailFrames };
 }
 
 void RenderFile (const Options& options)
 {
-    AudioReader reader (options.input);
-    const OutputFormat format = ChooseOutputFormat (options.output, options.format);
-    host::PendingFile pending (options.output);
+    AudioReader reader (options.input, options.allowDamaged ? Damage::allow : Damage::refuse);
+    auto format = ChooseOutputFormat (options.output, options.format, reader.FormatCode ());
+    ResultFile pending (options.output, Present (options));
 
     host::NamedHost host (kHostName);
     const auto bundle = LoadBundle (options);
@@ -146,25 +189,29 @@ void RenderFile (const Options& options)
         bank.LoadState (*state);
     const RenderPlan plan = MakePlan (options, bank, reader.SampleRateHz ());
 
-    AudioWriter writer (pending.WorkingPath (), format, reader.Channels (), reader.SampleRateHz (),
-                        reader.Frames () + plan.tailFrames);
+    const auto shape = ShapeOf (reader, plan.tailFrames);
+    format = WithRoomFor (format, shape);
+    AudioWriter writer (pending.WorkingPath (), format, shape, reader.Metadata (), options.dither);
     std::optional<MeterLog> log;
     if (options.meters)
-        log.emplace (*options.meters, reader.Channels ());
+        log.emplace (*options.meters, reader.Channels (), Present (options));
+    // With standard output for the sound, what is told goes to standard error
+    std::ostream& told = options.output == "-" ? std::cerr : std::cout;
+    if (options.dryRun)
+    {
+        told << "would write " << options.output.string () << ": " << format.description << '\n';
+        return;
+    }
 
     const RenderResult result = Render (reader, writer, bank, plan, log ? &*log : nullptr);
     writer.Close ();
+    TellClipping (options, writer.Clipping ());
     if (log)
         log->Commit ();
     pending.Commit ();
-
-    PrintSummary (std::cout, options.input, reader, options.output, format, result);
-    if (result.automationLeft > 0)
-        std::cerr << "strip-render: " << result.automationLeft
-                  << (result.automationLeft == 1 ? " row of automation comes" : " rows of automation come")
-                  << " after the last sample, without effect\n";
-    if (const auto invalid = result.input.InvalidSamples () + result.output.InvalidSamples (); invalid > 0)
-        std::cerr << "strip-render: " << invalid << " samples of input or output are infinite or no numbers\n";
+    if (!options.quiet)
+        PrintSummary (told, { options.input, options.output, reader, format, result }, options.json);
+    TellDoubts (options, result);
 }
 
 } // namespace
@@ -176,8 +223,8 @@ void RunCommand (const Options& options)
         ListParameters (options);
     if (options.Renders ())
         RenderFile (options);
-    if (options.saveState)
-        PreparedInstance (options).Save (*options.saveState);
+    if (options.saveState && !options.dryRun)
+        PreparedInstance (options).Save (*options.saveState, Present (options));
 }
 
 } // namespace tessaly::render

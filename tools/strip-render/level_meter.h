@@ -18,6 +18,8 @@ public:
     double RmsDb () const; ///< dBFS, a square wave of full scale reads 0; silence reads minus infinity
 
 private:
+    void AddOneByOne (std::span<const float> samples);
+
     double peak = 0.0;
     double sumOfSquares = 0.0;
     std::int64_t count = 0;

@@ -48,8 +48,8 @@ void MeterReading::SetOutput (double normalized)
         outputDb = lamps > kOutputScale.size () ? 0.0 : ToDb (kOutputScale[lamps - 1]);
 }
 
-MeterLog::MeterLog (const std::filesystem::path& file, int channels)
-    : pending (file)
+MeterLog::MeterLog (const std::filesystem::path& file, int channels, host::Existing existing)
+    : pending (file, existing)
     , out (pending.WorkingPath (), std::ios::trunc)
 {
     if (!out)

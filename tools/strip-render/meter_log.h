@@ -27,7 +27,7 @@ class MeterLog
 {
 public:
     /// @throws RenderError, HostError when the file cannot be made
-    MeterLog (const std::filesystem::path& file, int channels);
+    MeterLog (const std::filesystem::path& file, int channels, host::Existing existing);
 
     void Add (double seconds, std::span<const MeterReading> channels);
 

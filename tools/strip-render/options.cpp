@@ -11,13 +11,16 @@ namespace
 {
 
 constexpr int kLargestBlock = 65536;
+constexpr int kMistakeInLine = 2;
 
 constexpr const char* kExamples = R"(Values are typed as on the plug-in's panel: 2k, 12.5, INF, Soft, On.
 Examples:
   strip-render --list
   strip-render voice.wav strip.wav --set Morph=60 --set "Mid F=2k" --set "Mid G=-3"
+  strip-render - - < in.wav | aplay
   strip-render --state mine.vstpreset --set Drive=3 --save-state more.vstpreset
-  strip-render loop.flac strip.flac --automate moves.csv --tail full --meters meters.csv)";
+  strip-render loop.flac strip.flac --automate moves.csv --tail full --meters meters.csv
+Exit status: 0 done; 1 an error, with nothing written; 2 a mistake in the command line; 128 + N ended by signal N.)";
 
 std::string CheckSetting (const std::string& text)
 {
@@ -43,8 +46,12 @@ Tail ToTail (const std::string& text)
 
 void Describe (CLI::App& app, Options& options, std::string& tail)
 {
-    app.add_option ("IN", options.input, "Recording to render: WAV, FLAC, AIFF; any rate, any number of channels");
-    app.add_option ("OUT", options.output, "File to write; its extension tells the format");
+    app.add_option ("IN", options.input,
+                    "Recording to render: WAV, RF64, FLAC, AIFF, AU, Ogg, Opus, MP3; any rate, any number of channels; "
+                    "- for standard input");
+    app.add_option ("OUT", options.output,
+                    "File to write; its extension tells the format; - for standard output, as WAV");
+    app.add_flag ("--force", options.force, "Replace files that are there; never one that is read");
     app.add_option ("--set", options.settings,
                     "Set a parameter before the first sample, as \"Mid F=2k\"; repeatable, "
                     "in this order")
@@ -75,13 +82,36 @@ void Describe (CLI::App& app, Options& options, std::string& tail)
         ->check (CheckTail)
         ->type_name ("SECONDS|full");
     app.add_option ("--format", options.format,
-                    "wav, flac or aiff, with :16, :24, :32, :float or :double; or one of "
-                    "these alone")
+                    "wav, flac, aiff or au, with :16, :24, :32, :float or :double; or one of "
+                    "these alone. Otherwise the samples are as those of IN")
         ->type_name ("FORMAT");
     app.add_option ("--meters", options.meters, "Write what the meters show, a line a block")->type_name ("FILE.csv");
     app.add_flag ("--bypass", options.bypass, "Turn \"Bypass\" on, after all settings");
+    app.add_flag ("!--no-dither", options.dither, "Round 16-bit results without the noise that hides the steps");
+    app.add_flag ("--fail-on-clip", options.failOnClip, "Write nothing when the result is cut at full scale");
+    app.add_flag ("--allow-damaged", options.allowDamaged,
+                  "Take what there is of a recording or state that is cut off");
+    app.add_flag ("--dry-run", options.dryRun, "Read and check everything, tell what would be written, write nothing");
+    app.add_flag ("-q,--quiet", options.quiet, "Neither summary nor progress; warnings and errors remain");
+    app.add_flag ("--json", options.json, "Summary, or list, as JSON");
     app.add_option ("--plugin", options.plugin, "Bundle to load; otherwise the one beside this program or installed")
         ->type_name ("PATH");
+}
+
+/// An option that would do nothing is a mistake: its user believes in it.
+void CheckCombination (const CLI::App& app, const Options& options)
+{
+    const bool rendersNothing = options.list || (options.saveState && options.input.empty ());
+    if (!rendersNothing && (options.input.empty () || options.output.empty ()))
+        throw CLI::RequiredError ("IN and OUT are required, or --list, or --save-state", CLI::ExitCodes::RequiredError);
+    if (options.list && !options.input.empty ())
+        throw CLI::ValidationError ("--list renders nothing; leave IN and OUT away");
+    if (!rendersNothing)
+        return;
+    for (const char* name : { "--automate", "--block", "--realtime", "--tail", "--format", "--meters", "--no-dither",
+                              "--fail-on-clip", "--dry-run" })
+        if (app.count (name) > 0)
+            throw CLI::ValidationError (std::string (name) + " does nothing without IN and OUT");
 }
 
 } // namespace
@@ -98,14 +128,11 @@ ParsedOptions ParseOptions (int argc, const char* const* argv)
     try
     {
         app.parse (argc, argv);
-        const bool rendersNothing = options.list || (options.saveState && options.input.empty ());
-        if (!rendersNothing && (options.input.empty () || options.output.empty ()))
-            throw CLI::RequiredError ("IN and OUT are required, or --list, or --save-state",
-                                      CLI::ExitCodes::RequiredError);
+        CheckCombination (app, options);
     }
     catch (const CLI::ParseError& error)
     {
-        return { std::nullopt, app.exit (error) };
+        return { std::nullopt, app.exit (error) == 0 ? 0 : kMistakeInLine };
     }
     options.tail = ToTail (tail);
     return { options, 0 };

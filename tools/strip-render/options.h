@@ -33,8 +33,15 @@ struct Options
     bool realtime = false;
     bool bypass = false;
     bool list = false;
+    bool force = false;        ///< files that are there may be replaced
+    bool allowDamaged = false; ///< of a recording or a state that is cut off, what is there counts
+    bool failOnClip = false;   ///< a result that is cut at full scale is none
+    bool dither = true;        ///< results of 16 bits
+    bool quiet = false;        ///< no summary and no progress
+    bool json = false;         ///< summary and list for programs
+    bool dryRun = false;       ///< everything is read and checked, nothing rendered and written
 
-    bool Renders () const { return !list && !output.empty (); }
+    bool Renders () const { return !output.empty (); }
 };
 
 /// What the command line comes to: options to go on with, or the exit status of a call that has ended (help, version,

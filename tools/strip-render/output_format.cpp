@@ -1,8 +1,10 @@
 #include "output_format.h"
 
+#include "input_file.h"
 #include "render_error.h"
 #include "text.h"
 
+#include <algorithm>
 #include <array>
 #include <sndfile.h>
 #include <string_view>
@@ -18,13 +20,12 @@ struct Container
     std::string_view name;
     std::string_view shown;
     int code;
-    std::string_view ownSamples; // what it holds unless told otherwise
 };
 
 constexpr std::array kContainers{
-    Container{ "wav", "WAV", SF_FORMAT_WAV, "float" },    Container{ "flac", "FLAC", SF_FORMAT_FLAC, "24" },
-    Container{ "aiff", "AIFF", SF_FORMAT_AIFF, "float" }, Container{ "wave", "WAV", SF_FORMAT_WAV, "float" },
-    Container{ "aif", "AIFF", SF_FORMAT_AIFF, "float" },
+    Container{ "wav", "WAV", SF_FORMAT_WAV },    Container{ "flac", "FLAC", SF_FORMAT_FLAC },
+    Container{ "aiff", "AIFF", SF_FORMAT_AIFF }, Container{ "au", "AU", SF_FORMAT_AU },
+    Container{ "wave", "WAV", SF_FORMAT_WAV },   Container{ "aif", "AIFF", SF_FORMAT_AIFF },
 };
 
 struct Samples
@@ -33,15 +34,18 @@ struct Samples
     std::string_view shown;
     int code;
     int bytes;
+    int integerBits; // 0 for floats
 };
 
 constexpr std::array kSamples{
-    Samples{ "16", "16-bit", SF_FORMAT_PCM_16, 2 },           Samples{ "24", "24-bit", SF_FORMAT_PCM_24, 3 },
-    Samples{ "32", "32-bit", SF_FORMAT_PCM_32, 4 },           Samples{ "float", "32-bit float", SF_FORMAT_FLOAT, 4 },
-    Samples{ "double", "64-bit float", SF_FORMAT_DOUBLE, 8 },
+    Samples{ "16", "16-bit", SF_FORMAT_PCM_16, 2, 16 },
+    Samples{ "24", "24-bit", SF_FORMAT_PCM_24, 3, 24 },
+    Samples{ "32", "32-bit", SF_FORMAT_PCM_32, 4, 32 },
+    Samples{ "float", "32-bit float", SF_FORMAT_FLOAT, 4, 0 },
+    Samples{ "double", "64-bit float", SF_FORMAT_DOUBLE, 8, 0 },
 };
 
-constexpr std::string_view kChoice = "wav, flac or aiff, with :16, :24, :32, :float or :double";
+constexpr std::string_view kChoice = "wav, flac, aiff or au, with :16, :24, :32, :float or :double";
 
 template <typename Table>
 auto* FindIn (const Table& table, std::string_view name)
@@ -54,11 +58,13 @@ auto* FindIn (const Table& table, std::string_view name)
 
 const Container& ContainerOfExtension (const std::filesystem::path& file)
 {
+    if (IsStream (file))
+        return kContainers.front ();
     const std::string extension = Lowered (file.extension ().string ());
     const auto* container = extension.empty () ? nullptr : FindIn (kContainers, extension.substr (1));
     if (!container)
         throw RenderError ("the name \"" + file.string () +
-                           "\" does not tell a format; end it in .wav, .flac or .aiff, or say --format");
+                           "\" does not tell a format; end it in .wav, .flac, .aiff or .au, or say --format");
     return *container;
 }
 
@@ -95,23 +101,40 @@ bool IsKnownToLibrary (int code)
     return sf_format_check (&probe) != 0;
 }
 
+/// The samples of the input, or the nearest that lose nothing which the container can hold.
+const Samples& SamplesLike (int input, const Container& container)
+{
+    const int samples = input & SF_FORMAT_SUBMASK;
+    constexpr std::array kOfSixteenBits{ SF_FORMAT_PCM_S8, SF_FORMAT_PCM_U8,   SF_FORMAT_ULAW,
+                                         SF_FORMAT_ALAW,   SF_FORMAT_MS_ADPCM, SF_FORMAT_IMA_ADPCM };
+    const auto is = [samples] (int code) { return samples == code; };
+    for (const Samples& row : kSamples)
+        if (is (row.code) && IsKnownToLibrary (container.code | row.code))
+            return row;
+    if (std::ranges::any_of (kOfSixteenBits, is))
+        return *FindIn (kSamples, "16");
+    return *FindIn (kSamples, container.code == SF_FORMAT_FLAC ? "24" : "float");
+}
+
 } // namespace
 
-OutputFormat ChooseOutputFormat (const std::filesystem::path& file, const std::optional<std::string>& wanted)
+OutputFormat ChooseOutputFormat (const std::filesystem::path& file, const std::optional<std::string>& wanted, int input)
 {
     const Choice choice = wanted ? ReadChoice (*wanted) : Choice{};
     const Container& container = choice.container ? *choice.container : ContainerOfExtension (file);
-    const Samples& samples = choice.samples ? *choice.samples : *FindIn (kSamples, container.ownSamples);
+    const Samples& samples = choice.samples ? *choice.samples : SamplesLike (input, container);
 
-    const int code = container.code | samples.code;
+    int code = container.code | samples.code;
     if (!IsKnownToLibrary (code))
         throw RenderError (std::string (container.shown) + " does not hold " + std::string (samples.shown) +
                            " samples; choose another --format");
-    const bool isFloat = samples.code == SF_FORMAT_FLOAT || samples.code == SF_FORMAT_DOUBLE;
+    // A WAV file says which loudspeaker a channel is for in its extended form alone.
+    if (container.code == SF_FORMAT_WAV && (input & SF_FORMAT_TYPEMASK) == SF_FORMAT_WAVEX)
+        code = SF_FORMAT_WAVEX | samples.code;
     return { .code = code,
              .description = std::string (container.shown) + ", " + std::string (samples.shown),
              .bytesPerSample = samples.bytes,
-             .clips = !isFloat };
+             .integerBits = samples.integerBits };
 }
 
 } // namespace tessaly::render

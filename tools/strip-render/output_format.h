@@ -13,12 +13,15 @@ struct OutputFormat
     int code = 0;            ///< libsndfile's: container and sample format
     std::string description; ///< as "WAV, 32-bit float"
     int bytesPerSample = 0;
-    bool clips = false; ///< holds nothing beyond full scale
+    int integerBits = 0; ///< 16, 24 or 32; 0 for floats, which alone hold what is beyond full scale
 };
 
-/// Chooses by the file's extension (wav, flac, aiff, aif) or as `wanted` says: a container, a sample format (16, 24,
-/// 32, float, double) or both as "flac:16". Where nothing says otherwise WAV and AIFF hold 32-bit floats, FLAC 24 bits.
+/// Chooses by the file's extension (wav, flac, aiff, aif, au) or as `wanted` says: a container, a sample format (16, 24,
+/// 32, float, double) or both as "flac:16". Where nothing says otherwise the samples are those of the input as near as
+/// the container has them, and what goes to a stream is WAV.
+/// @param input  libsndfile's code of the recording
 /// @throws RenderError that tells what there is to choose from
-OutputFormat ChooseOutputFormat (const std::filesystem::path& file, const std::optional<std::string>& wanted);
+OutputFormat ChooseOutputFormat (const std::filesystem::path& file, const std::optional<std::string>& wanted,
+                                 int input);
 
 } // namespace tessaly::render

@@ -11,7 +11,7 @@ namespace tessaly::render
 class Progress
 {
 public:
-    /// @param total  in any unit, the same as that of Update
+    /// @param total  in any unit, the same as that of Update; 0 for a bar that is not to be seen
     explicit Progress (std::int64_t total);
     ~Progress (); ///< wipes the bar away
 

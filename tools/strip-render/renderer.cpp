@@ -96,7 +96,7 @@ RenderResult Render (AudioReader& reader, AudioWriter& writer, ChannelBank& bank
     std::vector<float> out (in.size ());
     Source source (reader, plan.tailFrames);
     Schedule schedule (plan, rateHz);
-    Progress progress (reader.Frames () + plan.tailFrames);
+    Progress progress (plan.showsProgress ? reader.Frames () + plan.tailFrames : 0);
 
     RenderResult result;
     while (true)
@@ -110,7 +110,7 @@ RenderResult Render (AudioReader& reader, AudioWriter& writer, ChannelBank& bank
 
         const std::size_t samples = static_cast<std::size_t> (frames) * channels;
         bank.Process (std::span (in).first (samples), std::span (out).first (samples), settings);
-        writer.Write (out.data (), frames);
+        writer.Write (std::span (out).first (samples));
         result.output.Add (std::span (out).first (samples));
         for (const MeterReading& reading : bank.Meters ())
             result.largestGainReductionDb = std::max (result.largestGainReductionDb, reading.gainReductionDb);
@@ -120,6 +120,7 @@ RenderResult Render (AudioReader& reader, AudioWriter& writer, ChannelBank& bank
         progress.Update (result.frames);
     }
     result.automationLeft = schedule.Left ();
+    result.damageFound = reader.DamageFound ();
     return result;
 }
 

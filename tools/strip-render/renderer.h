@@ -7,6 +7,7 @@
 #include "setting.h"
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace tessaly::render
@@ -15,7 +16,8 @@ namespace tessaly::render
 /// What is to happen in a render besides the samples going through.
 struct RenderPlan
 {
-    int blockSize = 512;                  ///< frames, 1 and up
+    int blockSize = 512; ///< frames, 1 and up
+    bool showsProgress = true;
     std::int64_t tailFrames = 0;          ///< silence that follows the recording
     std::vector<Setting> settings;        ///< before the first sample
     std::vector<TimedSetting> automation; ///< by time
@@ -29,6 +31,7 @@ struct RenderResult
     LevelMeter output;
     double largestGainReductionDb = 0.0; ///< of all channels and blocks, as the meters show it
     std::size_t automationLeft = 0;      ///< rows whose time comes after the last sample
+    std::string damageFound;             ///< of a recording that is damaged; empty for a whole one
 };
 
 /// Runs the whole recording through the bank. Blocks end at multiples of the block size, and besides before each sample

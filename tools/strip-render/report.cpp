@@ -6,13 +6,22 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <iostream>
+#include <nlohmann/json.hpp>
 
 namespace tessaly::render
 {
 
 namespace
 {
+
+using Json = nlohmann::ordered_json;
+
+void Print (std::ostream& out, const Json& json)
+{
+    out << json.dump (2, ' ', false, Json::error_handler_t::replace) << '\n'; // a file's name may hold any bytes
+}
 
 using Row = std::array<std::string, 5>;
 
@@ -60,12 +69,59 @@ void PrintParameters (std::ostream& out, const host::ParameterAccess& parameters
     PrintTable (out, rows);
 }
 
-void PrintSummary (std::ostream& out, const std::filesystem::path& input, const AudioReader& reader,
-                   const std::filesystem::path& output, const OutputFormat& format, const RenderResult& result)
+void PrintParametersAsJson (std::ostream& out, const host::ParameterAccess& parameters)
 {
+    Json list = Json::array ();
+    const ParameterNames names (parameters);
+    for (const auto& [name, info] : names.Entries ())
+        list.push_back ({ { "name", name },
+                          { "id", info.id },
+                          { "range", RangeText (parameters, info) },
+                          { "unit", info.units },
+                          { "default", ValueText (parameters, info, info.defaultNormalized) },
+                          { "present", ValueText (parameters, info, parameters.Normalized (info.id)) } });
+    Print (out, list);
+}
+
+namespace
+{
+
+Json LevelsAsJson (const std::filesystem::path& file, const LevelMeter& meter, std::int64_t frames, int rateHz)
+{
+    const auto level = [] (double db) { return std::isfinite (db) ? Json (db) : Json (nullptr); };
+    return { { "file", file.string () },
+             { "frames", frames },
+             { "seconds", static_cast<double> (frames) / rateHz },
+             { "peakDbfs", level (meter.PeakDb ()) },
+             { "rmsDbfs", level (meter.RmsDb ()) } };
+}
+
+void PrintSummaryAsJson (std::ostream& out, const Summary& summary)
+{
+    const auto& result = summary.result;
+    const int rateHz = summary.reader.SampleRateHz ();
+    Json json{ { "channels", summary.reader.Channels () },
+               { "sampleRateHz", rateHz },
+               { "input", LevelsAsJson (summary.input, result.input, summary.reader.FramesRead (), rateHz) },
+               { "output", LevelsAsJson (summary.output, result.output, result.frames, rateHz) },
+               { "largestGainReductionDb", result.largestGainReductionDb } };
+    json["output"]["format"] = summary.format.description;
+    Print (out, json);
+}
+
+} // namespace
+
+void PrintSummary (std::ostream& out, const Summary& summary, bool asJson)
+{
+    if (asJson)
+    {
+        PrintSummaryAsJson (out, summary);
+        return;
+    }
+    const auto& [input, output, reader, format, result] = summary;
     const int rateHz = reader.SampleRateHz ();
     const int channels = reader.Channels ();
-    const bool clipped = format.clips && result.output.PeakDb () > 0.0;
+    const bool clipped = format.integerBits != 0 && result.output.PeakDb () > 0.0;
     constexpr double kMeterEndDb = 24.0;
     const bool beyondMeter = result.largestGainReductionDb > kMeterEndDb - 1e-6;
 

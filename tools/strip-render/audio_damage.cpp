@@ -1,0 +1,127 @@
+#include "audio_damage.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace tessaly::render
+{
+
+namespace
+{
+
+constexpr std::int64_t kChunkHeader = 8;
+constexpr int kMostChunks = 4096; // ahead of the audio
+
+/// Numbers and letters of a file, from the front.
+class HeaderReader
+{
+public:
+    HeaderReader (const InputFile& from, bool isBigEndian)
+        : file (from)
+        , bigEndian (isBigEndian)
+    {
+    }
+
+    bool Has (std::int64_t offset, std::string_view letters) const
+    {
+        std::array<char, 4> bytes{};
+        return file.ReadAt (offset, bytes.data (), bytes.size ()) &&
+               std::string_view (bytes.data (), bytes.size ()) == letters;
+    }
+
+    /// @return nothing beyond the end
+    std::optional<std::int64_t> Number (std::int64_t offset, std::size_t width = 4) const
+    {
+        std::array<unsigned char, 8> bytes{};
+        if (!file.ReadAt (offset, bytes.data (), width))
+            return std::nullopt;
+        std::uint64_t number = 0;
+        for (std::size_t i = 0; i < width; ++i)
+            number = number << 8 | bytes[bigEndian ? i : width - 1 - i];
+        return static_cast<std::int64_t> (number);
+    }
+
+private:
+    const InputFile& file; // not owned: the caller's
+    bool bigEndian;
+};
+
+std::string Missing (std::int64_t declared, std::int64_t present)
+{
+    if (declared <= present)
+        return {};
+    return "it holds " + std::to_string (std::max<std::int64_t> (present, 0)) + " of its " + std::to_string (declared) +
+           " bytes of audio";
+}
+
+/// What ffmpeg (all bits set) and sox (just under two gigabytes) write into a pipe.
+bool IsUnknown (std::int64_t declared)
+{
+    constexpr std::int64_t kSoxFirst = 0x7FFFEF00;
+    return declared == 0xFFFFFFFF || (declared >= kSoxFirst && declared <= 0x7FFFFFFF);
+}
+
+/// RIFF and its kin: a header of twelve bytes, then chunks, one of which holds the audio.
+std::string ChunkedDamage (const InputFile& file, const HeaderReader& header, std::string_view audioId)
+{
+    std::int64_t declaredWide = 0; // RF64 tells sizes over 32 bits in a chunk of their own
+    std::int64_t place = 12;
+    for (int i = 0; i < kMostChunks; ++i)
+    {
+        const auto size = header.Number (place + 4);
+        if (!size)
+            return "it ends ahead of its audio";
+        if (header.Has (place, "ds64"))
+            declaredWide = header.Number (place + kChunkHeader + 8, 8).value_or (0);
+        if (header.Has (place, audioId))
+        {
+            const std::int64_t declared = *size == 0xFFFFFFFF && declaredWide > 0 ? declaredWide : *size;
+            return IsUnknown (declared) ? "" : Missing (declared, file.Size () - place - kChunkHeader);
+        }
+        place += kChunkHeader + *size + (*size & 1);
+    }
+    return {};
+}
+
+/// The last page of a stream is marked as such, and is as long as its table of segments says.
+std::string OggDamage (const InputFile& file)
+{
+    constexpr std::int64_t kLargestPage = 27 + 255 + 255 * 255;
+    constexpr std::size_t kSegmentCountAt = 26;
+    constexpr unsigned char kLastPage = 4;
+    const std::int64_t from = std::max<std::int64_t> (0, file.Size () - kLargestPage);
+    std::string end (static_cast<std::size_t> (file.Size () - from), '\0');
+    if (!file.ReadAt (from, end.data (), end.size ()))
+        return {};
+    const std::size_t page = end.rfind ("OggS");
+    if (page == std::string::npos || end.size () - page <= kSegmentCountAt)
+        return "its last page is cut";
+    const auto byte = [&end] (std::size_t at) { return static_cast<unsigned char> (end[at]); };
+    const std::size_t table = page + kSegmentCountAt + 1;
+    std::size_t pageEnd = table + byte (page + kSegmentCountAt);
+    for (std::size_t i = table; i < std::min (table + byte (page + kSegmentCountAt), end.size ()); ++i)
+        pageEnd += byte (i);
+    return pageEnd > end.size () || (byte (page + 5) & kLastPage) == 0 ? "its last page is missing or cut" : "";
+}
+
+} // namespace
+
+std::string AudioDamage (const InputFile& file)
+{
+    const HeaderReader little (file, false);
+    const HeaderReader big (file, true);
+    if (little.Has (0, "RIFF") || little.Has (0, "RF64"))
+        return little.Has (8, "WAVE") ? ChunkedDamage (file, little, "data") : "";
+    if (big.Has (0, "FORM"))
+        return ChunkedDamage (file, big, "SSND");
+    if (big.Has (0, ".snd"))
+    {
+        const std::int64_t declared = big.Number (8).value_or (0);
+        return IsUnknown (declared) ? "" : Missing (declared, file.Size () - big.Number (4).value_or (0));
+    }
+    return little.Has (0, "OggS") ? OggDamage (file) : "";
+}
+
+} // namespace tessaly::render

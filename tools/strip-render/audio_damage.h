@@ -1,0 +1,16 @@
+#pragma once
+
+#include "input_file.h"
+
+#include <string>
+
+namespace tessaly::render
+{
+
+/// Whether an audio file ends ahead of the length that its own headers tell; libsndfile takes what there is without a
+/// word. WAV and RF64, AIFF, AU, and Ogg, whose last page is marked. A length that stands for "unknown", as programs
+/// write that cannot go back in a pipe, is none. FLAC tells by itself while it is read.
+/// @return empty for a whole file and for one of another kind; else what is missing, as "10 of its 44 bytes of audio"
+std::string AudioDamage (const InputFile& file);
+
+} // namespace tessaly::render

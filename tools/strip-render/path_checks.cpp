@@ -1,0 +1,78 @@
+#include "path_checks.h"
+
+#include "input_file.h"
+#include "render_error.h"
+
+#include <string>
+#include <vector>
+
+namespace tessaly::render
+{
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+struct NamedPath
+{
+    std::string name; // how the user has called it
+    fs::path path;
+};
+
+/// One file by device and inode, links followed; of files that are not there yet, one place.
+bool IsSame (const fs::path& a, const fs::path& b)
+{
+    std::error_code error;
+    if (fs::exists (a, error) && fs::exists (b, error))
+        return fs::equivalent (a, b, error);
+    const auto place = [&error] (const fs::path& any) { return fs::weakly_canonical (fs::absolute (any), error); };
+    return place (a) == place (b);
+}
+
+void Add (std::vector<NamedPath>& paths, const char* name, const std::optional<fs::path>& path)
+{
+    if (path && !path->empty ())
+        paths.push_back ({ name, *path });
+}
+
+std::vector<NamedPath> PathsRead (const Options& options)
+{
+    std::vector<NamedPath> paths;
+    Add (paths, "IN", options.input);
+    Add (paths, "--state", options.state);
+    Add (paths, "--automate", options.automation);
+    if (options.keyPoints)
+        Add (paths, "--keypoints", fs::path (*options.keyPoints)); // the name of a set is no path of anything else
+    return paths;
+}
+
+std::vector<NamedPath> PathsWritten (const Options& options)
+{
+    std::vector<NamedPath> paths;
+    Add (paths, "OUT", options.output);
+    Add (paths, "--meters", options.meters);
+    Add (paths, "--save-state", options.saveState);
+    return paths;
+}
+
+} // namespace
+
+void CheckPaths (const Options& options)
+{
+    auto taken = PathsRead (options);
+    for (const auto& written : PathsWritten (options))
+    {
+        const bool isStream = IsStream (written.path);
+        for (const auto& other : taken)
+            if (!isStream && IsSame (written.path, other.path))
+                throw RenderError (written.name + " would write over \"" + other.path.string () + "\", which is " +
+                                   other.name);
+        std::error_code ignored;
+        if (!isStream && !options.force && fs::is_regular_file (written.path, ignored))
+            throw RenderError ("\"" + written.path.string () + "\" is there already; --force replaces it");
+        taken.push_back (written);
+    }
+}
+
+} // namespace tessaly::render
