@@ -24,7 +24,7 @@ public:
         kNoItem = -1,
         kOkButton = 0, // frames: nothing to accept, ready, pressed
         kCancelButton = 1,
-        kList = 2,
+        kListArea = 2,
         kToTopButton = 3,
         kToBottomButton = 4,
         kLineUpButton = 5,

@@ -25,14 +25,14 @@ void ZAMX_FileDialog::DrawActive (ZCanvas& canvas, std::uint32_t time)
 
 std::int32_t ZAMX_FileDialog::TextLeft () const
 {
-    return RectOf (kList).left + iconRect.Width () + iconGap;
+    return RectOf (kListArea).left + iconRect.Width () + iconGap;
 }
 
 void ZAMX_FileDialog::DrawList (ZCanvas& canvas, std::uint32_t /*time*/) const
 {
     if (list.GetRows () <= 0)
         return;
-    auto row = RectOf (kList);
+    auto row = RectOf (kListArea);
     const auto rowHeight = row.Height () / list.GetRows ();
     row.bottom = row.top + rowHeight;
     canvas.SetColor (textColor, 255);
@@ -67,7 +67,7 @@ void ZAMX_FileDialog::DrawIcon (ZCanvas& canvas, const ZRect& row, const KPRD_Da
 {
     if (iconImage == nullptr)
         return;
-    const ZPoint topLeft{ RectOf (kList).left + iconGap / 2, row.top + (row.Height () - iconRect.Height ()) / 2 };
+    const ZPoint topLeft{ RectOf (kListArea).left + iconGap / 2, row.top + (row.Height () - iconRect.Height ()) / 2 };
     const auto from = iconRect.TopLeft () + ZPoint{ 0, folder.IsExpanded () ? iconRect.Height () : 0 };
     canvas.DrawBitmap (*iconImage, iconRect - iconRect.TopLeft () + topLeft, from);
 }

@@ -37,7 +37,7 @@ bool ZAMX_FileDialog::OnMouseDown (ZEvent& event, const ZMouseInput& mouse)
     if (mouse.LeftDown ())
     {
         pressedItem = ItemUnder (mouse.point);
-        if (pressedItem == kList)
+        if (pressedItem == kListArea)
             return ListClick (event, mouse);
         const auto thumb = ThumbRect ();
         pageStep = mouse.point.y < thumb.top ? -list.GetRows () : mouse.point.y >= thumb.bottom ? list.GetRows () : 0;
@@ -156,7 +156,7 @@ void ZAMX_FileDialog::DragThumb (ZPoint point)
 
 bool ZAMX_FileDialog::OnMouseWheel (ZEvent& /*event*/, const ZWheelInput& wheel)
 {
-    if (!RectOf (kList).Contains (wheel.point) && !RectOf (kTrack).Contains (wheel.point))
+    if (!RectOf (kListArea).Contains (wheel.point) && !RectOf (kTrack).Contains (wheel.point))
         return false;
     const auto lines = std::clamp (wheel.delta, -list.Count (), list.Count ());
     if (!list.ScrollBy (-lines))
@@ -169,7 +169,7 @@ bool ZAMX_FileDialog::OnMouseWheel (ZEvent& /*event*/, const ZWheelInput& wheel)
 
 bool ZAMX_FileDialog::ListClick (ZEvent& event, const ZMouseInput& mouse)
 {
-    const auto area = RectOf (kList);
+    const auto area = RectOf (kListArea);
     SetDirty (true);
     if (list.GetRows () <= 0)
         return true;

@@ -6,9 +6,15 @@
 #include <xkbcommon/xkbcommon-x11.h>
 #include <xkbcommon/xkbcommon.h>
 
-#define explicit explicit_ // a field of xcb's header has this name
+// A field of xcb's header is called explicit, which is no name in C++.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wpragmas"
+#pragma GCC diagnostic ignored "-Wunknown-warning-option"
+#pragma GCC diagnostic ignored "-Wkeyword-macro"
+#define explicit explicit_
 #include <xcb/xkb.h>
 #undef explicit
+#pragma GCC diagnostic pop
 
 namespace tessaly
 {
