@@ -23,7 +23,6 @@ namespace tessaly
 namespace
 {
 
-constexpr auto kDrive = IndexOf (StripParameter::drive);
 constexpr auto kTotalGain = IndexOf (StripParameter::totalGain);
 
 void ShowIf (bool shown, ZPane& pane)
