@@ -40,7 +40,11 @@ bool ZChannel_StripEditor::MouseDown (ZEvent& event, const ZMouseInput& mouse)
 {
     event.SetDoubleClickTime (kDoubleClickMs);
     if (keysBusy && mouse.time - lastKeyTime > kKeyReleaseMs)
+    {
         keysBusy = false;
+        if (panel != nullptr)
+            panel->eqGraph->EndKeyEdit (); // it would take no press for as long
+    }
     if (keysBusy)
         return GetCapturePane () != nullptr;
     auto* const touched = GetFocusPane ();

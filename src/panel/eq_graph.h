@@ -46,7 +46,8 @@ public:
     ZColor GetCurveColor (std::int32_t band) const;
 
     void ClearEditFlags (); ///< ends a gesture without a message
-    void EndBandEdit ();    ///< ends one of keys, and keys move nothing before the next gesture
+    void EndKeyEdit ();     ///< ends one of keys
+    void EndBandEdit ();    ///< likewise, and keys move nothing before the next gesture
 
     const EqGraphScale& GetScale () const { return scale; }
     double PixelToGain (std::int32_t parameterId, double y) const; ///< dB, as it would be typed for the parameter
@@ -121,7 +122,6 @@ private:
     void BroadcastStep (std::int32_t parameterId, double plain);
     double InRange (std::int32_t parameterId, double plain) const;
     bool StepParameter (std::int32_t parameterId, std::int32_t steps);
-    void EndKeyEdit ();
     bool IsBlocked () const; // nothing is to light under the pointer
     void SetHover (ZEvent& event, bool hand, std::int32_t band);
 

@@ -363,6 +363,16 @@ TEST_CASE ("Strip editor: keys and mouse block one another")
         panel.Window ().Press (kLeftButton, 0);
         CHECK (panel.Editor ().GetCapturePane () != nullptr);
     }
+    SUBCASE ("nor is a marker, which a key had moved")
+    {
+        constexpr ZPoint kMidMarker{ 408, 90 }; // 1 kHz, 0 dB
+        panel.Press (kMidMarker);
+        panel.Window ().Release ();
+        panel.Window ().KeyDown ({ 0, 0, kKeyRight });
+        panel.Wait (600);
+        panel.Press (kMidMarker);
+        CHECK (panel.Editor ().GetCapturePane () != nullptr);
+    }
     SUBCASE ("losing the focus ends both")
     {
         panel.Window ().KeyDown (up);

@@ -46,6 +46,27 @@ TEST_CASE ("Fields: a double click opens a field that takes the keyboard and giv
     CHECK (panel.window.TakeKeysForHost ().size () == 1);
 }
 
+TEST_CASE ("Fields: a press beside a field is a gesture like any other")
+{
+    PanelInWindow panel;
+    panel.DoubleClick (kAttackText);
+    panel.Type ("20.0");
+    SUBCASE ("on a dial")
+    {
+        panel.Drag ({ kDriveDial + Place{ -20, 0 }, kDriveDial + Place{ 0, -20 }, kDriveDial + Place{ 20, 0 } });
+        CHECK (panel.Value (kDrive) == doctest::Approx (0.8).epsilon (0.02));
+    }
+    SUBCASE ("on a marker")
+    {
+        const Place mid{ 408, 90 }; // 1 kHz, 0 dB
+        panel.Drag ({ mid, mid + Place{ 0, 8 }, mid + Place{ 0, -8 } });
+        CHECK (panel.Plain (kMidG) > 180.0); // of 0 dB
+    }
+    const auto gestures = panel.TakeGestures ();
+    REQUIRE (gestures.size () == 1);
+    CHECK (gestures[0].ended);
+}
+
 TEST_CASE ("Fields: text is pasted from another program and copied to it")
 {
     PanelInWindow panel;

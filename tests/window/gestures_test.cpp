@@ -238,6 +238,21 @@ TEST_CASE ("Gestures: a drag goes on outside of the window and ends there")
     CHECK (panel.Value (kMorph) == released);
 }
 
+TEST_CASE ("Gestures: wheel and keys in the middle of a drag do not divide its edit")
+{
+    PanelInWindow panel;
+    panel.MoveTo (kDriveDial + Place{ -20, 0 });
+    panel.Press ();
+    panel.MoveTo (kDriveDial + Place{ 0, -20 });
+    Desktop::Get ().user.Wheel (1);
+    panel.Key ('a');
+    panel.Key (key::kUp);
+    panel.MoveTo (kDriveDial + Place{ 20, 0 });
+    panel.Release ();
+    CHECK (panel.Value (kDrive) == doctest::Approx (0.8).epsilon (0.02));
+    CheckOneEdit (panel.TakeGestures (), kDrive);
+}
+
 TEST_CASE ("Gestures: an edit that is held still for long stays open")
 {
     PanelInWindow panel;

@@ -134,6 +134,8 @@ CMouseEventResult ZVst3ControlWrapper::onMouseMoved (CPoint& where, const CButto
 
 void ZVst3ControlWrapper::onMouseWheelEvent (MouseWheelEvent& wheel)
 {
+    if (wheel.deltaY == 0.0 && wheel.deltaX != 0.0)
+        return; // sideways, which would open a ring all the same
     ZEvent event (view.BeginInput ());
     const auto delta = static_cast<std::int32_t> (wheel.deltaY);
     const bool taken = editor.MouseWheel (event, { view.ToPanel (wheel.mousePosition), delta, event.GetTime () });

@@ -335,9 +335,10 @@ ZEventImp& ZVst3EditorViewWrapper::BeginInput ()
     return input;
 }
 
+/// A drag holds its edit whatever else comes meanwhile: the wheel, or a key that nobody takes.
 void ZVst3EditorViewWrapper::EndInput (bool holding)
 {
-    if (!holding)
+    if (!holding && editor->GetCapturePane () == nullptr)
         brackets.EndAllHeldEdits ();
     FollowKeyboard ();
 }

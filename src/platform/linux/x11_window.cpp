@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstring>
+#include <utility>
 #include <xcb/xcb.h>
 
 namespace tessaly
@@ -84,11 +85,14 @@ void X11Window::OnEvent (const xcb_generic_event_t& event)
         break;
     }
     case XCB_FOCUS_OUT:
-        if (IsRealFocusChange (As<xcb_focus_out_event_t> (event)))
+        if (IsRealFocusChange (As<xcb_focus_out_event_t> (event)) && !std::exchange (gaveKeyboardBack, false))
         {
             hasKeyboard = false;
             listener.OnKeyboardLost ();
         }
+        break;
+    case XCB_FOCUS_IN:
+        gaveKeyboardBack = false; // a loss that it was to excuse did not come: the server refused
         break;
     case XCB_ENTER_NOTIFY:
     case XCB_LEAVE_NOTIFY:
@@ -153,6 +157,7 @@ void X11Window::GiveKeyboardBack ()
     hasKeyboard = false;
     if (window == 0 || Focused () != window)
         return;
+    gaveKeyboardBack = true;
     xcb_set_input_focus (connection->Get (), XCB_INPUT_FOCUS_PARENT, focusBefore, XCB_CURRENT_TIME);
     connection->Flush ();
 }

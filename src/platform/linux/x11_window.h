@@ -63,6 +63,7 @@ private:
     X11Keyboard keyboard;
     X11Clipboard clipboard;
     bool hasKeyboard = false;
+    bool gaveKeyboardBack = false; // and has not heard of it yet: a loss that the user did not cause
     xcb_window_t focusBefore = 0;
 };
 
