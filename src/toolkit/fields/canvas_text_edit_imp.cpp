@@ -16,7 +16,7 @@ namespace
 
 constexpr std::int32_t kLeastWidth = 28; // pixels
 constexpr std::int32_t kLeastHeight = 14;
-constexpr std::int32_t kMargin = 2;               // pixels left and right of the text, the border included
+constexpr std::int32_t kMargin = 1; // pixels above, below and left of the text; a caret ends it at the right
 constexpr std::uint32_t kBlinkMilliseconds = 500; // half a period
 
 /// At least as large as a field must be, around the same centre.
@@ -100,15 +100,14 @@ ZRect ZCanvasTextEditImp::Inside () const
 {
     auto inside = rect - control->GetOrigin ();
     inside.left += kMargin;
-    inside.right -= kMargin;
-    inside.top += 1;
-    inside.bottom -= 1;
+    inside.top += kMargin;
+    inside.bottom -= kMargin;
     return inside;
 }
 
 void ZCanvasTextEditImp::UseFont (ZCanvas& canvas) const
 {
-    // The line of text fills the field within its border; a font's line is up to 1.2 times its size.
+    // The line of text fills the field; a font's line is up to 1.2 times its size.
     canvas.SetFont (style.fontName, (rect.Height () - 2) * 5 / 6, style.fontStyle);
 }
 
@@ -148,17 +147,21 @@ void ZCanvasTextEditImp::DrawField (ZCanvas& canvas, ZColor textColor) const
     const auto frame = rect - control->GetOrigin ();
     canvas.SetColor (style.background, 255);
     canvas.FillRect (frame);
-    canvas.SetLineWidth (1);
-    canvas.SetLineStyle (kSolidLine);
-    canvas.SetColor (style.border, 255);
-    canvas.FrameRect (frame);
     UseFont (canvas);
     DrawLine (canvas, Inside (), textColor);
+}
+
+void ZCanvasTextEditImp::DrawLight (ZCanvas& canvas) const
+{
+    const auto frame = rect - control->GetOrigin ();
+    canvas.SetColor (style.caret, 255);
+    canvas.FillRect ({ frame.left, frame.bottom - 1, frame.right, frame.bottom });
 }
 
 void ZCanvasTextEditImp::DrawActive (ZCanvas& canvas, std::uint32_t /*time*/)
 {
     DrawField (canvas, style.text);
+    DrawLight (canvas);
     const auto inside = Inside ();
     const auto xOf = [&] (std::size_t position) { return inside.left - scrolled + WidthTo (position); };
     if (line.HasSelection ())
@@ -172,7 +175,7 @@ void ZCanvasTextEditImp::DrawActive (ZCanvas& canvas, std::uint32_t /*time*/)
     if (caretOn)
     {
         const auto x = xOf (line.GetCaret ());
-        canvas.SetColor (style.text, 255);
+        canvas.SetColor (style.caret, 255);
         canvas.FillRect ({ x, inside.top, x + 1, inside.bottom });
     }
 }

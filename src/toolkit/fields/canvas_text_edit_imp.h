@@ -66,6 +66,7 @@ private:
     void SelectTo (std::int32_t x);
     void ShowCaret (); // scrolls it into sight and begins its blinking anew
     void DrawField (ZCanvas& canvas, ZColor textColor) const;
+    void DrawLight (ZCanvas& canvas) const; // below the text: the keys are the field's
     void DrawLine (ZCanvas& canvas, const ZRect& clip, ZColor color) const;
 
     ZCanvas& measure;      // not owned: the window's

@@ -32,7 +32,7 @@ struct Choice : OverlayFixture<ZDrawMatrixMenu>
     {
         return Rect ().TopLeft () + ZPoint{ kEdge + 10 + column * 42, kEdge + row * kRow + 5 };
     }
-    std::string Highlighted () { return Text ("SetColor 52,92,148,255"); }
+    std::string Highlighted () { return Text ("SetColor 0,116,138,255"); }
 };
 
 } // namespace

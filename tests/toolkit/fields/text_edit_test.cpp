@@ -182,9 +182,9 @@ TEST_CASE ("ZCanvasTextEditImp: keys edit and copy, characters arrive byte by by
 
 TEST_CASE ("ZCanvasTextEditImp: the mouse sets the caret, selects by dragging, with shift and by words")
 {
-    // Characters are 6 pixels wide, the text begins 2 pixels inside of the field at 100.
+    // Characters are 6 pixels wide, the text begins a pixel inside of the field at 100.
     Readout r;
-    const auto at = [] (std::int32_t x) { return ZPoint{ 102 + x, 60 }; };
+    const auto at = [] (std::int32_t x) { return ZPoint{ 101 + x, 60 }; };
     struct Row
     {
         std::int32_t from, to, modifiers;
@@ -226,20 +226,20 @@ TEST_CASE ("ZCanvasTextEditImp: the mouse sets the caret, selects by dragging, w
 
 TEST_CASE ("ZCanvasTextEditImp: a long text scrolls with the caret, also under a pointer that rests outside")
 {
-    // 56 pixels inside of the field, one of them for the caret: of 20 characters the last 9 fit.
+    // 59 pixels inside of the field, one of them for the caret: of 20 characters the last 9 fit.
     Readout r;
     r.Open ();
     r.Type ("abcdefghijklmnopqrst");
     const auto textLeft = [&r] { return r.TextCall ().rect.left; };
-    CHECK (textLeft () == 37);
+    CHECK (textLeft () == 39);
     r.Stroke (kKeyHome);
-    CHECK (textLeft () == 102);
+    CHECK (textLeft () == 101);
     r.Down ({ 150, 60 });
     r.Move ({ 170, 60 });
-    CHECK (textLeft () == 91);
+    CHECK (textLeft () == 87);
     for (int i = 0; i < 10; ++i)
         r.whole.Idle (r.event, r.At ({ 170, 60 }));
-    CHECK (textLeft () == 37);
+    CHECK (textLeft () == 39);
 }
 
 TEST_CASE ("ZCanvasTextEditImp: the caret blinks by the clock, paints only when it changes, and stays on while typing")
