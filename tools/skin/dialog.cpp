@@ -40,6 +40,7 @@ void DrawKey (Picture& picture, Ink face, Ink light)
 // Keys of the scroll bar
 
 constexpr double kArrowMiddle = 7.5;
+constexpr double kArrowHalf = 4.5;
 
 void DrawScrollKey (Picture& picture, bool pressed)
 {
@@ -55,16 +56,19 @@ Ink ArrowInk (std::int32_t row)
     return row == 0 ? kHeading : kLightTouched;
 }
 
-/// A triangle 8 wide and 4 high, from its base to its tip.
+/// A triangle from its base to its tip. Like the bar of a stop it is 9 wide: around the middle of a key that is 15 wide,
+/// only odd widths begin and end with whole pixels.
 void DrawArrow (Picture& picture, double baseY, double tipY, std::int32_t row)
 {
-    const Point corners[]{ { kArrowMiddle - 4.0, baseY }, { kArrowMiddle + 4.0, baseY }, { kArrowMiddle, tipY } };
+    const Point corners[]{ { kArrowMiddle - kArrowHalf, baseY },
+                           { kArrowMiddle + kArrowHalf, baseY },
+                           { kArrowMiddle, tipY } };
     picture.FillPolygon (corners, ArrowInk (row));
 }
 
 void DrawStop (Picture& picture, double top, std::int32_t row)
 {
-    picture.FillBox ({ kArrowMiddle - 4.0, top, 8.0, 1.0 }, ArrowInk (row));
+    picture.FillBox ({ kArrowMiddle - kArrowHalf, top, 2.0 * kArrowHalf, 1.0 }, ArrowInk (row));
 }
 
 } // namespace
@@ -109,27 +113,27 @@ void DrawCancelKey (Picture& picture, std::int32_t, std::int32_t row)
 void DrawToTopKey (Picture& picture, std::int32_t, std::int32_t row)
 {
     DrawScrollKey (picture, row == 1);
-    DrawStop (picture, 4.0, row);
-    DrawArrow (picture, 10.0, 6.0, row);
+    DrawStop (picture, 3.0, row);
+    DrawArrow (picture, 10.0, 5.5, row);
 }
 
 void DrawToBottomKey (Picture& picture, std::int32_t, std::int32_t row)
 {
     DrawScrollKey (picture, row == 1);
-    DrawArrow (picture, 4.0, 8.0, row);
-    DrawStop (picture, 9.0, row);
+    DrawArrow (picture, 4.0, 8.5, row);
+    DrawStop (picture, 10.0, row);
 }
 
 void DrawLineUpKey (Picture& picture, std::int32_t, std::int32_t row)
 {
     DrawScrollKey (picture, row == 1);
-    DrawArrow (picture, 9.0, 5.0, row);
+    DrawArrow (picture, 9.0, 4.5, row);
 }
 
 void DrawLineDownKey (Picture& picture, std::int32_t, std::int32_t row)
 {
     DrawScrollKey (picture, row == 1);
-    DrawArrow (picture, 5.0, 9.0, row);
+    DrawArrow (picture, 5.0, 9.5, row);
 }
 
 void DrawFolder (Picture& picture, std::int32_t, std::int32_t row)
