@@ -53,7 +53,8 @@ void DrawKneeSwitch (Picture& picture, std::int32_t, std::int32_t row)
 {
     const Look& look = kLooks[row / 3];
     const std::int32_t selected = row % 3;
-    const double baseline = picture.Density () > 1.0 ? 9.5 : 9.0;
+    // In the middle between the key's edge in the light and the line below; a unit higher, letters touch that edge.
+    const double baseline = picture.Density () > 1.0 ? 9.5 : 10.0;
     picture.Fill (kPlate);
     picture.FillRoundBox (kBed, 2.5, kGlass);
     DrawKey (picture, look, kSegments[selected]);
