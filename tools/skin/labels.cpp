@@ -30,8 +30,9 @@ constexpr Anchor kR = Anchor::kRight;
 constexpr Label kLabels[]{
     { "COMPRESSOR", 29, 52, kL, kHeadingStyle, kHeading, kAlwaysLit },
     { "EQUALIZER", 285, 52, kL, kHeadingStyle, kHeading, kAlwaysLit },
-    { "GR", 246.5, 52, kC, kCaptionStyle, kLabel, kAlwaysLit },
-    { "OUT", 514.5, 52, kC, kCaptionStyle, kLabel, kAlwaysLit },
+    // As large as headings: a size below, the gap of the G closes at density 1, and it is read as an O.
+    { "GR", 246.5, 52, kC, kHeadingStyle, kLabel, kAlwaysLit },
+    { "OUT", 514.5, 52, kC, kHeadingStyle, kLabel, kAlwaysLit },
     { "DRIVE", 202, 155, kC, kHeadingStyle, kHeading, kAlwaysLit },
     { "Attack", 29, 75, kL, kLabelStyle, kLabel, kCompressorLabels },
     { "Release", 29, 93, kL, kLabelStyle, kLabel, kCompressorLabels },
