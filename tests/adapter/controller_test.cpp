@@ -24,13 +24,13 @@ const std::vector<std::string> kFrozen{
 
 } // namespace
 
-TEST_CASE ("The host sees 22 parameters and two read-only meters, as stored projects know them")
+TEST_CASE ("The host sees the parameters and two read-only meters, as stored projects know them")
 {
     StripInHost strip;
     const auto access = strip.instance.Parameters ();
     const auto list = access.List ();
-    REQUIRE (list.size () == 24);
-    for (Vst::ParamID id = 0; id < 22; ++id)
+    REQUIRE (list.size () == kParameterCount + 2);
+    for (Vst::ParamID id = 0; id < kParameterCount; ++id)
     {
         CAPTURE (id);
         const auto& info = list[id];
@@ -44,9 +44,9 @@ TEST_CASE ("The host sees 22 parameters and two read-only meters, as stored proj
     }
     for (const Vst::ParamID meter : { 0u, 1u })
     {
-        CHECK (list[22 + meter].id == 0x10000000 + meter);
-        CHECK (list[22 + meter].title == "VU");
-        CHECK (list[22 + meter].flags == Vst::ParameterInfo::kIsReadOnly);
+        CHECK (list[kParameterCount + meter].id == 0x10000000 + meter);
+        CHECK (list[kParameterCount + meter].title == "VU");
+        CHECK (list[kParameterCount + meter].flags == Vst::ParameterInfo::kIsReadOnly);
     }
     CHECK (access.Text (3, 1.0) == " INF");
     CHECK (access.Text (4, 0.5) == "Middle");
@@ -203,7 +203,7 @@ TEST_CASE ("Messages with a pointer are checked, and hearing them in the wrong h
     }
     CHECK (Send (component, "ConnectEditorPointer", nullptr, 0) == kResultFalse);
     CHECK (Send (component, "DisconnectEditorPointer", nullptr, 0) == kResultOk);
-    CHECK (controller->getParameterCount () == 24);
+    CHECK (controller->getParameterCount () == kParameterCount + 2);
     CHECK (strip.Value (0) == 0.25);
 }
 

@@ -2,6 +2,7 @@
 #include "joined_halves.h"
 #include "parameter_ids.h"
 #include <atomic>
+#include "strip_facts.h"
 #include <doctest/doctest.h>
 #include <string>
 #include <thread>
@@ -165,7 +166,8 @@ TEST_CASE ("SyncParameter reports what differs, one index without comparing, an 
     JoinedHalves halves;
     auto* const effect = dynamic_cast<ZChannel_StripEffect*> (EffectOf (*halves.controller));
     REQUIRE (effect != nullptr);
-    for (const std::int32_t unknown : { -2, 22, 65535, static_cast<std::int32_t> (kFirstMeterId) })
+    for (const std::int32_t unknown :
+         { -2, static_cast<std::int32_t> (kParameterCount), 65535, static_cast<std::int32_t> (kFirstMeterId) })
         halves.controller->SyncParameter (unknown);
     CHECK (halves.calls.empty ());
     effect->ApplyMorph (20, 0.125f); // by the side door

@@ -103,7 +103,7 @@ struct LooseHalves
     }
     void ShowsQuarter ()
     {
-        CHECK (controller->getParameterCount () == 24);
+        CHECK (controller->getParameterCount () == kParameterCount + 2);
         CHECK (controller->setComponentState (nullptr) == kResultOk);
         CHECK (controller->getParamNormalized (0) == 0.25);
     }
@@ -199,12 +199,12 @@ TEST_CASE ("Odd hosts: parameters set one by one before or after the state leave
         strip.Set (kMorph, 0.9);
         if (!stateIsLast)
             strip.instance.LoadState (state);
-        for (Vst::ParamID id = 0; id < 22; ++id)
+        for (Vst::ParamID id = 0; id < kParameterCount; ++id)
             strip.Set (id, source.Value (id));
         if (stateIsLast)
             strip.instance.LoadState (state);
         CHECK (strip.instance.SaveState () == state);
-        for (Vst::ParamID id = 0; id < 22; ++id)
+        for (Vst::ParamID id = 0; id < kParameterCount; ++id)
             CHECK (strip.Value (id) == source.Value (id));
     }
 }

@@ -55,7 +55,7 @@ private:
 /// A set whose rows are all alike, and values that no morph by it makes.
 Bytes Edited ()
 {
-    std::vector<float> values (22, 0.5f);
+    std::vector<float> values (kParameterCount, 0.5f);
     values[0] = 0.25f;
     values[18] = values[19] = values[21] = 0.0f;
     return State (values, KeyPoints ("Mine", 30));
@@ -84,10 +84,10 @@ struct StoredStrip : StripInHost
 
 } // namespace
 
-TEST_CASE_FIXTURE (StoredStrip, "State: 812 bytes that come back as they are, the controller showing the values")
+TEST_CASE_FIXTURE (StoredStrip, "State: bytes that come back as they are, the controller showing the values")
 {
     const auto initial = Saved ();
-    CHECK (initial.size () == 812);
+    CHECK (initial.size () == kStateBytes);
     CHECK (initial.substr (0, 8) == "2620" + Big (0x3F000000, 4)); // "Drive" at its default, a half
     CHECK (initial.substr (92, 4) == "CHST");
     CHECK (initial.substr (100, 4) == "FINF");
@@ -99,6 +99,16 @@ TEST_CASE_FIXTURE (StoredStrip, "State: 812 bytes that come back as they are, th
     CHECK (Value (0) == 0.25);
     CHECK (Value (20) == 0.5);
     CHECK (Calls (host::HandlerCall::Kind::performEdit).empty ());
+}
+
+TEST_CASE_FIXTURE (StoredStrip, "State: one of a longer list of parameters is read as far as it is known")
+{
+    // As a version with two more writes it: the head is the same, "PRM " is longer.
+    std::vector<float> values (kParameterCount + 2, 0.5f);
+    values[0] = 0.25f;
+    values[18] = values[19] = values[21] = 0.0f;
+    Load (State (values, KeyPoints ("Mine", 30)));
+    CHECK (Saved () == Edited ());
 }
 
 TEST_CASE_FIXTURE (StoredStrip, "State: nothing without an effect or a stream")
@@ -151,7 +161,7 @@ TEST_CASE_FIXTURE (StoredStrip, "State: streams that fail, move little, cannot s
         CHECK (AllFinite (Run (0.5f, 64)));
         return saved;
     };
-    for (std::size_t place = 0; place <= 812; place += 4)
+    for (std::size_t place = 0; place <= kStateBytes; place += 4)
     {
         const tresult saved = use ([place] (FaultyStream& stream) { stream.failsFrom = place; });
         CHECK ((place >= 92 || saved == kInternalError));

@@ -67,7 +67,7 @@ bool UseState (const host::PluginInstance& instance, const std::array<State, 2>&
         stream.rewind ();
         return instance.Component ().setState (&stream) == kResultOk;
     }
-    return instance.SaveState ().size () == 812;
+    return instance.SaveState ().size () == kStateBytes;
 }
 
 /// Rounds of each thread; TESSALY_STRESS_ROUNDS makes the run longer.

@@ -4,6 +4,7 @@
 #include "plugin_instance.h"
 #include "pluginterfaces/base/funknownimpl.h"
 #include "pluginterfaces/vst/ivstmessage.h"
+#include "strip_facts.h"
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -123,12 +124,12 @@ private:
 /// The begun edits less the ended ones, none of which ends before it begins.
 inline int OpenEdits (const std::vector<host::HandlerCall>& calls)
 {
-    std::array<int, 22> open{};
+    std::array<int, kParameterCount> open{};
     for (const auto& call : calls)
     {
         using Kind = host::HandlerCall::Kind;
-        open[call.id % 22] += call.kind == Kind::beginEdit ? 1 : call.kind == Kind::endEdit ? -1 : 0;
-        CHECK (open[call.id % 22] >= 0);
+        open[call.id % kParameterCount] += call.kind == Kind::beginEdit ? 1 : call.kind == Kind::endEdit ? -1 : 0;
+        CHECK (open[call.id % kParameterCount] >= 0);
     }
     return std::accumulate (open.begin (), open.end (), 0);
 }

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "strip_facts.h"
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -64,11 +67,11 @@ inline Bytes Tree (const Bytes& inside)
     return Chunk ("CHST", inside);
 }
 
-/// The whole state of an instance.
+/// The whole state of an instance; its head holds the first values only.
 inline Bytes State (const std::vector<float>& values, const Bytes& keyPoints)
 {
     Bytes head = "2620";
-    for (const float value : values)
+    for (const float value : std::span (values).first (std::min (values.size (), kHeadValues)))
         head += Big (std::bit_cast<std::uint32_t> (value), 4);
     return head + Tree (Format () + Chunk ("KPD ", keyPoints) + Chunk ("PRM ", Values (values)));
 }
