@@ -23,7 +23,7 @@ TEST_CASE_FIXTURE (StripRender, "strip-render: --keypoints takes a set by file o
     {
         RunWell ({ "--keypoints", set, "--save-state", state, "--force" });
         const auto saved = ReadFile (state);
-        REQUIRE (saved.size () == 812);
+        REQUIRE (saved.size () == kStateBytes);
         CHECK (saved.substr (120, 8) == std::string ("Own Set\0", 8));
         CHECK (saved.substr (376, 4) == std::string ("\x3C\0\x3C\0", 4)); // row 0 begins with two steps of 60
         CHECK (saved.substr (376 + 34, 34) == std::string (34, '\xFF'));

@@ -4,6 +4,7 @@
 #include "plugin_instance.h"
 #include "program_run.h"
 #include "recording.h"
+#include "strip_facts.h"
 #include "temp_folder.h"
 
 #include <algorithm>

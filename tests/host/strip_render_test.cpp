@@ -165,7 +165,7 @@ TEST_CASE_FIXTURE (StripRender, "Samples beyond full scale clip in an integer fo
 TEST_CASE_FIXTURE (StripRender, "The list shows every parameter with range, unit, default and present text")
 {
     const auto lines = Lines (RunWell ({ "--list", "--set", "Mid F=2k" }));
-    REQUIRE (lines.size () == 1 + 22 + 2);
+    REQUIRE (lines.size () == 1 + kParameterCount + 2);
     const auto words = [&] (std::size_t line)
     {
         std::istringstream rest (lines[line]);

@@ -4,7 +4,7 @@
 #include "typed_value.h"
 
 using namespace tessaly::render;
-using tessaly::test::LoadedStrip;
+using namespace tessaly::test;
 
 namespace
 {
@@ -36,7 +36,7 @@ struct Refused
 
 TEST_CASE_FIXTURE (TypedValues, "What a parameter shows at any step can be typed and leads back to that step")
 {
-    CHECK (names.Entries ().size () == 22);
+    CHECK (names.Entries ().size () == kParameterCount);
     for (const auto& entry : names.Entries ())
     {
         const auto id = entry.info.id;

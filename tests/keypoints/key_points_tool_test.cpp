@@ -109,6 +109,25 @@ TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: make reads a numbered table in any
     CHECK (Steps (bytes, 0) == kEmpty);
 }
 
+TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: make reads tables as spreadsheets with a decimal comma write them")
+{
+    const auto with = [] (char separator, bool quoted)
+    {
+        std::string table;
+        for (const char c : kHeader + kRow)
+            table += c == ',' ? std::string (1, separator) : c == '.' ? "," : std::string (1, c);
+        if (quoted)
+            table.replace (table.find ("12,49"), 5, "\"12,49\"");
+        return table;
+    };
+    for (const auto& table : { with (';', false), with ('\t', false), with (';', true) })
+    {
+        REQUIRE (Make (table).exitStatus == 0);
+        CHECK (Steps (ReadFile (set), 0) == kRowSteps);
+        fs::remove (set);
+    }
+}
+
 TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: make refuses a bad table with row, column and reason, and writes nothing")
 {
     const auto with = [] (const std::string& from, const std::string& to)
@@ -181,15 +200,17 @@ TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: check says of each file whether th
         CAPTURE (part);
         CHECK (run.out.find (part) != std::string::npos);
     }
-    CHECK (Run ({ "check", good }).exitStatus == 0);
+    CHECK (Run ({ "check", good }).exitStatus == 1); // it has steps beyond the scales
+    CHECK (Make (kHeader + kRow).exitStatus == 0);
+    CHECK (Run ({ "check", set }).exitStatus == 0);
 }
 
 TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: capture makes a key point of each state, and an empty one of a dash")
 {
-    std::vector<float> values (22, 1.0f);
+    std::vector<float> values (kParameterCount, 1.0f);
     values[7] = std::numeric_limits<float>::infinity (); // as good as 1
     values[4] = 0.5f;                                    // "Middle"
-    const auto low = State (std::vector<float> (22, 0.0f), KeyPoints ("x", 0));
+    const auto low = State (std::vector<float> (kParameterCount, 0.0f), KeyPoints ("x", 0));
     const auto first = Write ("low.state", low);
     const auto run = Run ({ "capture", set, first, "-", Write ("high.state", State (values, KeyPoints ("x", 0))) });
     CHECK (run.err == "");
@@ -202,6 +223,8 @@ TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: capture makes a key point of each 
 
     values[1] = std::numeric_limits<float>::quiet_NaN ();
     const auto other = (folder / "b.kpd").string ();
+    Fails ({ "capture", other, Write ("other.vstpreset", "VST3" + Little (1, 4) + Bytes (32, '7') + Little (48, 8)) },
+           "");
     Fails ({ "capture", other, Write ("nan", State (values, KeyPoints ("x", 0))) }, "Attack");
     for (const std::size_t length : { 4UL, 50UL, 724UL, 782UL }) // the last ahead of its values, and within them
         Fails ({ "capture", other, Write ("short", low.substr (0, length)) }, "");
@@ -217,7 +240,8 @@ TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: install puts a set where list and 
     CHECK_FALSE (fs::exists (folder / "home"));
 
     const auto mine = Write ("My Set.kpd", SetBytes ());
-    REQUIRE (Run ({ "install", mine }).exitStatus == 0);
+    Fails ({ "install", mine }, "beyond the parameter");
+    REQUIRE (Run ({ "install", mine, "--force" }).exitStatus == 0);
     CHECK (ReadFile (folder / "home/Hollin/KPRD/My Set.kpd") == SetBytes ());
     Fails ({ "install", mine }, "");
     CHECK (Run ({ "install", mine, "--force" }).exitStatus == 0);
@@ -227,6 +251,16 @@ TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: install puts a set where list and 
     Write ("machine/Hollin/KPRD/voice/b.kpd", SetBytes ());
     Write ("machine/Hollin/KPRD/voice/A.kpd", SetBytes ());
     CHECK (Run ({ "list" }).out == "voice/\n  A\n  b\nMy Set\n");
+    CHECK (nlohmann::json::parse (Run ({ "list", "--json" }).out)[1] == "voice/b");
+    for (const char* name : { "My Set", "my set", "voice/a", "01 basic" })
+        CHECK (Run ({ "show", name }).err == "");
+    Write ("machine/Hollin/KPRD/a.kpd", SetBytes ());
+    CHECK (Run ({ "show", "a" }).err ==
+           "keypoints: 2 sets have that name; taken: \"a\", the first in the collection\n");
+    fs::remove (folder / "machine/Hollin/KPRD/a.kpd");
+    Fails ({ "uninstall", "voice/a" }, "no set"); // the machine's
+    CHECK (Run ({ "uninstall", "my set" }).exitStatus == 0);
+    CHECK_FALSE (fs::exists (folder / "home/Hollin/KPRD/My Set.kpd"));
     CHECK (Run ({ "path" }).out == "exists   " + (folder / "machine/Hollin/KPRD").string () + "\nexists   " +
                                        (folder / "home/Hollin/KPRD").string () + "\n");
 }
@@ -238,7 +272,7 @@ TEST_CASE ("keypoints: a state without a set takes one into the built-in table, 
     const Bytes state = State (values, "").substr (0, 92) + Tree (Format () + Chunk ("PRM ", Values (values)));
     const auto changed = keypoints::WithKeyPoints (std::as_bytes (std::span (state)), "one", keypoints::EmptySet (),
                                                    keypoints::Panel ());
-    REQUIRE (changed.size () == 812);
+    REQUIRE (changed.size () == kStateBytes);
     CHECK (changed[kLastRow] == std::byte{ 0xFF });
     CHECK (changed[kLastRow + 33] == std::byte{ 0xFF });
 }

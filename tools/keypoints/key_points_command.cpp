@@ -1,12 +1,14 @@
 #include "key_points_command.h"
 
 #include "collection_commands.h"
+#include "find_set.h"
 #include "panel.h"
 #include "set_csv.h"
 #include "set_error.h"
 #include "set_file.h"
 #include "show.h"
 #include "state_chunk.h"
+#include "step_doubts.h"
 
 #include <CLI/CLI.hpp>
 #include <filesystem>
@@ -25,12 +27,17 @@ namespace
 
 constexpr const char* kNoSource = "-"; // in the place of a state: an empty key point
 
+constexpr int kMistakeInLine = 2;
+
 constexpr const char* kExamples = R"(Values are as on the plug-in's panel: 2k, 12.5, INF, Soft.
 Examples:
   keypoints show voice.kpd --csv > voice.csv     edit voice.csv, then
   keypoints make voice.kpd --from voice.csv --force
   keypoints capture mine.kpd soft.vstpreset - loud.vstpreset
-  keypoints install mine.kpd)";
+  keypoints install mine.kpd
+  keypoints show "Lead Vocal"
+Exit status: 0 done; 1 an error, a set that is not as it should be, or nothing to list; 2 a mistake in the command
+line.)";
 
 /// What the line says, for all commands together.
 struct Arguments
@@ -47,12 +54,14 @@ struct Arguments
 
 void Show (const Arguments& arguments)
 {
-    const auto table = ReadSetFile (arguments.set);
+    const auto set = FindSet (arguments.set.string ());
+    const auto& table = set.table;
+    TellAlike ("keypoints", set);
     const Panel panel;
     if (arguments.csv)
         WriteCsv (std::cout, table, panel);
     else if (arguments.json)
-        PrintJson (std::cout, arguments.set.stem ().string (), table, panel);
+        PrintJson (std::cout, set.name, table, panel);
     else
         PrintSet (std::cout, table, panel);
 }
@@ -92,17 +101,16 @@ void Capture (const Arguments& arguments)
     Write (arguments, table);
 }
 
-/// What the plug-in takes, but hardly on purpose.
-void PrintDoubts (const fs::path& file, const Panel& panel)
+/// What the plug-in takes, but hardly on purpose. @return whether there is something of the kind
+bool PrintDoubts (const fs::path& file, const Panel& panel)
 {
     const auto table = ReadSetFile (file);
     if (CountKeyPoints (table) == 0)
         std::cout << "    it has no key point: the morph would do nothing\n";
-    for (std::uint32_t row = 0; row < kSetRows; ++row)
-        for (std::uint32_t column = 0; table.HasKeyPoint (row) && column < kKeyPointColumns; ++column)
-            if (const auto step = table.KeyPointStep (row, column); !panel.HasStep (column, step))
-                std::cout << "    row " << row + 1 << ", \"" << panel.Name (column) << "\": step " << step
-                          << " is beyond the parameter, and would be taken as it is\n";
+    const auto doubts = StepDoubts (table, panel);
+    for (const auto& doubt : doubts)
+        std::cout << "    " << doubt << '\n';
+    return !doubts.empty ();
 }
 
 int Check (const Arguments& arguments)
@@ -116,7 +124,7 @@ int Check (const Arguments& arguments)
         {
             std::cout << file.string () << ": would be taken, " << CountKeyPoints (ReadSetFile (file)) << " of "
                       << kSetRows << " key points\n";
-            PrintDoubts (file, panel);
+            status = PrintDoubts (file, panel) ? 1 : status;
         }
         else
         {
@@ -127,9 +135,9 @@ int Check (const Arguments& arguments)
     return status;
 }
 
-int List ()
+int List (bool asJson)
 {
-    if (PrintCollection (std::cout))
+    if (PrintCollection (std::cout, asJson))
         return 0;
     std::cerr << "keypoints: there is no set in the collection; \"keypoints path\" shows its folders\n";
     return 1;
@@ -138,7 +146,7 @@ int List ()
 CLI::App* AddShow (CLI::App& app, Arguments& arguments)
 {
     auto* command = app.add_subcommand ("show", "Print the nine key points of a set, values as on the panel");
-    command->add_option ("SET.kpd", arguments.set, "Key-point file")->required ();
+    command->add_option ("SET", arguments.set, "Key-point file, or the name of a set in the collection")->required ();
     auto* csv = command->add_flag ("--csv", arguments.csv, "As a table that \"make\" reads");
     command->add_flag ("--json", arguments.json, "As JSON, with steps")->excludes (csv);
     return command;
@@ -197,8 +205,11 @@ int RunCommandLine (int argc, const char* const* argv)
     const auto* make = AddMake (app, arguments);
     const auto* capture = AddCapture (app, arguments);
     const auto* check = AddCheck (app, arguments);
-    const auto* list = app.add_subcommand ("list", "Print the collection, as the plug-in's dialog shows it");
+    auto* list = app.add_subcommand ("list", "Print the collection, as the plug-in's dialog shows it");
+    list->add_flag ("--json", arguments.json, "As JSON");
     const auto* install = AddInstall (app, arguments);
+    auto* uninstall = app.add_subcommand ("uninstall", "Remove a set from your own folder of the collection");
+    uninstall->add_option ("NAME", arguments.set, "Name of the set, with or without its folder")->required ();
     const auto* path = app.add_subcommand ("path", "Print the folders of the collection, and whether they exist");
     try
     {
@@ -206,7 +217,7 @@ int RunCommandLine (int argc, const char* const* argv)
     }
     catch (const CLI::ParseError& error)
     {
-        return app.exit (error);
+        return app.exit (error) == 0 ? 0 : kMistakeInLine;
     }
 
     if (*show)
@@ -218,9 +229,11 @@ int RunCommandLine (int argc, const char* const* argv)
     else if (*check)
         return Check (arguments);
     else if (*list)
-        return List ();
+        return List (arguments.json);
     else if (*install)
         std::cout << Install (arguments.set, arguments.Present ()).string () << '\n';
+    else if (*uninstall)
+        std::cout << Uninstall (arguments.set.string ()).string () << " is removed\n";
     else if (*path)
         PrintFolders (std::cout);
     return 0;

@@ -75,15 +75,16 @@ private:
 class Reader
 {
 public:
-    Reader (const Header& from, const Panel& with)
+    Reader (const Header& from, char partedBy, const Panel& with)
         : header (from)
+        , separator (partedBy)
         , panel (with)
     {
     }
 
     void Take (std::string_view line, int lineNumber)
     {
-        const auto fields = CsvFields (line);
+        const auto fields = CsvFields (line, separator);
         if (Trimmed (line).empty ())
         {
             row += header.IsNumbered () ? 0 : 1;
@@ -128,7 +129,7 @@ private:
 
     std::int16_t ReadValue (std::string_view text, std::uint32_t column) const
     {
-        if (const auto step = panel.Step (column, text))
+        if (const auto step = panel.Step (column, WithDecimalPoint (text)))
             return *step;
         throw SetError (place + ", \"" + panel.Name (column) + "\": " +
                         (text.empty ()
@@ -137,7 +138,8 @@ private:
     }
 
     const Header& header; // not owned: the caller's
-    const Panel& panel;   // not owned: the caller's
+    char separator;
+    const Panel& panel; // not owned: the caller's
     KeyPointSet table = EmptySet ();
     std::array<bool, kSetRows + 1> seen{}; // by number, for numbered lines
     int row = 0;                           // of the last line, from 1
@@ -179,7 +181,10 @@ KeyPointSet ReadCsv (std::istream& in, const Panel& panel)
         if (header)
             reader->Take (line, lineNumber);
         else
-            reader.emplace (header.emplace (CsvFields (line), panel), panel);
+        {
+            const char separator = CsvSeparator (line);
+            reader.emplace (header.emplace (CsvFields (line, separator), panel), separator, panel);
+        }
     }
     if (!in.eof ())
         throw SetError ("it cannot be read");

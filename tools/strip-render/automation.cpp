@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <optional>
 
 namespace tessaly::render
 {
@@ -34,21 +35,22 @@ Setting ReadSetting (const host::ParameterAccess& parameters, const ParameterNam
 namespace
 {
 
-bool IsHeader (std::string_view line)
+bool IsHeader (std::string_view line, char separator)
 {
-    return Lowered (CsvFields (line).front ()).starts_with ("time");
+    return Lowered (CsvFields (line, separator).front ()).starts_with ("time");
 }
 
-TimedSetting ReadRow (const host::ParameterAccess& parameters, const ParameterNames& names, std::string_view line)
+TimedSetting ReadRow (const host::ParameterAccess& parameters, const ParameterNames& names, std::string_view line,
+                      char separator)
 {
-    const auto fields = CsvFields (line);
+    const auto fields = CsvFields (line, separator);
     if (fields.size () != 3)
         throw RenderError ("a row has three fields: time in seconds, parameter, value");
-    const auto seconds = ToNumber (fields[0]);
+    const auto seconds = ToNumber (WithDecimalPoint (fields[0]));
     if (!seconds || *seconds < 0.0)
         throw RenderError ("\"" + std::string (fields[0]) + "\" is no time in seconds");
     const auto& entry = names.Find (fields[1]);
-    return { *seconds, { entry.info.id, TypedValue (parameters, entry, fields[2]) } };
+    return { *seconds, { entry.info.id, TypedValue (parameters, entry, WithDecimalPoint (fields[2])) } };
 }
 
 } // namespace
@@ -61,7 +63,7 @@ std::vector<TimedSetting> ReadAutomation (const host::ParameterAccess& parameter
         throw RenderError ("cannot read the automation file \"" + file.string () + "\"");
 
     std::vector<TimedSetting> rows;
-    bool isFirst = true;
+    std::optional<char> separator;
     std::string line;
     for (int number = 1; std::getline (in, line); ++number)
     {
@@ -70,13 +72,13 @@ std::vector<TimedSetting> ReadAutomation (const host::ParameterAccess& parameter
         const std::string_view content = Trimmed (line);
         if (content.empty () || content.front () == '#')
             continue;
-        const bool skip = isFirst && IsHeader (content);
-        isFirst = false;
-        if (skip)
+        const bool isFirst = !separator;
+        separator = separator.value_or (CsvSeparator (content));
+        if (isFirst && IsHeader (content, *separator))
             continue;
         try
         {
-            rows.push_back (ReadRow (parameters, names, content));
+            rows.push_back (ReadRow (parameters, names, content, *separator));
         }
         catch (const RenderError& error)
         {

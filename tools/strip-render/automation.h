@@ -15,8 +15,7 @@ namespace tessaly::render
 /// @throws RenderError that quotes the text
 Setting ReadSetting (const host::ParameterAccess& parameters, const ParameterNames& names, const std::string& text);
 
-/// Reads a table of time in seconds, parameter and value, a row a line, fields parted by commas, with or without double
-/// quotes around a field. Empty lines and lines that begin with # are left out, and so is a first line whose first
+/// Reads a table of time in seconds, parameter and value, a row a line (csv.h). Empty lines and lines that begin with # are left out, and so is a first line whose first
 /// field begins with "time".
 /// @return the rows by time; rows of one time keep their order
 /// @throws RenderError that names file and line

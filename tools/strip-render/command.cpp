@@ -85,6 +85,7 @@ std::optional<State> StartState (const Options& options, const host::Bundle& bun
     if (!options.keyPoints)
         return state;
     const auto set = keypoints::FindSet (*options.keyPoints);
+    keypoints::TellAlike ("strip-render", set);
     return keypoints::WithKeyPoints (state, set.name, set.table, keypoints::Panel ());
 }
 
