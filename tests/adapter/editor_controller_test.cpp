@@ -1,8 +1,8 @@
 #include "channel_strip_effect.h"
 #include "joined_halves.h"
 #include "parameter_ids.h"
-#include <atomic>
 #include "strip_facts.h"
+#include <atomic>
 #include <doctest/doctest.h>
 #include <string>
 #include <thread>
