@@ -118,7 +118,8 @@ bool ZAMX_FontTextEdit::OnCloseModal (bool commit)
 
 void ZAMX_FontTextEdit::OnMouseExit (ZEvent& event, const ZMouseInput& mouse)
 {
-    if (editing && !GetFrame ().Contains (mouse.point)) // a press can end outside
+    // A press can end outside; and a read-out that was disabled under the pointer has no other end.
+    if (editing && (!GetFrame ().Contains (mouse.point) || !IsMouseEnabled ()))
         EndTouch (mouse.time);
     ZFontTextEdit::OnMouseExit (event, mouse);
 }

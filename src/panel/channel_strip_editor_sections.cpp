@@ -81,6 +81,7 @@ void ZChannel_StripEditor::UpdateEqSection ()
         led->SetBool (false);
         led->SetActive (look);
     }
+    SetHighlight (*panel->eqGraph, false); // a marker that is held or turned hears nothing of its end
     panel->eqGraph->SetCurrentBand (kNoBand);
     Enable (*panel->eqGraph, input, look);
     Invalidate (true);

@@ -264,6 +264,32 @@ TEST_CASE ("Strip editor: a bypass closes the open rings of its section at once"
     CHECK (panel.Shown ().IsLike (before, 0));
 }
 
+TEST_CASE ("Strip editor: a bypass unlights what the wheel had lit under the pointer")
+{
+    Panel panel;
+    const ZRect midText = kEqTexts[6].frame;
+    ZPoint lit{ 408, 90 }; // the mid marker: 1 kHz, 0 dB
+    SUBCASE ("by a marker") {}
+    SUBCASE ("by a read-out")
+    {
+        lit = Middle (midText);
+    }
+    panel.SetStep (Id (StripParameter::midGain), 181);
+    panel.Wait (600);
+    const auto before = panel.Shown ();
+    panel.SetStep (Id (StripParameter::midGain), 180);
+    panel.Wait (60);
+    panel.Wheel (lit, 1);
+    panel.Wait (60);
+    CHECK_FALSE (panel.Looks (before, midText));
+    panel.SetValue (Id (StripParameter::equalizerBypass), 1.0f);
+    panel.Wait (60);
+    panel.SetValue (Id (StripParameter::equalizerBypass), 0.0f);
+    panel.Wait (60);
+    CHECK (panel.Step (Id (StripParameter::midGain)) == 181);
+    CHECK (panel.Looks (before, midText));
+}
+
 TEST_CASE ("Strip editor: a value that departs from the morph shows on its dial")
 {
     Panel panel (MakeTwoSets ());
