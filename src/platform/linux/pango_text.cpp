@@ -21,20 +21,17 @@ double FromPango (int units)
 }
 
 /// Pango tells GLib its types, with names that lie in Pango's own memory, and GLib never forgets them: once used, Pango
-/// has to stay loaded when a module that brought it in goes, or the next user finds names that are there no more. What
+/// has to stay loaded when a module that brought it in goes, or the next user finds names that are there no more. And
+/// each load of these libraries costs some 12 kB that no unload gives back. So they stay from the first load on; what
 /// Pango itself needs stays with it.
-void KeepPangoLoaded ()
+bool KeepPangoLoaded ()
 {
     Dl_info library{};
-    if (dladdr (reinterpret_cast<void*> (&pango_cairo_font_map_new), &library) != 0)
-        dlopen (library.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
+    return dladdr (reinterpret_cast<void*> (&pango_cairo_font_map_new), &library) != 0 &&
+           dlopen (library.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE) != nullptr;
 }
 
-PangoFontMap* NewFontMap ()
-{
-    KeepPangoLoaded ();
-    return pango_cairo_font_map_new ();
-}
+[[maybe_unused]] const bool pangoStays = KeepPangoLoaded (); // when this module is loaded
 
 /// The text as Pango takes it, cut at a character.
 std::string WellFormed (std::string_view text)
@@ -115,7 +112,7 @@ void PangoRelease::operator() (PangoFontDescription* font) const
 }
 
 PangoText::PangoText (double scale)
-    : map (NewFontMap ())
+    : map (pango_cairo_font_map_new ())
     , context (pango_font_map_create_context (map.get ()))
     , layout (pango_layout_new (context.get ()))
 {
