@@ -3,6 +3,7 @@
 #include "effect.h"
 #include "effect_listener.h"
 #include "guarded_pointer.h"
+#include "late_points.h"
 #include <atomic>
 #include <memory>
 
@@ -40,6 +41,10 @@ public:
     void End ();
     bool HasEnded () const { return ended.load (std::memory_order_acquire); } ///< any thread
 
+    /// In Ardour alone. Set once, before List.
+    void SetLatePoints (std::unique_ptr<ardour::LatePoints> points) { latePoints = std::move (points); }
+    ardour::LatePoints* LatePoints () const { return latePoints.get (); } ///< null in every other host
+
     /// Values reached the storage by another road than the controller: points of a block, or a state. Any thread.
     void MarkValuesMoved () { valuesMoved.store (true, std::memory_order_release); }
     /// @return whether they have since the last call; the values themselves are seen then
@@ -62,6 +67,7 @@ private:
     GuardedPointer<ZEffectWrapper> host;    // not owned: the processor; null after End
     GuardedPointer<ZEffectListener> editor; // not owned: the view's
     std::unique_ptr<ZEffect> effect;        // ahead of what it looks at
+    std::unique_ptr<ardour::LatePoints> latePoints;
     std::atomic<bool> ended = false;
     std::atomic<bool> valuesMoved = false;
     bool listed = false;        // the list's lock

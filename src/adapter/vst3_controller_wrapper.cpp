@@ -134,6 +134,11 @@ ZEffect* ZVst3ControllerWrapper::Effect () const
     return life && !life->HasEnded () ? life->Effect () : nullptr;
 }
 
+ardour::LatePoints* ZVst3ControllerWrapper::LatePoints () const
+{
+    return HasEffect () ? life->LatePoints () : nullptr;
+}
+
 Vst::Parameter* ZVst3ControllerWrapper::getParameterObject (Vst::ParamID id)
 {
     return HasEffect () ? EditControllerEx1::getParameterObject (id) : nullptr;
@@ -141,6 +146,7 @@ Vst::Parameter* ZVst3ControllerWrapper::getParameterObject (Vst::ParamID id)
 
 void ZVst3ControllerWrapper::SetActive (bool state)
 {
+    everActive = everActive || state;
     active = state;
     // Nothing plays on either side of the switch, and a host's feed may begin with the value that was last shown.
     vuBuffer.SetAll (0.0f);
@@ -157,6 +163,7 @@ void ZVst3ControllerWrapper::Attach (std::shared_ptr<LiveEffect> newLife)
         life->Editor ().TakeBack (editor);
     SetStorage (nullptr); // the parameter objects look into the old effect's storage
     life = std::move (newLife);
+    everActive = false;
     if (!life)
         return;
     SetStorage (StorageOf (life->Effect ()));
@@ -237,6 +244,28 @@ void ZVst3ControllerWrapper::RefreshValues ()
     for (std::int32_t i = 0; HasEffect () && i < storage->GetParameterCount (); ++i)
         EditControllerEx1::setParamNormalized (static_cast<Vst::ParamID> (i),
                                                static_cast<double> (storage->GetNormalized (i)));
+}
+
+/// The parameter objects take what reached the storage by another road. Ardour is made to read what its own points did
+/// not tell it of, once for all values; but not while it exports, as it would send the values back as points, which in
+/// an offline block count.
+void ZVst3ControllerWrapper::FollowStorage ()
+{
+    auto* const late = LatePoints ();
+    for (std::int32_t i = 0; late != nullptr && i < storage->GetParameterCount (); ++i)
+    {
+        const auto id = static_cast<Vst::ParamID> (i);
+        const float value = storage->GetNormalized (i);
+        if (EditControllerEx1::getParamNormalized (id) == static_cast<double> (value) || late->IsNewest (id, value))
+            continue;
+        late->OnRead (id);
+        hostIsBehind = true;
+    }
+    RefreshValues ();
+    if (late == nullptr || late->IsOffline () || !std::exchange (hostIsBehind, false) || !componentHandler)
+        return;
+    const ScopedFlag guard (inFollow);
+    componentHandler->restartComponent (Vst::kParamValuesChanged);
 }
 
 /// A host's value for a conversion; NaN stands for the present value.
@@ -336,8 +365,7 @@ tresult PLUGIN_API ZVst3ControllerWrapper::setParamNormalized (Vst::ParamID id, 
     auto* const effect = Effect ();
     if (IsOrdinaryId (id) && effect != nullptr && storage != nullptr)
     {
-        storage->GetValues (snapshot);
-        effect->SetParameter (static_cast<std::int32_t> (id), kept);
+        SetInEffect (*effect, static_cast<std::int32_t> (id), kept);
         const tresult reported = ReportSideEffects (id, kept);
         return reported != kResultOk ? reported : result;
     }
@@ -347,6 +375,18 @@ tresult PLUGIN_API ZVst3ControllerWrapper::setParamNormalized (Vst::ParamID id, 
         vuBuffer.Flush ();
     }
     return result;
+}
+
+/// Sets a value with the values before and after it.
+void ZVst3ControllerWrapper::SetInEffect (ZEffect& effect, std::int32_t index, float value)
+{
+    auto* const late = LatePoints ();
+    const auto alone = late != nullptr ? late->Exclude () : ardour::LatePoints::Exclusion ();
+    if (late != nullptr)
+        late->OnToldByHost (static_cast<Vst::ParamID> (index), value);
+    storage->GetValues (snapshot);
+    effect.SetParameter (index, value);
+    storage->GetValues (values);
 }
 
 IPlugView* PLUGIN_API ZVst3ControllerWrapper::createView (FIDString name)
@@ -371,21 +411,30 @@ bool ZVst3ControllerWrapper::IsRepeat (Vst::ParamID id, float value)
     return !IsOrdinaryId (id) || storage->GetNormalized (static_cast<std::int32_t> (id)) == value;
 }
 
-/// Tells the host of every parameter that the effect moved besides the one that was set to `value`.
+/// Tells the host of every parameter that the effect moved besides the one that was set to `value`. Ardour keeps edits
+/// from before the first activation until after it has restored the state, where they would win: it is made to read
+/// the values instead.
 tresult ZVst3ControllerWrapper::ReportSideEffects (Vst::ParamID id, float value)
 {
-    storage->GetValues (values);
+    const bool asEdits = everActive || LatePoints () == nullptr;
+    bool untold = false;
     for (std::size_t i = 0; i < values.size () && i < snapshot.size (); ++i)
     {
         const auto moved = static_cast<Vst::ParamID> (i);
         if (values[i] == (moved == id ? value : snapshot[i]))
             continue;
-        BeginTimedEdit (moved);
-        performEdit (moved, static_cast<double> (values[i]));
+        if (asEdits)
+        {
+            BeginTimedEdit (moved);
+            performEdit (moved, static_cast<double> (values[i]));
+        }
+        untold = untold || !asEdits;
         const tresult stored = EditControllerEx1::setParamNormalized (moved, static_cast<double> (values[i]));
         if (stored != kResultOk)
             return stored;
     }
+    if (untold && componentHandler)
+        componentHandler->restartComponent (Vst::kParamValuesChanged);
     return kResultOk;
 }
 
@@ -451,9 +500,35 @@ void ZVst3ControllerWrapper::OnHostCall ()
         return;
     if (!HasEffect ()) // a host's connection may drop messages off its main thread, that of the end too
         TellViewsOfEnd ();
-    else if (life->TakeValuesMoved ())
-        RefreshValues ();
+    else if (!inFollow)
+    {
+        if (auto* const late = LatePoints ())
+            late->Deliver (); // so that no answer is older than the host's own points
+        if (life->TakeValuesMoved () || hostIsBehind)
+            FollowStorage ();
+    }
     edits.EndExpired (clock ());
+}
+
+void ZVst3ControllerWrapper::BeginHeldEdit (Vst::ParamID id)
+{
+    edits.BeginHeld (id, clock ());
+    if (auto* const late = LatePoints ())
+        late->Hold (id);
+}
+
+void ZVst3ControllerWrapper::EndHostEdit (std::uint32_t id)
+{
+    if (auto* const late = LatePoints ())
+        late->LetGo (id);
+    endEdit (id);
+}
+
+tresult ZVst3ControllerWrapper::performEdit (Vst::ParamID id, Vst::ParamValue value)
+{
+    if (auto* const late = LatePoints ())
+        late->OnEdited (id);
+    return EditControllerEx1::performEdit (id, value);
 }
 
 void ZVst3ControllerWrapper::SyncParameter (std::int32_t index)

@@ -4,6 +4,7 @@
 #include "editor_controller.h"
 #include "host_timer.h"
 #include "kvp_factory.h"
+#include "late_points.h"
 #include "pluginterfaces/vst/ivstmidicontrollers.h"
 #include "pluginterfaces/vst/ivstrepresentation.h"
 #include "public.sdk/source/vst/vsteditcontroller.h"
@@ -35,7 +36,7 @@ std::uint32_t SteadyTickMs ();
 /// Host's user-interface thread. Hosts without a run loop never call the timer; what is to happen by time is looked at
 /// on the calls that hosts make on that thread. The processor may end on another thread concurrently, and its message
 /// may be lost: what this half looks at stays until it lets go (LiveEffect), and it answers as if never connected.
-/// setParamNormalized takes no lock.
+/// setParamNormalized takes no lock, but in Ardour.
 class ZVst3ControllerWrapper final : public Steinberg::Vst::EditControllerEx1,
                                      public Steinberg::Vst::IMidiMapping,
                                      public Steinberg::Vst::IXmlRepresentationController,
@@ -99,7 +100,7 @@ public:
     bool QueryEffect (std::int32_t kind, void* out) override;
     bool GetInfo (std::int32_t kind, void* out) override;
     void SetParameterFromEditor (Steinberg::Vst::ParamID id, float value) override;
-    void BeginHeldEdit (Steinberg::Vst::ParamID id) override { edits.BeginHeld (id, clock ()); }
+    void BeginHeldEdit (Steinberg::Vst::ParamID id) override;
     void EndAllHeldEdits () override { edits.EndAllHeld (); }
     void EndAllTimedEdits () override { edits.EndAllTimed (); }
     void RenewHeldEdits () override { edits.RenewHeld (clock ()); }
@@ -116,6 +117,9 @@ public:
     void BeginTimedEdit (Steinberg::Vst::ParamID id) { edits.BeginTimed (id, clock ()); }
     void EndTimedEdit (Steinberg::Vst::ParamID id) { edits.EndTimed (id); }
 
+    /// Every edit that the host is told of.
+    Steinberg::tresult performEdit (Steinberg::Vst::ParamID id, Steinberg::Vst::ParamValue value) override;
+
     /// None without an effect, whatever the list holds.
     Steinberg::Vst::Parameter* getParameterObject (Steinberg::Vst::ParamID id) override;
 
@@ -128,9 +132,10 @@ public:
 
 private:
     void BeginHostEdit (std::uint32_t id) override { beginEdit (id); }
-    void EndHostEdit (std::uint32_t id) override { endEdit (id); }
+    void EndHostEdit (std::uint32_t id) override;
 
-    ZEffect* Effect () const; ///< null while there is none, or it has ended
+    ardour::LatePoints* LatePoints () const; ///< null in every host but Ardour
+    ZEffect* Effect () const;                ///< null while there is none, or it has ended
     bool OnEffectMessage (Steinberg::Vst::IMessage& message);
     void SetActive (bool state);
     void Attach (std::shared_ptr<LiveEffect> newLife); ///< null detaches
@@ -140,8 +145,10 @@ private:
     void BuildParameters ();
     void UpdateParameters (ZParameterStorageBase* newStorage);
     void RefreshValues ();
+    void FollowStorage ();
     Steinberg::Vst::ParamValue Usable (Steinberg::Vst::ParamID id, Steinberg::Vst::ParamValue normalized);
     bool IsRepeat (Steinberg::Vst::ParamID id, float value);
+    void SetInEffect (ZEffect& effect, std::int32_t index, float value);
     Steinberg::tresult ReportSideEffects (Steinberg::Vst::ParamID id, float value);
     void ReportToHost (std::int32_t index, float value);
     void EndAllEdits ();
@@ -159,6 +166,9 @@ private:
     EditBrackets edits{ *this };
     std::atomic<std::thread::id> hostThread; ///< the thread that initialized, or gave the component handler
     std::int32_t numChannels = 1;
+    bool everActive = false;         ///< since the effect came
+    bool hostIsBehind = false;       ///< Ardour has not been told of values that moved
+    bool inFollow = false;           ///< guards against a host that answers restartComponent with questions
     bool inSetParam = false;         ///< guards against a host that answers performEdit with setParamNormalized
     SharedValue<bool> active = true; ///< the processor's active state
     std::vector<float> snapshot;     ///< values before a change

@@ -1,9 +1,11 @@
 #include "vst3_effect_wrapper.h"
 
+#include "ardour_host.h"
 #include "binary_message.h"
 #include "class_id.h"
 #include "effect.h"
 #include "effect_listener.h"
+#include "late_delivery.h"
 #include "parameter_ids.h"
 #include "parameter_storage_base.h"
 #include "plugin_config.h"
@@ -21,6 +23,7 @@
 #include "vu_buffer.h"
 #include <algorithm>
 #include <bit>
+#include <chrono>
 
 namespace tessaly
 {
@@ -107,6 +110,10 @@ tresult PLUGIN_API ZVst3EffectWrapper::initialize (FUnknown* context)
         effect->CreateMidiEvent ();
     effect->SetPluginCore (std::move (core));
     effect->Initialize ();
+    if (ardour::IsArdour (context))
+        life->SetLatePoints (
+            std::make_unique<ardour::LatePoints> (*effect, *storage, [of = life.get ()] { of->MarkValuesMoved (); }));
+    latePoints = life->LatePoints ();
     life->List ();
     if (!AddSideChain ())
         return kResultFalse;
@@ -131,6 +138,9 @@ bool ZVst3EffectWrapper::AddSideChain ()
 
 tresult PLUGIN_API ZVst3EffectWrapper::terminate ()
 {
+    if (latePoints != nullptr)
+        ardour::LateDelivery::Leave (*latePoints);
+    latePoints = nullptr;
     if (effect)
     {
         // Some hosts terminate without a disconnect: the controller must let go before the effect dies.
@@ -191,6 +201,13 @@ tresult PLUGIN_API ZVst3EffectWrapper::notify (Vst::IMessage* received)
 tresult PLUGIN_API ZVst3EffectWrapper::setActive (TBool state)
 {
     const std::uint8_t active = state != 0 ? 1 : 0;
+    if (latePoints != nullptr && active != 0)
+        ardour::LateDelivery::Join (*latePoints);
+    else if (latePoints != nullptr)
+    {
+        ardour::LateDelivery::Leave (*latePoints);
+        latePoints->Deliver (); // what came with the last blocks
+    }
     if (effect)
         effect->SetActive (active != 0);
     SendBinaryMessage (*this, message::kActive, message::kPointerAttribute, &active, sizeof (active));
@@ -230,6 +247,7 @@ tresult PLUGIN_API ZVst3EffectWrapper::setupProcessing (Vst::ProcessSetup& setup
     {
         effect->SetSampleRate (setup.sampleRate);
         effect->SetBlockSize (setup.maxSamplesPerBlock);
+        pace.Reset (setup.sampleRate, setup.maxSamplesPerBlock);
     }
     return AudioEffect::setupProcessing (setup);
 }
@@ -252,6 +270,8 @@ tresult PLUGIN_API ZVst3EffectWrapper::process (Vst::ProcessData& data)
     hasAppliedPoints = false;
     parameterQueue.Clear ();
     CollectParameterChanges (data.inputParameterChanges);
+    if (latePoints != nullptr)
+        HandOverLatePoints (data);
     CollectEvents (data.inputEvents);
     UpdateTimeInfo (data.processContext);
     if (data.numInputs == 0 || data.numOutputs == 0)
@@ -312,9 +332,30 @@ void ZVst3EffectWrapper::CollectPoint (Vst::ParamID id, int32 sampleOffset, Vst:
     }
 }
 
+/// The block's points are noted. Offline, and in a bounce that only looks like playback, they are heard in this block.
+void ZVst3EffectWrapper::HandOverLatePoints (const Vst::ProcessData& data)
+{
+    const bool isOffline = data.processMode == Vst::kOffline;
+    latePoints->SetOffline (isOffline);
+    if (isOffline)
+    {
+        pace.Restart ();
+        latePoints->DeliverOffline ();
+        return;
+    }
+    const std::chrono::nanoseconds now = std::chrono::steady_clock::now ().time_since_epoch ();
+    if (pace.IsAhead (data.numSamples, now.count ()) || offlineLatch)
+        latePoints->DeliverAhead ();
+}
+
 /// Keeps the queue within its reserve: a full one is handed on early, as the core would do with the block's.
 void ZVst3EffectWrapper::AddPoint (Vst::ParamID id, int32 sampleOffset, float value)
 {
+    if (latePoints != nullptr)
+    {
+        latePoints->Note (id, value);
+        return;
+    }
     std::int32_t count = 0;
     parameterQueue.GetCount (&count);
     if (count == kReservedPoints)

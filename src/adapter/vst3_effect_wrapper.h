@@ -1,5 +1,6 @@
 #pragma once
 
+#include "block_pace.h"
 #include "effect_wrapper.h"
 #include "kvp_factory.h"
 #include "live_effect.h"
@@ -72,6 +73,7 @@ private:
     void CollectParameterChanges (Steinberg::Vst::IParameterChanges* changes);
     void CollectPoint (Steinberg::Vst::ParamID id, Steinberg::int32 sampleOffset, Steinberg::Vst::ParamValue value);
     void AddPoint (Steinberg::Vst::ParamID id, Steinberg::int32 sampleOffset, float value);
+    void HandOverLatePoints (const Steinberg::Vst::ProcessData& data);
     void CollectEvents (Steinberg::Vst::IEventList* events);
     void UpdateTimeInfo (const Steinberg::Vst::ProcessContext* context);
     void UpdateBypass (Steinberg::Vst::ParamID id);
@@ -83,6 +85,8 @@ private:
     std::shared_ptr<LiveEffect> life;         // the effect and its editor; null before initialize and after terminate
     ZEffect* effect = nullptr;                // not owned: `life`
     ZParameterStorageBase* storage = nullptr; // not owned: `effect`
+    ardour::LatePoints* latePoints = nullptr; // not owned: `life`; takes the place of the queue in Ardour, else null
+    ardour::BlockPace pace;                   // used with them
     ZParameterQueue parameterQueue;
     ZTimeInfo timeInfo;
     std::int32_t lastProcessMode = 0;

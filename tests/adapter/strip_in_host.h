@@ -11,6 +11,7 @@
 #include <doctest/doctest.h>
 #include <functional>
 #include <numeric>
+#include <string>
 #include <vector>
 
 /// The built bundle in a host, with what the host hears. One channel, 48 kHz unless a test sets it up anew.
@@ -66,8 +67,9 @@ inline bool AllFinite (const auto& samples)
 class StripInHost
 {
 public:
-    explicit StripInHost (host::InstanceOptions options = {}, Steinberg::Linux::IRunLoop* loop = nullptr)
-        : context ("strip test", loop)
+    explicit StripInHost (host::InstanceOptions options = {}, Steinberg::Linux::IRunLoop* loop = nullptr,
+                          std::string hostName = "strip test")
+        : context (std::move (hostName), loop)
         , instance (LoadedBundle (), context, Listening (std::move (options)))
     {
     }

@@ -1,0 +1,157 @@
+#include "late_points.h"
+
+#include "channel_strip_parameters.h"
+#include "effect.h"
+#include "parameter_storage_base.h"
+#include <algorithm>
+#include <bit>
+#include <chrono>
+#include <utility>
+
+namespace tessaly::ardour
+{
+
+namespace
+{
+
+constexpr std::uint32_t kEmpty = 0xFFFFFFFF; // a NaN, which no point is
+constexpr auto kMorph = static_cast<std::uint32_t> (IndexOf (StripParameter::morph));
+
+} // namespace
+
+std::uint32_t LatePoints::SteadyTickMs ()
+{
+    const auto now = std::chrono::steady_clock::now ().time_since_epoch ();
+    return static_cast<std::uint32_t> (std::chrono::duration_cast<std::chrono::milliseconds> (now).count ());
+}
+
+LatePoints::LatePoints (ZEffect& effectOfInstance, ZParameterStorageBase& storageOfEffect, std::function<void ()> moved,
+                        TickClock tickClock)
+    : effect (effectOfInstance)
+    , storage (storageOfEffect)
+    , onMoved (std::move (moved))
+    , clock (tickClock)
+    , cells (static_cast<std::size_t> (storage.GetParameterCount ()))
+    , rules (cells.size ())
+{
+    for (auto& cell : cells)
+        cell.store (kEmpty, std::memory_order_relaxed);
+}
+
+void LatePoints::Note (std::uint32_t id, float value)
+{
+    if (id < cells.size ())
+        cells[id].store (std::bit_cast<std::uint32_t> (value), std::memory_order_release);
+}
+
+void LatePoints::DeliverOffline ()
+{
+    const std::scoped_lock lock (mutex);
+    DeliverLocked (false);
+}
+
+void LatePoints::DeliverAhead ()
+{
+    if (const Exclusion lock (mutex, std::try_to_lock); lock)
+        DeliverLocked (false);
+}
+
+void LatePoints::Deliver ()
+{
+    const std::scoped_lock lock (mutex);
+    DeliverLocked (true);
+}
+
+/// "Morph" is taken out first, too: what a block notes ahead of it is then there, or newer.
+void LatePoints::DeliverLocked (bool byRules)
+{
+    bool moved = kMorph < cells.size () && DeliverCell (kMorph, byRules);
+    for (std::uint32_t id = 0; id < cells.size (); ++id)
+        moved = (id != kMorph && DeliverCell (id, byRules)) || moved;
+    if (moved)
+        onMoved ();
+}
+
+bool LatePoints::DeliverCell (std::uint32_t id, bool byRules)
+{
+    if (cells[id].load (std::memory_order_relaxed) == kEmpty)
+        return false;
+    const auto bits = cells[id].exchange (kEmpty, std::memory_order_acquire);
+    rules[id].newest = bits;
+    const auto value = std::bit_cast<float> (bits);
+    if ((byRules && IsQuiet (rules[id])) || IsSameStep (id, value))
+        return false;
+    effect.SetParameter (static_cast<std::int32_t> (id), value);
+    return true;
+}
+
+bool LatePoints::IsSameStep (std::uint32_t id, float value) const
+{
+    const auto index = static_cast<std::int32_t> (id);
+    return storage.NormalizedToPlain (index, value) == storage.GetPlain (index);
+}
+
+bool LatePoints::IsQuiet (Rule& rule) const
+{
+    rule.quiet = rule.quiet && static_cast<std::int32_t> (rule.quietEndMs - clock ()) > 0;
+    return rule.held || rule.quiet;
+}
+
+/// A time that is running is never cut short.
+void LatePoints::Silence (Rule& rule, std::uint32_t durationMs)
+{
+    const auto end = clock () + durationMs;
+    if (!rule.quiet || static_cast<std::int32_t> (end - rule.quietEndMs) > 0)
+        rule.quietEndMs = end;
+    rule.quiet = true;
+}
+
+void LatePoints::Hold (std::uint32_t id)
+{
+    const std::scoped_lock lock (mutex);
+    if (id < rules.size ())
+        rules[id].held = true;
+}
+
+void LatePoints::LetGo (std::uint32_t id)
+{
+    const std::scoped_lock lock (mutex);
+    if (id >= rules.size () || !rules[id].held)
+        return;
+    rules[id].held = false;
+    Silence (rules[id], kAfterEditMs);
+}
+
+void LatePoints::OnEdited (std::uint32_t id)
+{
+    const std::scoped_lock lock (mutex);
+    if (id < rules.size ())
+        Silence (rules[id], kAfterEditMs);
+}
+
+void LatePoints::OnRead (std::uint32_t id)
+{
+    const std::scoped_lock lock (mutex);
+    if (id < rules.size ())
+        Silence (rules[id], kAfterToldMs);
+}
+
+bool LatePoints::IsNewest (std::uint32_t id, float value)
+{
+    const std::scoped_lock lock (mutex);
+    return id < rules.size () && rules[id].newest == std::bit_cast<std::uint32_t> (value);
+}
+
+void LatePoints::OnToldByHost (std::uint32_t id, float value)
+{
+    const std::scoped_lock lock (mutex);
+    if (id >= rules.size ())
+        return;
+    const auto bits = cells[id].exchange (kEmpty, std::memory_order_acquire);
+    const auto newest = bits != kEmpty ? bits : rules[id].newest;
+    rules[id].newest = newest;
+    if (newest != std::bit_cast<std::uint32_t> (value))
+        Silence (rules[id], kAfterToldMs);
+}
+
+} // namespace tessaly::ardour

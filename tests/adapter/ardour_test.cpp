@@ -1,0 +1,182 @@
+#include "strip_in_host.h"
+#include <chrono>
+#include <doctest/doctest.h>
+#include <filesystem>
+#include <thread>
+
+// A host that calls itself Ardour and does as Ardour does, and the same program under another host's name, where
+// everything stays as it is: points of real-time blocks are dropped, those of offline blocks applied as they come.
+
+using namespace Steinberg;
+using namespace tessaly;
+using namespace tessaly::test;
+
+namespace
+{
+
+constexpr Vst::ParamID kMidGain = 13;
+constexpr Vst::ParamID kMorph = 20;
+constexpr Vst::ParamID kBypass = 21;
+constexpr auto kArdour = "Ardour";
+constexpr auto kAnother = "Ardour's neighbour";
+
+using Kind = host::HandlerCall::Kind;
+
+struct Strip : StripInHost
+{
+    explicit Strip (const char* hostName)
+        : StripInHost ({}, nullptr, hostName)
+    {
+    }
+};
+
+std::size_t ThreadCount ()
+{
+    const std::filesystem::directory_iterator tasks ("/proc/self/task");
+    return static_cast<std::size_t> (std::distance (begin (tasks), end (tasks)));
+}
+
+/// Plays until the audio half's own state is `wanted`; its controller is not asked.
+bool PlaysUntil (Strip& strip, const std::vector<host::ParameterPoint>& points, const std::vector<std::byte>& wanted)
+{
+    const auto deadline = std::chrono::steady_clock::now () + std::chrono::seconds (20);
+    while (strip.instance.SaveState () != wanted && std::chrono::steady_clock::now () < deadline)
+    {
+        strip.Run (0.1f, 64, points);
+        std::this_thread::yield ();
+    }
+    return strip.instance.SaveState () == wanted;
+}
+
+/// A state with an edit on top of "Morph".
+std::vector<std::byte> EditedState ()
+{
+    Strip source (kAnother);
+    source.Set (kMorph, 0.375);
+    source.Set (kMidGain, 0.5);
+    return source.instance.SaveState ();
+}
+
+} // namespace
+
+TEST_CASE ("In Ardour points alone are heard, by both copies, with one thread for all")
+{
+    const auto wanted = EditedState ();
+    const auto threads = ThreadCount ();
+    {
+        Strip left (kArdour);
+        Strip right (kArdour);
+        CHECK (ThreadCount () == threads);
+        left.Start ();
+        right.Start ();
+        CHECK (ThreadCount () == threads + 1);
+        CHECK (PlaysUntil (left, { { kMidGain, 0.5 }, { kMorph, 0.375 } }, wanted));
+        CHECK (PlaysUntil (right, { { kMidGain, 0.5 }, { kMorph, 0.375 } }, wanted));
+        left.instance.Deactivate ();
+        CHECK (ThreadCount () == threads + 1);
+    }
+    CHECK (ThreadCount () == threads);
+}
+
+TEST_CASE ("In another host points of real-time blocks change nothing, and no thread is made")
+{
+    const auto threads = ThreadCount ();
+    Strip strip (kAnother);
+    const auto before = strip.instance.SaveState ();
+    strip.Start ();
+    strip.Run (0.1f, 64, { { kMidGain, 0.25 }, { kMorph, 0.375 } });
+    CHECK (strip.Value (kMidGain) == 0.5);
+    CHECK (strip.instance.SaveState () == before);
+    CHECK (ThreadCount () == threads);
+}
+
+TEST_CASE ("What Ardour sent with the last block before a stop is not lost")
+{
+    Strip strip (kArdour);
+    strip.Start ();
+    strip.Run (0.1f, 64, { { kBypass, 1.0 } });
+    strip.instance.Deactivate ();
+    CHECK (strip.Value (kBypass) == 1.0);
+}
+
+TEST_CASE ("A host that tells of a lane 50 ms late ends where the lane ends")
+{
+    Strip strip (kArdour);
+    strip.Start ();
+    for (int i = 0; i < 100; ++i)
+    {
+        strip.Run (0.1f, 64, { { kMidGain, std::min (i, 90) / 100.0 } });
+        strip.Set (kMidGain, std::clamp (i - 5, 0, 90) / 100.0);
+    }
+    CHECK (strip.Value (kMidGain) == doctest::Approx (0.9));
+}
+
+TEST_CASE ("Values set one by one ahead of the state leave no edits behind in Ardour, and in others as ever")
+{
+    const auto state = EditedState ();
+    for (const auto* name : { kArdour, kAnother })
+    {
+        Strip source (name);
+        source.instance.LoadState (state);
+        Strip strip (name);
+        strip.calls.clear ();
+        for (Vst::ParamID id = 0; id < 22; ++id)
+            strip.Set (id, source.Value (id));
+        CHECK (strip.Calls (Kind::performEdit).empty () == (name == kArdour));
+        CHECK (strip.Calls (Kind::beginEdit).empty () == (name == kArdour));
+        CHECK (strip.Calls (Kind::restartComponent).size () == (name == kArdour ? 1 : 0));
+        strip.instance.LoadState (state);
+        CHECK (strip.instance.SaveState () == state);
+
+        strip.Start ();
+        strip.calls.clear ();
+        strip.Set (kMorph, 1.0); // once it plays, all edit
+        CHECK_FALSE (strip.Calls (Kind::performEdit).empty ());
+    }
+}
+
+TEST_CASE ("A block's points by index: in Ardour's export Morph goes first, elsewhere it comes last")
+{
+    for (const auto* name : { kArdour, kAnother })
+    {
+        Strip strip (name);
+        strip.Start (Vst::kOffline);
+        strip.Run (0.1f, 64, { { kMidGain, 0.125 }, { kMorph, 1.0 } });
+        CHECK ((strip.Value (kMidGain) == 0.125) == (name == kArdour));
+    }
+}
+
+TEST_CASE ("A lane that lies flat keeps an edit in Ardour's export, and morphs anew elsewhere")
+{
+    const auto state = EditedState ();
+    for (const auto* name : { kArdour, kAnother })
+    {
+        Strip strip (name);
+        strip.instance.LoadState (state);
+        strip.Start (Vst::kOffline);
+        for (int i = 0; i < 3; ++i)
+            strip.Run (0.1f, 64, { { kMorph, 0.375 } });
+        CHECK ((strip.instance.SaveState () == state) == (name == kArdour));
+    }
+}
+
+TEST_CASE ("Ardour is made to read what its export moved, once, and not before it is over")
+{
+    for (const auto* name : { kArdour, kAnother })
+    {
+        Strip strip (name);
+        strip.Start (Vst::kOffline);
+        strip.Value (kMidGain);
+        strip.calls.clear ();
+        strip.Run (0.1f, 64, { { kMorph, 1.0 } });
+        CHECK (strip.Value (kMidGain) != 0.5);
+        CHECK (strip.calls.empty ());
+        strip.instance.Deactivate ();
+        strip.Start ();
+        strip.Run (0.1f, 64);
+        strip.Value (kMidGain);
+        strip.Value (kMidGain);
+        CHECK (strip.Calls (Kind::restartComponent).size () == (name == kArdour ? 1 : 0));
+        CHECK (strip.Calls (Kind::performEdit).empty ());
+    }
+}

@@ -1,0 +1,136 @@
+#include "block_pace.h"
+#include "joined_halves.h"
+#include "late_points.h"
+#include "parameter_storage_base.h"
+#include <doctest/doctest.h>
+
+// What reaches the strip of the points that Ardour sends with its blocks, by a clock of the test's own.
+
+using namespace tessaly;
+using namespace tessaly::test;
+
+namespace
+{
+
+constexpr std::uint32_t kMidGain = 13;
+constexpr std::uint32_t kMorph = 20;
+constexpr float kStep = 1.0f / 360.0f; // of "Mid G"
+
+/// The late points of a strip of their own.
+struct Late
+{
+    Late ()
+    {
+        handClockMs = 1000;
+        CHECK (halves.controller->GetInfo (kCodeEffect, &effect));
+        CHECK (halves.controller->GetInfo (kCodeStorage, &storage));
+        points = std::make_unique<ardour::LatePoints> (
+            *effect, *storage, [this] { ++moves; }, [] { return handClockMs.load (); });
+    }
+    float Value (std::uint32_t id) const { return storage->GetNormalized (static_cast<std::int32_t> (id)); }
+    void Send (std::uint32_t id, float value)
+    {
+        points->Note (id, value);
+        points->Deliver ();
+    }
+
+    JoinedHalves halves;
+    ZEffect* effect = nullptr;
+    ZParameterStorageBase* storage = nullptr;
+    int moves = 0;
+    std::unique_ptr<ardour::LatePoints> points;
+};
+
+} // namespace
+
+TEST_CASE ("A late point reaches the strip once, the newest of its id")
+{
+    Late late;
+    late.points->Note (kMidGain, 0.25f);
+    late.Send (kMidGain, 0.75f);
+    CHECK (late.Value (kMidGain) == 0.75f);
+    late.effect->SetParameter (kMidGain, 0.5f);
+    late.points->Deliver ();
+    CHECK (late.Value (kMidGain) == 0.5f);
+    CHECK (late.moves == 1);
+}
+
+TEST_CASE ("Morph goes before what it moves, whatever came first")
+{
+    Late late;
+    late.points->Note (kMidGain, 0.25f);
+    late.Send (kMorph, 1.0f);
+    CHECK (late.Value (kMidGain) == 0.25f);
+    CHECK (late.Value (1) == doctest::Approx (38.0 / 226.0)); // the last key point
+}
+
+TEST_CASE ("A late point of the step that is set leaves an edit alone")
+{
+    Late late;
+    late.Send (kMorph, 0.5f);
+    late.effect->SetParameter (kMidGain, 0.25f);
+    late.Send (kMorph, 0.5f);
+    late.Send (kMidGain, 0.25f + 0.3f * kStep);
+    CHECK (late.Value (kMidGain) == 0.25f);
+    CHECK (late.moves == 1);
+}
+
+TEST_CASE ("An offline block of the step that is set leaves an edit alone")
+{
+    Late late;
+    late.effect->SetParameter (kMorph, 0.5f);
+    late.effect->SetParameter (kMidGain, 0.25f);
+    late.points->Note (kMorph, 0.5f);
+    late.points->DeliverOffline ();
+    CHECK (late.Value (kMidGain) == 0.25f);
+}
+
+TEST_CASE ("An echo of the user's own drag is dropped, held or just let go")
+{
+    Late late;
+    late.points->Hold (kMidGain);
+    handClockMs += 5000;
+    late.Send (kMidGain, 0.25f);
+    CHECK (late.Value (kMidGain) == 0.5f);
+    late.points->LetGo (kMidGain);
+    handClockMs += ardour::LatePoints::kAfterEditMs - 1;
+    late.Send (kMidGain, 0.25f);
+    CHECK (late.Value (kMidGain) == 0.5f);
+    handClockMs += 2;
+    late.Send (kMidGain, 0.25f);
+    CHECK (late.Value (kMidGain) == 0.25f);
+}
+
+TEST_CASE ("A host that tells of a lane itself, late, is left alone; one that is up to date is not")
+{
+    Late late;
+    late.Send (kMidGain, 0.75f);
+    late.points->OnToldByHost (kMidGain, 0.75f); // a copy of the newest
+    late.Send (kMidGain, 0.8f);
+    CHECK (late.Value (kMidGain) == 0.8f);
+    late.points->OnToldByHost (kMidGain, 0.75f); // stale
+    late.Send (kMidGain, 0.9f);
+    CHECK (late.Value (kMidGain) == 0.8f);
+    handClockMs += ardour::LatePoints::kAfterToldMs + 1;
+    late.Send (kMidGain, 0.9f);
+    CHECK (late.Value (kMidGain) == 0.9f);
+}
+
+TEST_CASE ("A bounce is told from playback by its pace, and from bursts of it")
+{
+    constexpr std::int64_t kBlockNs = 1024 * 1'000'000'000LL / 48000;
+    ardour::BlockPace pace;
+    pace.Reset (48000.0, 1024);
+    std::int64_t now = 1;
+    int found = 0;
+    for (int i = 0; i < 1000; ++i) // four blocks in a row, then nothing for as long
+        found += pace.IsAhead (1024, now += i % 4 == 0 ? 4 * kBlockNs : 0) ? 1 : 0;
+    CHECK (found == 0);
+    int until = 0;
+    while (!pace.IsAhead (1024, now += kBlockNs / 50))
+        ++until;
+    CHECK (until < 8);
+    for (int i = 0; i < 40; ++i)
+        pace.IsAhead (1024, now += kBlockNs);
+    CHECK_FALSE (pace.IsAhead (1024, now += kBlockNs));
+}
