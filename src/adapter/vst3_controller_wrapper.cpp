@@ -258,7 +258,7 @@ void ZVst3ControllerWrapper::FollowStorage ()
         const float value = storage->GetNormalized (i);
         if (EditControllerEx1::getParamNormalized (id) == static_cast<double> (value) || late->IsNewest (id, value))
             continue;
-        late->OnRead (id);
+        late->OnRead (id, value);
         hostIsBehind = true;
     }
     RefreshValues ();

@@ -218,6 +218,9 @@ tresult PLUGIN_API ZVst3EffectWrapper::setState (IBStream* stream)
 {
     if (storage == nullptr || !effect)
         return kResultFalse;
+    const auto alone = latePoints != nullptr ? latePoints->Exclude () : ardour::LatePoints::Exclusion ();
+    if (latePoints != nullptr)
+        latePoints->Forget ();
     ZVst3EffectWrapperAccessorImp accessor (*this);
     effect->SetLoading (true);
     const tresult result = stateBlock.ReadBlock (accessor, stream);

@@ -116,6 +116,21 @@ TEST_CASE ("A host that tells of a lane itself, late, is left alone; one that is
     CHECK (late.Value (kMidGain) == 0.9f);
 }
 
+TEST_CASE ("A value that the host was made to read is dropped when it comes back, another one is not")
+{
+    Late late;
+    late.points->OnRead (kMidGain, 0.25f);
+    late.points->OnRead (kMidGain, 0.75f);
+    late.Send (kMidGain, 0.25f);
+    late.Send (kMidGain, 0.75f);
+    CHECK (late.Value (kMidGain) == 0.5f);
+    late.Send (kMidGain, 0.8f);
+    CHECK (late.Value (kMidGain) == 0.8f);
+    handClockMs += ardour::LatePoints::kAfterEditMs + 1;
+    late.Send (kMidGain, 0.75f);
+    CHECK (late.Value (kMidGain) == 0.75f);
+}
+
 TEST_CASE ("A bounce is told from playback by its pace, and from bursts of it")
 {
     constexpr std::int64_t kBlockNs = 1024 * 1'000'000'000LL / 48000;

@@ -100,12 +100,15 @@ TEST_CASE ("Stress: audio, the host's windows and its projects use one instance 
         other.Set (0, 0.5 * static_cast<double> (i));
         states[i] = other.instance.SaveState ();
     }
-    for (const int32 mode : { Vst::kRealtime, Vst::kOffline })
+    for (int round = 0; round < 4; ++round)
     {
+        const int32 mode = round % 2 == 0 ? Vst::kRealtime : Vst::kOffline;
+        const char* const name = round < 2 ? "strip test" : "Ardour"; // which has a thread more
         CAPTURE (mode);
+        CAPTURE (name);
         host::InstanceOptions options;
         options.connection = host::ConnectionKind::none;
-        StripInHost strip (options);
+        StripInHost strip (options, nullptr, name);
         ZEffect* effect = nullptr; // as an editor gets it: not owned, the processor's
         const FUnknownPtr<Vst::IConnectionPoint> controller (&strip.instance.Controller ());
         Relay between;

@@ -30,6 +30,7 @@ local function record (session, track, seconds)
     session:request_stop (false, false, kUser)
     wait (0.5)
     track:rec_enable_control ():set_value (0, kNoGroup)
+    wait (0.3) -- the engine does it
 end
 
 -- A track "T" of recorded silence, whose samples the caller replaces, with the plug-in, and "REC", which records it.

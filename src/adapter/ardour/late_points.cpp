@@ -62,6 +62,13 @@ void LatePoints::Deliver ()
     DeliverLocked (true);
 }
 
+void LatePoints::Forget ()
+{
+    const std::scoped_lock lock (mutex);
+    for (auto& cell : cells)
+        cell.store (kEmpty, std::memory_order_relaxed);
+}
+
 /// "Morph" is taken out first, too: what a block notes ahead of it is then there, or newer.
 void LatePoints::DeliverLocked (bool byRules)
 {
@@ -79,7 +86,7 @@ bool LatePoints::DeliverCell (std::uint32_t id, bool byRules)
     const auto bits = cells[id].exchange (kEmpty, std::memory_order_acquire);
     rules[id].newest = bits;
     const auto value = std::bit_cast<float> (bits);
-    if ((byRules && IsQuiet (rules[id])) || IsSameStep (id, value))
+    if ((byRules && (IsQuiet (rules[id]) || IsEcho (rules[id], bits))) || IsSameStep (id, value))
         return false;
     effect.SetParameter (static_cast<std::int32_t> (id), value);
     return true;
@@ -129,11 +136,21 @@ void LatePoints::OnEdited (std::uint32_t id)
         Silence (rules[id], kAfterEditMs);
 }
 
-void LatePoints::OnRead (std::uint32_t id)
+void LatePoints::OnRead (std::uint32_t id, float value)
 {
     const std::scoped_lock lock (mutex);
-    if (id < rules.size ())
-        Silence (rules[id], kAfterToldMs);
+    if (id >= rules.size ())
+        return;
+    auto& rule = rules[id];
+    rule.echoes[rule.nextEcho] = { std::bit_cast<std::uint32_t> (value), clock () + kAfterEditMs };
+    rule.nextEcho = (rule.nextEcho + 1) % rule.echoes.size ();
+}
+
+bool LatePoints::IsEcho (const Rule& rule, std::uint32_t bits) const
+{
+    return std::any_of (rule.echoes.begin (), rule.echoes.end (),
+                        [&] (const Echo& echo)
+                        { return echo.bits == bits && static_cast<std::int32_t> (echo.endMs - clock ()) > 0; });
 }
 
 bool LatePoints::IsNewest (std::uint32_t id, float value)

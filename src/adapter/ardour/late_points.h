@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <mutex>
@@ -23,7 +25,8 @@ namespace tessaly::ardour
 ///
 /// Points that only repeat what the controller did are stale by the time they come. So the points of an id are dropped
 /// while the user holds it and half a second from its last edit, and for a tenth of a second from a host's value that
-/// is not the newest point's: then the host tells of the lane itself, late, and the two must not take turns.
+/// is not the newest point's: then the host tells of the lane itself, late, and the two must not take turns. A value
+/// that the host was made to read is dropped when it comes back; another one, set in the meantime, is not.
 ///
 /// Threads: Note and the block's end on the audio thread, all else on any other thread, under a lock of the instance.
 class LatePoints
@@ -56,10 +59,12 @@ public:
 
     void Deliver (); ///< not the audio thread: everything noted, by the rules above
 
-    void Hold (std::uint32_t id);     ///< the user holds it
-    void LetGo (std::uint32_t id);    ///< no more
-    void OnEdited (std::uint32_t id); ///< the host is told of a new value by an edit
-    void OnRead (std::uint32_t id);   ///< the host is made to read a new value, and will send it as a point
+    void Forget (); ///< a state takes the place of what is noted
+
+    void Hold (std::uint32_t id);                ///< the user holds it
+    void LetGo (std::uint32_t id);               ///< no more
+    void OnEdited (std::uint32_t id);            ///< the host is told of a new value by an edit
+    void OnRead (std::uint32_t id, float value); ///< the host is made to read a new value, and will send it as a point
     void OnToldByHost (std::uint32_t id, float value); ///< the host sets the controller's value
 
     /// Whether this is the newest point of an id, so that the host has it already.
@@ -72,18 +77,28 @@ private:
     using Cell = std::atomic<std::uint32_t>; // the bits of a float; kEmpty: none
     static_assert (Cell::is_always_lock_free, "the audio thread takes no lock");
 
+    /// A value that the host will send back.
+    struct Echo
+    {
+        std::uint32_t bits = 0xFFFFFFFF;
+        std::uint32_t endMs = 0;
+    };
+
     /// What is known of one id beside its cell.
     struct Rule
     {
         bool held = false;
         bool quiet = false; // until quietEndMs
         std::uint32_t quietEndMs = 0;
+        std::array<Echo, 4> echoes{}; // the last ones, in turn
+        std::size_t nextEcho = 0;
         std::uint32_t newest = 0xFFFFFFFF; // the bits last taken out of the cell
     };
 
     void DeliverLocked (bool byRules);
     bool DeliverCell (std::uint32_t id, bool byRules);
     bool IsQuiet (Rule& rule) const;
+    bool IsEcho (const Rule& rule, std::uint32_t bits) const;
     void Silence (Rule& rule, std::uint32_t durationMs);
     bool IsSameStep (std::uint32_t id, float value) const;
 
