@@ -1,6 +1,7 @@
 #include "graphs.h"
 
 #include "figures.h"
+#include "light.h"
 #include <cmath>
 #include <string>
 
@@ -18,8 +19,10 @@ constexpr double kFiguresTop = 66.0;
 void DrawGlass (Picture& picture)
 {
     const auto& frame = picture.Frame ();
+    const Box glass{ 0, 0, double (frame.Width ()), double (frame.Height ()) };
     picture.Fill (kPlate);
-    picture.FillRoundBox ({ 0, 0, double (frame.Width ()), double (frame.Height ()) }, kCorner, kGlass);
+    BoxLip (picture, glass, kCorner, kEdgeLight); // in the corners, where it joins the panel's
+    picture.FillRoundBox (glass, kCorner, kGlass);
 }
 
 /// A line one unit wide on a column or row of the plot.
