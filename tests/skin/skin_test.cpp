@@ -289,3 +289,23 @@ TEST_CASE ("skin: the overlay leaves the controls and the sides of the window al
                 FAIL_CHECK (x << ", " << y);
         }
 }
+
+TEST_CASE ("skin: the overlay's labels leave nothing of the panel's own below them")
+{
+    constexpr std::uint32_t kBench = 0xFF131B22;
+    for (const std::int32_t density : { 1, 2 })
+    {
+        const Drawn& panel = The ("MONO_tsly_bak", density);
+        const Drawn& overlay = The ("tsly_bak_on", density);
+        for (std::int32_t y = 0; y < 304 * density; ++y)
+            for (std::int32_t x = 0; x < panel.Width (); ++x)
+            {
+                const ZPoint unit{ x / density, y / density };
+                const double radius = std::hypot (unit.x - 279.5, unit.y - 253.5);
+                const bool isNumber = radius > 40.5 && radius < 49.5 && unit.y < 280;
+                const bool isWord = unit.y >= 295 && unit.x >= 250 && unit.x < 310;
+                if ((isNumber || isWord) && panel.At (x, y) != kBench && Alpha (overlay.At (x, y)) != 255)
+                    FAIL_CHECK (density << ": " << x << ", " << y);
+            }
+    }
+}

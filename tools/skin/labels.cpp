@@ -126,6 +126,18 @@ void DrawBandGlyphs (Picture& picture, Ink ink)
     picture.StrokePath (1.0, ink);
 }
 
+// Round the morph dial
+
+constexpr double kMorphBaseline = 302.0;
+
+/// The middle of a number on its baseline; they begin with key point 0.
+Point NumberPlace (int keyPoint)
+{
+    constexpr double kRadius = 45.6;
+    const Point middle = drawing::OnCircle (kLensMiddle, kRadius, 60.0 + 30.0 * keyPoint);
+    return { middle.x, std::round (middle.y + 3.0) };
+}
+
 } // namespace
 
 void DrawLabels (Picture& picture, std::uint32_t off)
@@ -140,13 +152,22 @@ void DrawLabels (Picture& picture, std::uint32_t off)
 
 void DrawMorphLabels (Picture& picture, Ink numbers, Ink word)
 {
-    constexpr double kRadius = 45.6;
     for (int k = 0; k < 9; ++k)
     {
-        const Point middle = drawing::OnCircle (kLensMiddle, kRadius, 60.0 + 30.0 * k);
-        Write (picture, std::to_string (k + 1), kCaptionStyle, middle.x, std::round (middle.y + 3.0), kC, numbers);
+        const Point place = NumberPlace (k);
+        Write (picture, std::to_string (k + 1), kCaptionStyle, place.x, place.y, kC, numbers);
     }
-    Write (picture, "MORPH", kMorphStyle, kLensMiddle.x, 302, kC, word);
+    Write (picture, "MORPH", kMorphStyle, kLensMiddle.x, kMorphBaseline, kC, word);
+}
+
+void CoverMorphLabels (Picture& picture)
+{
+    for (int k = 0; k < 9; ++k)
+    {
+        const Point place = NumberPlace (k);
+        picture.FillBox ({ std::round (place.x) - 3.0, place.y - 7.0, 6.0, 8.0 }, kBench);
+    }
+    picture.FillBox ({ kLensMiddle.x - 24.0, kMorphBaseline - 7.0, 48.0, 8.0 }, kBench);
 }
 
 void DrawBandNamesOff (Picture& picture)

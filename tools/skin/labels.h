@@ -21,6 +21,9 @@ void DrawLabels (Picture& picture, std::uint32_t off);
 /// The numbers round the lens and the word below it; also drawn over the panel while the dial is held.
 void DrawMorphLabels (Picture& picture, Ink numbers, Ink word);
 
+/// The bench where these labels stand: smoothed letters that are written over others come out too heavy.
+void CoverMorphLabels (Picture& picture);
+
 /// LOW, MID, HIGH: drawn by the lamps of the bands, and on the panel only while the equalizer is off.
 void DrawBandNamesOff (Picture& picture);
 

@@ -42,6 +42,7 @@ void StrokeGlow (Picture& picture, const Glow& glow)
 
 void DrawOverlay (Picture& picture)
 {
+    CoverMorphLabels (picture);
     for (const Glow& glow : kGlows)
         StrokeGlow (picture, glow);
     DrawMorphLabels (picture, kLightTouched, kWhite);
