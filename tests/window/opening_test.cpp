@@ -85,7 +85,7 @@ TEST_CASE ("Window: opened again and again it leaves nothing behind")
     panel.window.Close ();
     const auto before = Count (panel);
     const int openings = OpeningsToTry ();
-    double settled = 0.0;
+    [[maybe_unused]] double settled = 0.0;
     for (int i = 0; i < openings; ++i)
     {
         panel.window.Open (panel.instance.Controller ());
@@ -96,7 +96,9 @@ TEST_CASE ("Window: opened again and again it leaves nothing behind")
             settled = ResidentMegabytes ();
     }
     CHECK (Count (panel) == before);
+#ifndef __SANITIZE_ADDRESS__ // which keeps what was freed for a while
     CHECK (ResidentMegabytes () - settled < 2.0);
+#endif
     panel.Open ();
     CheckWorks (panel);
 }
@@ -163,7 +165,7 @@ TEST_CASE ("Window: closed in the middle of anything it ends all edits and opens
     CHECK (panel.Until ([&] { return AllEnded (panel.calls); }));
     panel.MoveTo (kEmpty);
     panel.Open ();
-    CHECK (panel.Look (kOverlaySpot) == fresh);
+    CHECK (panel.Until ([&] { return panel.Look (kOverlaySpot) == fresh; }));
     CheckWorks (panel);
 }
 

@@ -45,6 +45,10 @@ struct Desktop
     VirtualScreen screen;
     host::XConnection x;
     UserInput user{ x };
+#ifdef __SANITIZE_ADDRESS__
+    // What the module never destroys, on purpose, would count as leaked once the module has gone: it stays to the end.
+    host::Bundle* kept = new host::Bundle (TESSALY_BUNDLE);
+#endif
 };
 
 /// The whole of one edit of a parameter, as the host heard it.
@@ -105,6 +109,7 @@ public:
     void Open ()
     {
         window.Open (instance.Controller ());
+        Until ([this] { return IsPainted (); });
         Settle ();
         calls.clear (); // what connecting told
     }
@@ -186,6 +191,12 @@ public:
                                   Scaled (area.width), Scaled (area.height));
     }
     bool LooksOtherThan (const host::WindowPicture& before, Area area = kPanel) { return Look (area) != before; }
+
+    bool IsPainted () const
+    {
+        const auto shown = Look ().pixels;
+        return std::ranges::any_of (shown, [&] (std::uint32_t pixel) { return pixel != shown.front (); });
+    }
 
     /// The editor's window, or one in it, has the keyboard.
     bool HasFocus () const { return Desktop::Get ().x.Focus () != window.Window (); }
