@@ -68,8 +68,8 @@ class StripInHost
 {
 public:
     explicit StripInHost (host::InstanceOptions options = {}, Steinberg::Linux::IRunLoop* loop = nullptr,
-                          std::string hostName = "strip test")
-        : context (std::move (hostName), loop)
+                          const std::string& hostName = "strip test")
+        : context (hostName, loop)
         , instance (LoadedBundle (), context, Listening (std::move (options)))
     {
     }

@@ -2,6 +2,8 @@
 
 #include "public.sdk/source/vst/utility/stringconvert.h"
 
+#include <mutex>
+
 namespace tessaly::host
 {
 
@@ -15,6 +17,8 @@ NamedHost::NamedHost (std::string hostName, Linux::IRunLoop* hostLoop)
 
 tresult PLUGIN_API NamedHost::getName (Vst::String128 out)
 {
+    static std::mutex mutex; // the SDK's converter is one for all threads, and plug-ins ask from any
+    const std::scoped_lock lock (mutex);
     return VST3::StringConvert::convert (name, out) ? kResultTrue : kInternalError;
 }
 
