@@ -6,6 +6,18 @@
 namespace tessaly::render
 {
 
+namespace
+{
+
+/// By the rounding of an addition: the C library's function is a call for each sample.
+double NearestWhole (double x)
+{
+    constexpr double kFractionEnds = 0x1.8p52;
+    return x + kFractionEnds - kFractionEnds;
+}
+
+} // namespace
+
 SampleQuantizer::SampleQuantizer (int bits, bool dither)
     : unusedBits (32 - bits)
     , dithers (dither)
@@ -15,14 +27,13 @@ SampleQuantizer::SampleQuantizer (int bits, bool dither)
 
 double SampleQuantizer::Noise ()
 {
-    // The generator of D. E. Knuth's MMIX; its high bits are the good ones.
-    const auto uniform = [this]
-    {
-        seed = seed * 6364136223846793005U + 1442695040888963407U;
-        return std::ldexp (static_cast<double> (seed >> 32), -32);
-    };
-    const double first = uniform ();
-    return first - uniform ();
+    // SplitMix64 (G. L. Steele, D. Lea, C. H. Flood, "Fast Splittable Pseudorandom Number Generators", 2014), whose
+    // steps do not wait for one another. Each half of its 64 bits is a uniform number.
+    seed += 0x9E3779B97F4A7C15U;
+    std::uint64_t bits = (seed ^ (seed >> 30)) * 0xBF58476D1CE4E5B9U;
+    bits = (bits ^ (bits >> 27)) * 0x94D049BB133111EBU;
+    bits ^= bits >> 31;
+    return (static_cast<double> (bits >> 32) - static_cast<double> (bits & 0xFFFFFFFFU)) * 0x1p-32;
 }
 
 void SampleQuantizer::Quantize (std::span<const float> samples, std::span<int> out)
@@ -36,7 +47,7 @@ void SampleQuantizer::Quantize (std::span<const float> samples, std::span<int> o
             largest = std::max (largest, std::abs (x));
         }
         const double steps = x * fullScale + (dithers ? Noise () : 0.0);
-        const double nearest = std::clamp (std::nearbyint (steps), -fullScale, fullScale - 1.0);
+        const double nearest = NearestWhole (std::clamp (steps, -fullScale, fullScale - 1.0));
         out[i] = static_cast<int> (static_cast<std::int64_t> (nearest) << unusedBits);
     }
 }
