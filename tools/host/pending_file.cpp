@@ -2,6 +2,7 @@
 
 #include "host_error.h"
 
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -20,7 +21,7 @@ namespace
 /// Not made from the target's name, which may already be as long as a name can be.
 std::string WorkingName ()
 {
-    static int made = 0;
+    static std::atomic<int> made = 0; // several threads may write files
     return ".tessaly-" + std::to_string (getpid ()) + "-" + std::to_string (++made) + ".part";
 }
 

@@ -68,7 +68,7 @@ AudioReader::AudioReader (const fs::path& of, Damage whenDamaged)
 {
     file.reset (sf_open_fd (input.Descriptor (), SFM_READ, &info, SF_FALSE));
     if (!file)
-        throw RenderError ("\"" + path.string () + "\" is not an audio file that can be read: " + Reason (nullptr));
+        throw NotAudio ("\"" + path.string () + "\" is not an audio file that can be read: " + Reason (nullptr));
     if (const auto fault = AudioDamage (input); !fault.empty ())
         Find (fault);
 }

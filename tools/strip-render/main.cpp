@@ -18,14 +18,14 @@ int main (int argc, char** argv)
         const ParsedOptions parsed = ParseOptions (argc, argv);
         if (!parsed.options)
             return parsed.exitStatus;
-        RunCommand (*parsed.options);
+        const int status = RunCommand (*parsed.options);
         if (!std::cout.flush ())
             throw tessaly::render::RenderError ("what was to be printed could not be written");
-        return EXIT_SUCCESS;
+        return status;
     }
     catch (const Interrupted& interrupted)
     {
-        std::cerr << "strip-render: stopped; nothing is written\n";
+        std::cerr << "strip-render: stopped; what was not whole is not written\n";
         return kSignalBase + interrupted.signalNumber;
     }
     catch (const std::exception& error)

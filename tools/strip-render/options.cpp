@@ -2,7 +2,9 @@
 
 #include "text.h"
 
+#include <algorithm>
 #include <CLI/CLI.hpp>
+#include <thread>
 
 namespace tessaly::render
 {
@@ -11,16 +13,18 @@ namespace
 {
 
 constexpr int kLargestBlock = 65536;
+constexpr int kMostJobs = 1024;
 constexpr int kMistakeInLine = 2;
 
 constexpr const char* kExamples = R"(Values are typed as on the plug-in's panel: 2k, 12.5, INF, Soft, On.
 Examples:
   strip-render --list
   strip-render voice.wav strip.wav --set Morph=60 --set "Mid F=2k" --set "Mid G=-3"
+  strip-render takes/ --out-dir strip/ --recursive --skip-existing --set Morph=60
   strip-render - - < in.wav | aplay
   strip-render --state mine.vstpreset --set Drive=3 --save-state more.vstpreset
   strip-render loop.flac strip.flac --automate moves.csv --tail full --meters meters.csv
-Exit status: 0 done; 1 an error, with nothing written; 2 a mistake in the command line; 128 + N ended by signal N.)";
+Exit status: 0 done; 1 an error, with nothing written (of a batch: some files failed); 2 a mistake in the command line; 128 + N ended by signal N.)";
 
 std::string CheckSetting (const std::string& text)
 {
@@ -46,11 +50,18 @@ Tail ToTail (const std::string& text)
 
 void Describe (CLI::App& app, Options& options, std::string& tail)
 {
-    app.add_option ("IN", options.input,
+    app.add_option ("IN OUT", options.batch,
                     "Recording to render: WAV, RF64, FLAC, AIFF, AU, Ogg, Opus, MP3; any rate, any number of channels; "
-                    "- for standard input");
-    app.add_option ("OUT", options.output,
-                    "File to write; its extension tells the format; - for standard output, as WAV");
+                    "- for standard input. Then the file to write; its extension tells the format; - for standard "
+                    "output, as WAV. With --out-dir: any number of recordings and folders");
+    app.add_option ("--out-dir", options.outFolder, "Folder for the results, which keep names and folders")
+        ->type_name ("DIR");
+    app.add_flag ("--recursive", options.recursive, "Folders with all that is below them");
+    app.add_flag ("--skip-existing", options.skipExisting,
+                  "Leave out what has a result already, to go on after a stop");
+    app.add_option ("--jobs", options.jobs, "Files to render at once; all cores unless told")
+        ->check (CLI::Range (1, kMostJobs))
+        ->type_name ("N");
     app.add_flag ("--force", options.force, "Replace files that are there; never one that is read");
     app.add_option ("--set", options.settings,
                     "Set a parameter before the first sample, as \"Mid F=2k\"; repeatable, "
@@ -98,9 +109,34 @@ void Describe (CLI::App& app, Options& options, std::string& tail)
         ->type_name ("PATH");
 }
 
+/// Tells IN and OUT from what a batch takes.
+void TakeFiles (const CLI::App& app, Options& options)
+{
+    if (options.RendersBatch ())
+    {
+        for (const char* name : { "--meters", "--save-state", "--list", "--json", "--dry-run" })
+            if (app.count (name) > 0)
+                throw CLI::ValidationError (std::string (name) + " goes with one IN and OUT, not with --out-dir");
+        if (options.batch.empty ())
+            throw CLI::RequiredError ("--out-dir needs recordings or folders", CLI::ExitCodes::RequiredError);
+        return;
+    }
+    for (const char* name : { "--recursive", "--skip-existing", "--jobs" })
+        if (app.count (name) > 0)
+            throw CLI::ValidationError (std::string (name) + " does nothing without --out-dir");
+    if (options.batch.size () > 2)
+        throw CLI::ValidationError ("more than IN and OUT need --out-dir");
+    if (!options.batch.empty ())
+        options.input = options.batch.front ();
+    if (options.batch.size () == 2)
+        options.output = options.batch.back ();
+}
+
 /// An option that would do nothing is a mistake: its user believes in it.
 void CheckCombination (const CLI::App& app, const Options& options)
 {
+    if (options.RendersBatch ())
+        return;
     const bool rendersNothing = options.list || (options.saveState && options.input.empty ());
     if (!rendersNothing && (options.input.empty () || options.output.empty ()))
         throw CLI::RequiredError ("IN and OUT are required, or --list, or --save-state", CLI::ExitCodes::RequiredError);
@@ -119,6 +155,7 @@ void CheckCombination (const CLI::App& app, const Options& options)
 ParsedOptions ParseOptions (int argc, const char* const* argv)
 {
     Options options;
+    options.jobs = std::max (1, static_cast<int> (std::thread::hardware_concurrency ()));
     std::string tail = "0";
     CLI::App app ("Runs a recording through the plug-in Tessaly Bench [m], one instance for each channel.",
                   "strip-render");
@@ -128,6 +165,7 @@ ParsedOptions ParseOptions (int argc, const char* const* argv)
     try
     {
         app.parse (argc, argv);
+        TakeFiles (app, options);
         CheckCombination (app, options);
     }
     catch (const CLI::ParseError& error)

@@ -41,6 +41,14 @@ struct Options
     bool json = false;         ///< summary and list for programs
     bool dryRun = false;       ///< everything is read and checked, nothing rendered and written
 
+    std::vector<std::filesystem::path> batch; ///< files and folders to render into outFolder
+    std::filesystem::path outFolder;          ///< empty: no batch
+    int jobs = 1;                             ///< of a batch, 1 and up
+    bool recursive = false;                   ///< folders of a batch with all that is below them
+    bool skipExisting = false;                ///< files of a batch that are there already are done
+    bool tellsSummary = true;                 ///< of one file; a batch has its own
+
+    bool RendersBatch () const { return !outFolder.empty (); }
     bool Renders () const { return !output.empty (); }
 };
 

@@ -30,7 +30,7 @@ Progress::~Progress ()
         std::cerr << kWipeLine << std::flush;
 }
 
-void Progress::Update (std::int64_t done)
+void Progress::Update (std::int64_t done, const std::string& note)
 {
     if (!enabled || total <= 0)
         return;
@@ -39,7 +39,8 @@ void Progress::Update (std::int64_t done)
         return;
     nextDraw = now + kRedrawTime;
     drawn = true;
-    std::cerr << '\r' << ProgressBar (static_cast<double> (done) / static_cast<double> (total), kCells) << std::flush;
+    std::cerr << kWipeLine << ProgressBar (static_cast<double> (done) / static_cast<double> (total), kCells) << note
+              << std::flush;
 }
 
 std::string ProgressBar (double fraction, int cells)

@@ -18,7 +18,8 @@ public:
     Progress (const Progress&) = delete;
     Progress& operator= (const Progress&) = delete;
 
-    void Update (std::int64_t done);
+    /// @param note  what else to show, behind the bar
+    void Update (std::int64_t done, const std::string& note = {});
 
 private:
     using Clock = std::chrono::steady_clock;

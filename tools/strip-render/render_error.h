@@ -12,4 +12,11 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// A file that holds no audio at all.
+class NotAudio : public RenderError
+{
+public:
+    using RenderError::RenderError;
+};
+
 } // namespace tessaly::render

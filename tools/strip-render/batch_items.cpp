@@ -1,0 +1,108 @@
+#include "batch_items.h"
+
+#include "output_format.h"
+#include "render_error.h"
+#include "text.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <string_view>
+
+namespace tessaly::render
+{
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+fs::path Place (const fs::path& path)
+{
+    std::error_code ignored;
+    return fs::weakly_canonical (fs::absolute (path), ignored);
+}
+
+bool IsBelow (const fs::path& path, const fs::path& folder)
+{
+    const auto relative = Place (path).lexically_relative (Place (folder));
+    return !relative.empty () && *relative.begin () != "..";
+}
+
+fs::path OutputName (fs::path name, const std::optional<std::string>& format)
+{
+    constexpr std::array<std::string_view, 6> kWritten{ ".wav", ".wave", ".flac", ".aiff", ".aif", ".au" };
+    const auto container = format ? "." + Lowered (format->substr (0, format->find (':'))) : std::string ();
+    if (std::ranges::find (kWritten, container) != kWritten.end ())
+        return name.replace_extension (container);
+    if (std::ranges::find (kWritten, Lowered (name.extension ().string ())) != kWritten.end ())
+        return name;
+    return name.replace_extension (".wav");
+}
+
+class Collector
+{
+public:
+    explicit Collector (const Options& from)
+        : options (from)
+    {
+    }
+
+    std::vector<BatchItem> items;
+
+    void Add (const fs::path& input, const fs::path& name)
+    {
+        std::error_code ignored;
+        const auto bytes = fs::file_size (input, ignored);
+        items.push_back ({ input,
+                           options.outFolder / OutputName (name, options.format),
+                           ignored ? 0 : static_cast<std::int64_t> (bytes),
+                           {} });
+    }
+
+    template <typename Iterator>
+    void AddFolder (const fs::path& folder)
+    {
+        std::vector<fs::path> files;
+        for (const auto& entry : Iterator (folder, fs::directory_options::skip_permission_denied))
+            if (entry.is_regular_file () && !IsBelow (entry.path (), options.outFolder))
+                files.push_back (entry.path ());
+        std::ranges::sort (files);
+        for (const auto& file : files)
+            Add (file, file.lexically_relative (folder));
+    }
+
+private:
+    const Options& options; // not owned: the caller's
+};
+
+void FindFaults (std::vector<BatchItem>& items)
+{
+    std::set<fs::path> taken;
+    for (const auto& item : items)
+        taken.insert (Place (item.input));
+    for (auto& item : items)
+        if (!taken.insert (Place (item.output)).second)
+            item.fault = "\"" + item.output.string () + "\" is an input or the result of another file";
+}
+
+} // namespace
+
+std::vector<BatchItem> BatchItems (const Options& options)
+{
+    Collector collector (options);
+    for (const auto& given : options.batch)
+    {
+        std::error_code ignored;
+        if (!fs::is_directory (given, ignored))
+            collector.Add (given, given.filename ());
+        else if (options.recursive)
+            collector.AddFolder<fs::recursive_directory_iterator> (given);
+        else
+            collector.AddFolder<fs::directory_iterator> (given);
+    }
+    FindFaults (collector.items);
+    return collector.items;
+}
+
+} // namespace tessaly::render
