@@ -1,8 +1,10 @@
 #include "block_pace.h"
 #include "joined_halves.h"
+#include "late_delivery.h"
 #include "late_points.h"
 #include "parameter_storage_base.h"
 #include <doctest/doctest.h>
+#include <thread>
 
 // What reaches the strip of the points that Ardour sends with its blocks, by a clock of the test's own.
 
@@ -129,6 +131,19 @@ TEST_CASE ("A value that the host was made to read is dropped when it comes back
     handClockMs += ardour::LatePoints::kAfterEditMs + 1;
     late.Send (kMidGain, 0.75f);
     CHECK (late.Value (kMidGain) == 0.75f);
+}
+
+TEST_CASE ("The thread delivers by itself, and when the module goes it ends, whoever has joined")
+{
+    Late late;
+    ardour::LateDelivery::Join (*late.points);
+    late.points->Note (kMidGain, 0.75f);
+    while (late.Value (kMidGain) != 0.75f)
+        std::this_thread::yield ();
+    ardour::LateDelivery::End ();
+    late.points->Note (kMidGain, 0.25f);
+    CHECK (late.Value (kMidGain) == 0.75f);
+    ardour::LateDelivery::Leave (*late.points);
 }
 
 TEST_CASE ("A bounce is told from playback by its pace, and from bursts of it")
