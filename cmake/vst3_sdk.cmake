@@ -6,8 +6,11 @@
 
 if(DEFINED ENV{XDG_CACHE_HOME} AND NOT "$ENV{XDG_CACHE_HOME}" STREQUAL "")
     set(_cache "$ENV{XDG_CACHE_HOME}/tessaly-bench")
-else()
+elseif(DEFINED ENV{HOME})
     set(_cache "$ENV{HOME}/.cache/tessaly-bench")
+else()
+    message(FATAL_ERROR "Neither XDG_CACHE_HOME nor HOME is set. Where a build has no home, set XDG_CACHE_HOME to a folder "
+        "of its own, for scripts/fetch-sdk, scripts/build-sdk and here: the SDK is built in it.")
 endif()
 set(VST3_SDK_DIR "${_cache}/vst3sdk" CACHE PATH "Folder of the VST 3 SDK (with pluginterfaces, public.sdk, vstgui4)")
 

@@ -29,8 +29,8 @@ struct Strip
 
     Bytes Write ()
     {
-        Bytes bytes (720, '\0');
-        ZMemoryStream stream (bytes.data (), 720);
+        Bytes bytes (kStateBytes - 92, '\0');
+        ZMemoryStream stream (bytes.data (), static_cast<std::int32_t> (bytes.size ()));
         effect.WriteState (&stream);
         return bytes;
     }
