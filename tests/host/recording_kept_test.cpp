@@ -123,9 +123,12 @@ TEST_CASE_FIXTURE (StripRender, "Recordings go through pipes, whatever length th
         const auto program = std::string (STRIP_RENDER) + " --plugin '" + TESSALY_BUNDLE + "' ";
         CHECK (RunShell ("cat " + Path ("unknown.wav") + " | " + program + "- - | cat > " + Path ("out.wav")) == 0);
         CHECK (ReadFile (Path ("out.wav")) == ReadFile (Path ("whole.wav")));
-        CHECK (RunShell (program + Path ("unknown.wav") + " /dev/stdout -q > " + Path ("out.wav")) == 0);
+        CHECK (RunShell (program + Path ("unknown.wav") + " /dev/stdout > " + Path ("out.wav")) == 0);
         CHECK (ReadFile (Path ("out.wav")) == ReadFile (Path ("whole.wav")));
     }
+    const auto program = std::string (STRIP_RENDER) + " --plugin '" + TESSALY_BUNDLE + "' ";
+    CHECK (RunShell (program + "--save-state /dev/stdout --force >> " + Path ("out.wav")) != 0);
+    CHECK (ReadFile (Path ("out.wav")) == ReadFile (Path ("whole.wav")));
 }
 
 TEST_CASE ("A result that WAV has no room for becomes RF64")

@@ -32,6 +32,12 @@ std::string WorkingName ()
 
 } // namespace
 
+bool NamesOpenFile (const fs::path& path)
+{
+    const auto text = fs::absolute (path).lexically_normal ().string ();
+    return text.starts_with ("/dev/std") || text.starts_with ("/dev/fd/") || text.starts_with ("/proc/");
+}
+
 PendingFile::PendingFile (const fs::path& wanted, Existing whatIsThere)
     : existing (whatIsThere)
 {
@@ -44,7 +50,7 @@ PendingFile::PendingFile (const fs::path& wanted, Existing whatIsThere)
     const auto status = fs::status (target, ignored);
     if (fs::is_directory (status) || !target.has_filename ())
         throw HostError ("\"" + wanted.string () + "\" is a folder, not a file to write");
-    if (fs::exists (status) && !fs::is_regular_file (status))
+    if (NamesOpenFile (wanted) || (fs::exists (status) && !fs::is_regular_file (status)))
         throw HostError ("\"" + wanted.string () + "\" is no ordinary file and will not be replaced");
     if (existing == Existing::keep && fs::exists (status))
         RefuseToReplace (wanted);

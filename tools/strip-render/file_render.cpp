@@ -182,8 +182,8 @@ double RenderFile (RenderSession& session, const Options& options)
     std::optional<MeterLog> log;
     if (options.meters)
         log.emplace (*options.meters, reader.Channels (), Present (options));
-    // With standard output for the sound, what is told goes to standard error
-    std::ostream& told = options.output == "-" ? std::cerr : std::cout;
+    // Sound may go to standard output, under whatever name; what is told then goes to standard error
+    std::ostream& told = IsStream (options.output) ? std::cerr : std::cout;
     if (options.dryRun)
     {
         told << "would write " << options.output.string () << ": " << format.description << '\n';

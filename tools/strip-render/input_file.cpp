@@ -1,6 +1,7 @@
 #include "input_file.h"
 
 #include "interrupts.h"
+#include "pending_file.h"
 #include "render_error.h"
 
 #include <array>
@@ -98,10 +99,7 @@ bool InputFile::ReadAt (std::int64_t offset, void* bytes, std::size_t count) con
 
 bool IsStream (const fs::path& path)
 {
-    if (path == "-")
-        return true;
-    const auto text = fs::absolute (path).lexically_normal ().string ();
-    if (text.starts_with ("/dev/") || text.starts_with ("/proc/"))
+    if (path == "-" || host::NamesOpenFile (path))
         return true;
     std::error_code ignored;
     const auto status = fs::status (path, ignored);
