@@ -31,7 +31,8 @@ public:
     {
         std::uint32_t number = 0;
         const auto bytes = Take (sizeof number);
-        std::memcpy (&number, bytes.data (), bytes.size ());
+        if (!bytes.empty ()) // memcpy must not get the null pointer of an empty span
+            std::memcpy (&number, bytes.data (), bytes.size ());
         return number;
     }
     std::string_view Name ()
