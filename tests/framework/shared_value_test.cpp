@@ -27,11 +27,11 @@ bool SeesWholeValues (auto write, auto read)
             done = true;
         });
     bool whole = true;
-    while (!done)
+    do // reads once even if the writer is done before this thread gets on
     {
         const std::uint64_t value = read ();
         whole = whole && (value == kLow || value == kHigh);
-    }
+    } while (!done);
     writer.join ();
     return whole;
 }
