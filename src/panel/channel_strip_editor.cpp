@@ -26,13 +26,6 @@ ZChannel_StripEditor::~ZChannel_StripEditor ()
     Close ();
 }
 
-void ZChannel_StripEditor::Draw (ZCanvas& canvas, const ZRect& update, std::uint32_t time)
-{
-    if (panel != nullptr && IsDialogOpen () && NeedsRedraw ())
-        Invalidate (true);
-    ZOldHoverGuiEditor::Draw (canvas, update, time);
-}
-
 bool ZChannel_StripEditor::AllGuidesIdle () const
 {
     if (panel == nullptr)

@@ -58,10 +58,6 @@ public:
     bool KeyRepeat (ZEvent& event, const ZKeyInput& key) override;
     bool KeyUp (ZEvent& event, const ZKeyInput& key) override;
 
-    /// Draws the whole page anew while the file dialog is open and something changes: what lies under the dialog would
-    /// be painted over it, and its soft corners would add up.
-    void Draw (ZCanvas& canvas, const ZRect& update, std::uint32_t time) override;
-
     // The controls' side
     void OnValue (std::int32_t id, float value) override;
     void OnMessage (std::int32_t message, ZControl* sender) override; ///< of PanelMessage

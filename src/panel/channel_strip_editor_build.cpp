@@ -345,7 +345,7 @@ void ZChannel_StripEditor::CreateFileDialog ()
         dialog->SetItem (place.item, place.image.empty () ? nullptr : GetBitmap (place.image), place.frames,
                          place.rect);
     dialog->Hide ();
-    panel->fileDialog = AddControl (GetFrontLayer (), std::move (dialog));
+    panel->fileDialog = AddControl (GetFrontUpperLayer (), std::move (dialog)); // meters move under it
 }
 
 void ZChannel_StripEditor::CreateAbout ()

@@ -144,7 +144,7 @@ void ZChannel_StripEditor::CloseFileDialog ()
     panel->nameButton->SetMouseEnabled (true);
     panel->nameButton->SetBool (false);
     panel->fileDialog->Hide ();
-    Invalidate (true); // what the dialog covered has to appear
+    Invalidate (true); // what it covered has to appear
     if (panel->fileDialog->WasAccepted ())
         LoadChosenSet ();
 }

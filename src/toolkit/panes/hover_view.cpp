@@ -11,6 +11,19 @@ ZRect Inside (const ZRect& rect)
     return rect - rect.TopLeft ();
 }
 
+/// Whether a view has a visible pane, in views within it, too.
+bool ShowsAny (const ZView& view)
+{
+    for (std::int32_t i = 0; i < view.GetPaneCount (); ++i)
+    {
+        const auto* const pane = view.GetPane (i);
+        const auto* const within = dynamic_cast<const ZView*> (pane);
+        if (pane->IsVisible () && (within == nullptr || ShowsAny (*within)))
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 ZHoverView::ZHoverView (ZPaneOwner* paneOwner, const ZRect& rect)
@@ -29,63 +42,57 @@ void ZHoverView::SetFrame (const ZRect& rect)
     upperView.SetFrame (Inside (rect));
 }
 
-void ZHoverView::PrepareOffscreens (const ZCanvas& canvas, const ZRect& rect)
-{
-    const auto newLower = lowerLayer.Prepare (canvas, rect);
-    const auto newUpper = upperLayer.Prepare (canvas, rect);
-    if (newLower || newUpper)
-        SetDirty (true);
-}
-
-void ZHoverView::DeleteOffscreens ()
-{
-    lowerLayer.Delete ();
-    upperLayer.Delete ();
-}
-
-bool ZHoverView::KeepsPixelsFor (const ZCanvas& canvas)
-{
-    if (!IsVisible () || &canvas == lowerLayer.GetCanvas () || &canvas == upperLayer.GetCanvas ())
-        return false;
-    PrepareOffscreens (canvas, GetFrame ());
-    return lowerLayer.GetCanvas () != nullptr;
-}
-
 void ZHoverView::Paint (ZCanvas& canvas, std::uint32_t time, const ZRect& update)
 {
-    if (!KeepsPixelsFor (canvas))
-    {
-        ZView::Paint (canvas, time, update);
-    }
-    else if (IsDirty () || NeedsPaint (canvas, update))
-    {
+    if (!IsVisible ())
+        return;
+    if (IsDirty () || NeedsPaint (canvas, update))
         Draw (canvas, time);
+    else if (ShowsAny (upperView))
+        DrawLayers (canvas, time, lowerLayer.Prepare (canvas, GetFrame ()));
+    else if (lowerLayer.GetCanvas () != nullptr) // nothing floats any more: what it covered appears
+    {
+        DrawLayers (canvas, time, false);
+        lowerLayer.Delete ();
     }
     else
-    {
-        PaintChild (lowerView, *lowerLayer.GetCanvas (), time, {});
-        DrawUpper (canvas, time);
-    }
+        PaintChild (lowerView, canvas, time, update);
 }
 
 void ZHoverView::Draw (ZCanvas& canvas, std::uint32_t time)
 {
-    if (!KeepsPixelsFor (canvas))
+    if (IsVisible () && ShowsAny (upperView))
     {
-        ZView::Draw (canvas, time);
-        return;
+        lowerLayer.Prepare (canvas, GetFrame ());
+        DrawLayers (canvas, time, true);
     }
-    ZPane::Draw (canvas, time);
-    DrawChild (lowerView, *lowerLayer.GetCanvas (), time);
-    DrawUpper (canvas, time);
+    else
+    {
+        lowerLayer.Delete ();
+        if (IsVisible ())
+        {
+            ZPane::Draw (canvas, time);
+            DrawChild (lowerView, canvas, time);
+        }
+    }
     SetDirty (false);
 }
 
-void ZHoverView::DrawUpper (ZCanvas& canvas, std::uint32_t time)
+/// The lower layer into its own pixels, whole or where dirty; these onto the canvas, and the upper layer over them.
+void ZHoverView::DrawLayers (ZCanvas& canvas, std::uint32_t time, bool whole)
 {
-    lowerLayer.CopyTo (*upperLayer.GetCanvas ());
-    DrawChild (upperView, *upperLayer.GetCanvas (), time);
-    upperLayer.CopyTo (canvas);
+    auto* const kept = lowerLayer.GetCanvas ();
+    if (kept == nullptr) // an empty view
+        return;
+    if (whole)
+    {
+        ZPane::Draw (canvas, time);
+        DrawChild (lowerView, *kept, time);
+    }
+    else
+        PaintChild (lowerView, *kept, time, {});
+    lowerLayer.CopyTo (canvas);
+    DrawChild (upperView, canvas, time);
 }
 
 } // namespace tessaly

@@ -10,8 +10,11 @@ namespace tessaly
 /// every pass over a copy of the lower. So what floats above can move without a redraw of what lies under it.
 ///
 /// Panes go into the two layers, which lie at (0, 0) in this view and always have its size. The lower layer is to cover
-/// the view opaquely: a copy blends, so that old pixels would shine through its gaps. Each pass costs two copies of the
-/// view's size and the drawing of the upper layer.
+/// the view opaquely: a copy blends, so that old pixels would shine through its gaps.
+///
+/// The lower layer's pixels are kept apart only while something is visible in the upper one: such a pass costs a copy of
+/// the view's size and the drawing of the upper layer. At rest the view is painted like any other and holds no pixels.
+/// The target is to keep its pixels from pass to pass and to be shown after the pass, not during it.
 class ZHoverView : public ZView
 {
 public:
@@ -19,21 +22,17 @@ public:
 
     ZView& GetLowerView () { return lowerView; }
     ZView& GetUpperView () { return upperView; }
-    void PrepareOffscreens (const ZCanvas& canvas, const ZRect& rect); ///< new pixels make the view dirty
-    void DeleteOffscreens ();
 
     void SetFrame (const ZRect& rect) override;
     void Paint (ZCanvas& canvas, std::uint32_t time, const ZRect& update) override;
     void Draw (ZCanvas& canvas, std::uint32_t time) override;
 
 private:
-    bool KeepsPixelsFor (const ZCanvas& canvas); // false: to be drawn straight on the canvas
-    void DrawUpper (ZCanvas& canvas, std::uint32_t time);
+    void DrawLayers (ZCanvas& canvas, std::uint32_t time, bool whole);
 
     ZView lowerView;
     ZView upperView;
-    OffscreenLayer lowerLayer; // what lowerView drew
-    OffscreenLayer upperLayer; // both layers together, as they appear
+    OffscreenLayer lowerLayer; // what lowerView drew; without pixels while nothing floats
 };
 
 } // namespace tessaly
