@@ -40,6 +40,11 @@ void ForgetDevices ()
     VSTGUI::init (Steinberg::getPlatformModuleHandle ());
 }
 
+xcb_window_t IdOf (const CFrame& frame)
+{
+    return dynamic_cast<X11::IX11Frame*> (frame.getPlatformFrame ())->getX11WindowID ();
+}
+
 /// Keys come through our own client, which can hand on what the panel does not take.
 void LeaveKeysAlone (xcb_window_t window)
 {
@@ -79,7 +84,7 @@ std::unique_ptr<PanelWindow> PanelWindow::Open (ZKVPFrame& frame, void* parent,
         return nullptr;
     if (++openWindows == 1)
         TellDevice ();
-    const auto id = dynamic_cast<X11::IX11Frame*> (frame.Get ().getPlatformFrame ())->getX11WindowID ();
+    const auto id = IdOf (frame.Get ());
     LeaveKeysAlone (id);
     opened->window = std::make_unique<X11Window> (std::move (connection), id, pixels, listener);
     opened->window->MarkMapped ();
@@ -98,6 +103,16 @@ PanelWindow::~PanelWindow () noexcept
     runLoop.Leave (loop);
     if (wasOpen && --openWindows == 0)
         ForgetDevices ();
+}
+
+std::optional<CPoint> PanelWindow::PointerPlace () const
+{
+    auto* const connection = X11::RunLoop::instance ().getXcbConnection ();
+    const auto asked = xcb_query_pointer (connection, IdOf (frame.Get ()));
+    const XcbReply<xcb_query_pointer_reply_t> reply (xcb_query_pointer_reply (connection, asked, nullptr));
+    if (reply == nullptr)
+        return std::nullopt;
+    return CPoint (reply->win_x, reply->win_y);
 }
 
 void PanelWindow::ReleaseGrab ()

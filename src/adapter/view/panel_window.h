@@ -5,6 +5,7 @@
 #include "vstgui/lib/platform/platform_x11.h"
 #include "x11_window.h"
 #include <memory>
+#include <optional>
 
 namespace tessaly
 {
@@ -26,6 +27,8 @@ public:
     ZX11EventImp& Input () { return window->Input (); }
     ZClipboard& Clipboard () { return window->Clipboard (); }
     X11Window& Window () { return *window; }
+    /// In pixels of the view; nothing when the server gives no answer. VSTGUI's own question leaks each answer.
+    std::optional<VSTGUI::CPoint> PointerPlace () const;
     void ReleaseGrab (); ///< VSTGUI holds the pointer while a button is down: a host's menu could not have it
 
 private:

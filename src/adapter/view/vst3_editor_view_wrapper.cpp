@@ -351,11 +351,11 @@ std::int32_t ZVst3EditorViewWrapper::GetDialMode () const
 
 tresult PLUGIN_API ZVst3EditorViewWrapper::onWheel (float distance)
 {
-    CPoint where;
-    if (frame == nullptr || !frame->getCurrentMouseLocation (where))
+    const auto where = frame != nullptr ? window->PointerPlace () : std::nullopt;
+    if (!where)
         return kResultFalse;
     VSTGUI::MouseWheelEvent wheel;
-    wheel.mousePosition = where;
+    wheel.mousePosition = *where;
     wheel.deltaY = static_cast<double> (distance);
     frame->dispatchEvent (wheel);
     return wheel.consumed ? kResultTrue : kResultFalse;
@@ -441,13 +441,12 @@ bool ZVst3EditorViewWrapper::IsParameter (std::int32_t id)
 std::int32_t ZVst3EditorViewWrapper::controlModifierClicked (VSTGUI::CControl* /*control*/,
                                                              VSTGUI::CButtonState buttons)
 {
-    CPoint where;
     if ((buttons.getButtonState () & VSTGUI::kRButton) == 0 && (buttons.getModifierState () & VSTGUI::kApple) == 0)
         return 0;
-    if (frame == nullptr || !frame->getCurrentMouseLocation (where))
+    if (frame == nullptr)
         return 0;
-    menuWanted = where;
-    return 1;
+    menuWanted = window->PointerPlace ();
+    return menuWanted ? 1 : 0;
 }
 
 void ZVst3EditorViewWrapper::OpenContextMenu (CPoint where)
