@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, std::size_t siz
     static Processor processor; // one for all: making it takes far longer than reading
     processor.Load ({ reinterpret_cast<const char*> (data), size });
     const auto first = processor.Save ();
-    Demand (first.size () == 724 + 4 * kStripParameterCount);
+    Demand (first.size () == 724 + 4 * tessaly::kStripParameterCount);
     // The values; big-endian, they order from 0 to 1 like their bytes.
     const std::string one ("\x3f\x80\0\0", 4);
     const std::string minusZero ("\x80\0\0\0", 4);
