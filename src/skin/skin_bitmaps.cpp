@@ -1,5 +1,6 @@
 #include "skin_bitmaps.h"
 
+#include "ascii_case.h"
 #include "tiled_bitmap_imp.h"
 #include <array>
 #include <mutex>
@@ -54,8 +55,7 @@ std::unique_ptr<ZBitmapImp> CreateSkinBitmap (std::string_view name, double scal
 {
     std::string upperCaseName (name); // as the packs have them
     for (char& letter : upperCaseName)
-        if (letter >= 'a' && letter <= 'z')
-            letter = static_cast<char> (letter - 'a' + 'A');
+        letter = AsciiUpper (letter);
     return std::make_unique<ZTiledBitmapImp> (upperCaseName, SharedCache (scale > 1.0 ? 2 : 1));
 }
 

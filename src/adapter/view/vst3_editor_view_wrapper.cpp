@@ -11,7 +11,6 @@
 #include "vst3_control_wrapper.h"
 #include "vst_keys.h"
 #include "vstgui/lib/events.h"
-#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <string>
@@ -475,10 +474,7 @@ void ZVst3EditorViewWrapper::OpenContextMenu (CPoint where)
 
 std::unique_ptr<ZBitmapImp> ZVst3EditorViewWrapper::CreateBitmap (std::string_view name)
 {
-    std::string upper (name);
-    std::transform (upper.begin (), upper.end (), upper.begin (),
-                    [] (char c) { return 'a' <= c && c <= 'z' ? static_cast<char> (c - 'a' + 'A') : c; });
-    return CreateSkinBitmap (upper, scale.Get ());
+    return CreateSkinBitmap (name, scale.Get ());
 }
 
 std::unique_ptr<ZMatrixMenuImp> ZVst3EditorViewWrapper::CreateMenuImp ()
