@@ -10,30 +10,52 @@
 namespace tessaly::render
 {
 
-void LevelMeter::Add (std::span<const float> samples)
+namespace
 {
-    // Lanes of their own let the compiler use SIMD, which it may not for one sum: its order of additions is fixed.
-    constexpr std::size_t kLanes = 8;
+
+// Lanes of their own let the compiler use SIMD, which it may not for one sum: its order of additions is fixed.
+constexpr std::size_t kLanes = 8;
+
+struct PieceLevels
+{
+    float peak;
+    float sumOfSquares;
+};
+
+/// @param piece  a multiple of kLanes; short, so that its squares may be summed as floats
+PieceLevels LevelsOf (std::span<const float> piece)
+{
     std::array<float, kLanes> peaks{};
-    std::array<double, kLanes> sums{};
-    const std::size_t whole = samples.size () - samples.size () % kLanes;
-    for (std::size_t i = 0; i < whole; i += kLanes)
+    std::array<float, kLanes> sums{};
+    for (std::size_t i = 0; i < piece.size (); i += kLanes)
         for (std::size_t lane = 0; lane < kLanes; ++lane)
         {
-            const float x = std::abs (samples[i + lane]);
+            const float x = std::abs (piece[i + lane]);
             peaks[lane] = x > peaks[lane] ? x : peaks[lane];
-            sums[lane] += static_cast<double> (x) * static_cast<double> (x);
+            sums[lane] += x * x;
         }
-    const double sum = std::accumulate (sums.begin (), sums.end (), 0.0);
-    if (std::isfinite (sum)) // squares of finite floats are finite as doubles, and so are their sums
-    {
-        peak = std::max (peak, static_cast<double> (*std::ranges::max_element (peaks)));
-        sumOfSquares += sum;
-        AddOneByOne (samples.subspan (whole));
-    }
-    else
-        AddOneByOne (samples);
+    return { *std::ranges::max_element (peaks), std::accumulate (sums.begin (), sums.end (), 0.0F) };
+}
+
+} // namespace
+
+void LevelMeter::Add (std::span<const float> samples)
+{
+    constexpr std::size_t kPiece = 64 * kLanes;
     count += static_cast<std::int64_t> (samples.size ());
+    while (samples.size () >= kLanes)
+    {
+        const auto piece = samples.first (std::min (kPiece, samples.size () - samples.size () % kLanes));
+        samples = samples.subspan (piece.size ());
+        if (const auto levels = LevelsOf (piece); std::isfinite (levels.sumOfSquares))
+        {
+            peak = std::max (peak, static_cast<double> (levels.peak));
+            sumOfSquares += static_cast<double> (levels.sumOfSquares);
+        }
+        else // infinite, NaN, or so large that its square is
+            AddOneByOne (piece);
+    }
+    AddOneByOne (samples);
 }
 
 void LevelMeter::AddOneByOne (std::span<const float> samples)

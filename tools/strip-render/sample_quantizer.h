@@ -8,8 +8,8 @@ namespace tessaly::render
 
 /// Samples of -1 to 1 as integers. The nearest step is taken, so that integers that were read come back as they were.
 /// Dither adds noise of triangular density, two steps wide in all (TPDF; S. P. Lipshitz, R. A. Wannamaker, J.
-/// Vanderkooy, "Quantization and Dither", J. Audio Eng. Soc. 40, 1992), from a generator with a fixed seed: two renders
-/// of one input are the same.
+/// Vanderkooy, "Quantization and Dither", J. Audio Eng. Soc. 40, 1992), the same for each sample of the same place: two
+/// renders of one input are the same.
 class SampleQuantizer
 {
 public:
@@ -23,12 +23,11 @@ public:
     double OverDb () const;                                  ///< by how much the largest of them; 0 without any
 
 private:
-    double Noise (); // -1 to 1, triangular
+    void FindClipping (std::span<const float> samples);
 
-    int unusedBits;
+    int bits;
     bool dithers;
-    double fullScale; // steps
-    std::uint64_t seed = 1;
+    std::uint32_t place = 0; // of the next sample; begins anew after 2^32
     std::int64_t clipped = 0;
     double largest = 1.0;
 };
