@@ -22,6 +22,8 @@ tresult PLUGIN_API ZVst3ControllerWrapper::setParamNormalized (Vst::ParamID id, 
         return kResultFalse;
     value = *usable;
     const auto kept = static_cast<float> (value);
+    if (auto* const late = LatePoints (); late != nullptr && !inSetParam)
+        late->OnEachTold (id, kept);
     const bool repeat = IsRepeat (id, kept);
     const tresult result = EditControllerEx1::setParamNormalized (id, value);
     if (repeat || inSetParam)

@@ -207,6 +207,7 @@ tresult PLUGIN_API ZVst3EffectWrapper::setActive (TBool state)
     {
         ardour::LateDelivery::Leave (*latePoints);
         latePoints->Deliver (); // what came with the last blocks
+        latePoints->OnStop ();
     }
     if (effect)
         effect->SetActive (active != 0);
@@ -339,7 +340,7 @@ void ZVst3EffectWrapper::CollectPoint (Vst::ParamID id, int32 sampleOffset, Vst:
 void ZVst3EffectWrapper::HandOverLatePoints (const Vst::ProcessData& data)
 {
     const bool isOffline = data.processMode == Vst::kOffline;
-    latePoints->SetOffline (isOffline);
+    latePoints->OnBlock (isOffline);
     if (isOffline)
     {
         pace.Restart ();

@@ -28,6 +28,7 @@ struct Late
         CHECK (halves.controller->GetInfo (kCodeStorage, &storage));
         points = std::make_unique<ardour::LatePoints> (
             *effect, *storage, [this] { ++moves; }, [] { return handClockMs.load (); });
+        points->OnBlock (false);
     }
     float Value (std::uint32_t id) const { return storage->GetNormalized (static_cast<std::int32_t> (id)); }
     void Send (std::uint32_t id, float value)
@@ -131,6 +132,27 @@ TEST_CASE ("A value that the host was made to read is dropped when it comes back
     handClockMs += ardour::LatePoints::kAfterEditMs + 1;
     late.Send (kMidGain, 0.75f);
     CHECK (late.Value (kMidGain) == 0.75f);
+}
+
+TEST_CASE ("What a host told while no blocks ran comes with the first one, whenever, and is dropped once")
+{
+    for (const bool isOffline : { false, true })
+    {
+        Late late;
+        const float moved = late.Value (kMidGain);
+        late.points->OnStop ();
+        late.points->OnEachTold (kMidGain, 0.25f);
+        handClockMs += 60000;
+        late.points->Note (kMidGain, 0.25f);
+        late.points->OnBlock (isOffline);
+        if (isOffline)
+            late.points->DeliverOffline ();
+        else
+            late.points->Deliver ();
+        CHECK (late.Value (kMidGain) == moved);
+        late.Send (kMidGain, 0.25f);
+        CHECK (late.Value (kMidGain) == 0.25f);
+    }
 }
 
 TEST_CASE ("The thread delivers by itself, and when the module goes it ends, whoever has joined")

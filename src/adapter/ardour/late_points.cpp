@@ -44,6 +44,12 @@ void LatePoints::Note (std::uint32_t id, float value)
         cells[id].store (std::bit_cast<std::uint32_t> (value), std::memory_order_release);
 }
 
+void LatePoints::OnBlock (bool isOffline)
+{
+    offline.store (isOffline, std::memory_order_relaxed);
+    blocksRun.store (true, std::memory_order_release);
+}
+
 void LatePoints::DeliverOffline ()
 {
     const std::scoped_lock lock (mutex);
@@ -72,9 +78,12 @@ void LatePoints::Forget ()
 /// "Morph" is taken out first, too: what a block notes ahead of it is then there, or newer.
 void LatePoints::DeliverLocked (bool byRules)
 {
+    const bool run = blocksRun.load (std::memory_order_acquire);
     bool moved = kMorph < cells.size () && DeliverCell (kMorph, byRules);
     for (std::uint32_t id = 0; id < cells.size (); ++id)
         moved = (id != kMorph && DeliverCell (id, byRules)) || moved;
+    if (run && anyWaits)
+        EndWaits ();
     if (moved)
         onMoved ();
 }
@@ -86,7 +95,8 @@ bool LatePoints::DeliverCell (std::uint32_t id, bool byRules)
     const auto bits = cells[id].exchange (kEmpty, std::memory_order_acquire);
     rules[id].newest = bits;
     const auto value = std::bit_cast<float> (bits);
-    if ((byRules && (IsQuiet (rules[id]) || IsEcho (rules[id], bits))) || IsSameStep (id, value))
+    const bool isEcho = IsEcho (rules[id], bits, byRules);
+    if (isEcho || (byRules && IsQuiet (rules[id])) || IsSameStep (id, value))
         return false;
     effect.SetParameter (static_cast<std::int32_t> (id), value);
     return true;
@@ -141,16 +151,50 @@ void LatePoints::OnRead (std::uint32_t id, float value)
     const std::scoped_lock lock (mutex);
     if (id >= rules.size ())
         return;
-    auto& rule = rules[id];
-    rule.echoes[rule.nextEcho] = { std::bit_cast<std::uint32_t> (value), clock () + kAfterEditMs };
-    rule.nextEcho = (rule.nextEcho + 1) % rule.echoes.size ();
+    AddEcho (rules[id], std::bit_cast<std::uint32_t> (value), false);
 }
 
-bool LatePoints::IsEcho (const Rule& rule, std::uint32_t bits) const
+/// A value whose point has come already is no echo to come.
+void LatePoints::OnEachTold (std::uint32_t id, float value)
 {
-    return std::any_of (rule.echoes.begin (), rule.echoes.end (),
-                        [&] (const Echo& echo)
-                        { return echo.bits == bits && static_cast<std::int32_t> (echo.endMs - clock ()) > 0; });
+    const std::scoped_lock lock (mutex);
+    const auto bits = std::bit_cast<std::uint32_t> (value);
+    if (id < rules.size () && rules[id].newest != bits)
+        AddEcho (rules[id], bits, true);
+}
+
+void LatePoints::AddEcho (Rule& rule, std::uint32_t bits, bool isOnce)
+{
+    const bool waits = !blocksRun.load (std::memory_order_acquire);
+    rule.echoes[rule.nextEcho] = { bits, clock () + kAfterEditMs, isOnce, waits };
+    rule.nextEcho = (rule.nextEcho + 1) % rule.echoes.size ();
+    anyWaits = anyWaits || waits;
+}
+
+/// An offline block knows no other echoes than those of the time before the first block.
+bool LatePoints::IsEcho (Rule& rule, std::uint32_t bits, bool byRules) const
+{
+    const auto matches = [&] (const Echo& echo)
+    {
+        const bool runs = byRules && static_cast<std::int32_t> (echo.endMs - clock ()) > 0;
+        return echo.bits == bits && (echo.waits || runs);
+    };
+    const auto found = std::find_if (rule.echoes.begin (), rule.echoes.end (), matches);
+    if (found == rule.echoes.end ())
+        return false;
+    if (found->isOnce)
+        *found = {};
+    return true;
+}
+
+/// The first block's points have been looked at.
+void LatePoints::EndWaits ()
+{
+    for (auto& rule : rules)
+        for (auto& echo : rule.echoes)
+            if (std::exchange (echo.waits, false))
+                echo.endMs = clock () + kAfterEditMs;
+    anyWaits = false;
 }
 
 bool LatePoints::IsNewest (std::uint32_t id, float value)

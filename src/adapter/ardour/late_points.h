@@ -26,7 +26,9 @@ namespace tessaly::ardour
 /// Points that only repeat what the controller did are stale by the time they come. So the points of an id are dropped
 /// while the user holds it and half a second from its last edit, and for a tenth of a second from a host's value that
 /// is not the newest point's: then the host tells of the lane itself, late, and the two must not take turns. A value
-/// that the host was made to read is dropped when it comes back; another one, set in the meantime, is not.
+/// that the host was made to read is dropped when it comes back; another one, set in the meantime, is not. A value that
+/// the host told is dropped once, as each comes as a point, too: those of a session that is restored come together in
+/// the first block, after the state and beside the lanes, however long that takes.
 ///
 /// Threads: Note and the block's end on the audio thread, all else on any other thread, under a lock of the instance.
 class LatePoints
@@ -53,8 +55,10 @@ public:
     void DeliverOffline ();
     /// Audio thread, likewise in a bounce that runs in the real-time mode; leaves it to Deliver rather than wait.
     void DeliverAhead ();
+    /// Audio thread, once a block, after its points.
+    void OnBlock (bool isOffline);
+    void OnStop () { blocksRun.store (false, std::memory_order_relaxed); } ///< not the audio thread: no blocks for now
     /// Whether the last block was offline: the host must not be made to send points then, none would be told as stale.
-    void SetOffline (bool on) { offline.store (on, std::memory_order_relaxed); }
     bool IsOffline () const { return offline.load (std::memory_order_relaxed); }
 
     void Deliver (); ///< not the audio thread: everything noted, by the rules above
@@ -65,7 +69,8 @@ public:
     void LetGo (std::uint32_t id);               ///< no more
     void OnEdited (std::uint32_t id);            ///< the host is told of a new value by an edit
     void OnRead (std::uint32_t id, float value); ///< the host is made to read a new value, and will send it as a point
-    void OnToldByHost (std::uint32_t id, float value); ///< the host sets the controller's value
+    void OnToldByHost (std::uint32_t id, float value); ///< the host sets the controller's value to another one
+    void OnEachTold (std::uint32_t id, float value);   ///< ahead of that, and with a value that is set already, too
 
     /// Whether this is the newest point of an id, so that the host has it already.
     bool IsNewest (std::uint32_t id, float value);
@@ -82,6 +87,8 @@ private:
     {
         std::uint32_t bits = 0xFFFFFFFF;
         std::uint32_t endMs = 0;
+        bool isOnce = false;
+        bool waits = false; // for the first block; endMs is set then
     };
 
     /// What is known of one id beside its cell.
@@ -98,7 +105,9 @@ private:
     void DeliverLocked (bool byRules);
     bool DeliverCell (std::uint32_t id, bool byRules);
     bool IsQuiet (Rule& rule) const;
-    bool IsEcho (const Rule& rule, std::uint32_t bits) const;
+    bool IsEcho (Rule& rule, std::uint32_t bits, bool byRules) const;
+    void AddEcho (Rule& rule, std::uint32_t bits, bool isOnce);
+    void EndWaits ();
     void Silence (Rule& rule, std::uint32_t durationMs);
     bool IsSameStep (std::uint32_t id, float value) const;
 
@@ -108,6 +117,8 @@ private:
     TickClock clock;
     std::vector<Cell> cells;
     std::atomic<bool> offline = false;
+    std::atomic<bool> blocksRun = false;
+    bool anyWaits = false;
     /// Guards the rules, and each delivery as a whole. Recursive, as the effect tells the editor of what it is given.
     std::recursive_mutex mutex;
     std::vector<Rule> rules;
