@@ -7,7 +7,6 @@
 #include "parameter_ids.h"
 #include "parameter_storage_base.h"
 #include "plugin_config.h"
-#include <chrono>
 #include <utility>
 
 namespace tessaly
@@ -28,12 +27,6 @@ ZParameterStorageBase* StorageOf (ZEffect* effect)
 }
 
 } // namespace
-
-std::uint32_t SteadyTickMs ()
-{
-    const auto now = std::chrono::steady_clock::now ().time_since_epoch ();
-    return static_cast<std::uint32_t> (std::chrono::duration_cast<std::chrono::milliseconds> (now).count ());
-}
 
 ZVst3ControllerWrapper::ZVst3ControllerWrapper (TickClock tickClock)
     : clock (tickClock)

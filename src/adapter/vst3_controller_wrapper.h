@@ -9,6 +9,7 @@
 #include "pluginterfaces/vst/ivstrepresentation.h"
 #include "public.sdk/source/vst/vsteditcontroller.h"
 #include "shared_value.h"
+#include "tick_clock.h"
 #include "vu_buffer.h"
 #include <atomic>
 #include <memory>
@@ -19,10 +20,6 @@ namespace tessaly
 {
 
 class LiveEffect;
-
-/// Milliseconds of a steady clock, wrapping every 49 days.
-using TickClock = std::uint32_t (*) ();
-std::uint32_t SteadyTickMs ();
 
 /// The controller half of the plug-in. It has no parameter model of its own: its parameter objects are views onto the
 /// storage of the effect, whose pointer the processor of the same process sends. A change goes straight into the shared

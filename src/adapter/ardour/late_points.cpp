@@ -5,7 +5,6 @@
 #include "parameter_storage_base.h"
 #include <algorithm>
 #include <bit>
-#include <chrono>
 #include <utility>
 
 namespace tessaly::ardour
@@ -18,12 +17,6 @@ constexpr std::uint32_t kEmpty = 0xFFFFFFFF; // a NaN, which no point is
 constexpr auto kMorph = static_cast<std::uint32_t> (IndexOf (StripParameter::morph));
 
 } // namespace
-
-std::uint32_t LatePoints::SteadyTickMs ()
-{
-    const auto now = std::chrono::steady_clock::now ().time_since_epoch ();
-    return static_cast<std::uint32_t> (std::chrono::duration_cast<std::chrono::milliseconds> (now).count ());
-}
 
 LatePoints::LatePoints (ZEffect& effectOfInstance, ZParameterStorageBase& storageOfEffect, std::function<void ()> moved,
                         TickClock tickClock)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tick_clock.h"
 #include <array>
 #include <atomic>
 #include <cstddef>
@@ -35,10 +36,6 @@ class LatePoints
 {
 public:
     using Exclusion = std::unique_lock<std::recursive_mutex>;
-
-    /// Milliseconds of a steady clock, wrapping.
-    using TickClock = std::uint32_t (*) ();
-    static std::uint32_t SteadyTickMs ();
 
     static constexpr std::uint32_t kAfterEditMs = 500; ///< more than two of the longest blocks and a display's turn
     static constexpr std::uint32_t kAfterToldMs = 100; ///< more than two turns of a display

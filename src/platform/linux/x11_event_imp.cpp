@@ -1,9 +1,9 @@
 #include "x11_event_imp.h"
 
 #include "event.h"
+#include "tick_clock.h"
 #include "x11_masks.h"
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <xcb/xcb.h>
 
@@ -87,8 +87,7 @@ std::int32_t ZX11EventImp::GetModifiers ()
 
 std::uint32_t ZX11EventImp::GetTime ()
 {
-    const auto now = std::chrono::steady_clock::now ().time_since_epoch ();
-    return static_cast<std::uint32_t> (std::chrono::duration_cast<std::chrono::milliseconds> (now).count ());
+    return SteadyTickMs ();
 }
 
 std::uint32_t ZX11EventImp::GetDoubleClickTime ()
