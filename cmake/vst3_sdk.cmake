@@ -19,6 +19,11 @@ if(NOT EXISTS "${VST3_SDK_DIR}/pluginterfaces/vst/ivstaudioprocessor.h")
         "(Debian: from its source archive), or build with -DVST3_SDK_DIR=<the folder of an SDK that you have>.")
 endif()
 
+if(WIN32)
+    include(vst3_sdk_windows)
+    return()
+endif()
+
 file(STRINGS "${CMAKE_CURRENT_LIST_DIR}/vst3_sdk_options.txt" _options)
 set(_variant "")
 if(TESSALY_SANITIZE MATCHES "thread")
@@ -60,7 +65,9 @@ target_include_directories(vst3sdk_headers SYSTEM INTERFACE "${VST3_SDK_DIR}")
 target_compile_definitions(vst3sdk_headers INTERFACE RELEASE=1)
 
 # The module's entry, for programs that link a plug-in's parts without being a module: the SDK's start-up refers to it.
-add_library(vst3sdk_entry STATIC "${VST3_SDK_DIR}/public.sdk/source/main/linuxmain.cpp")
+set(VST3_ENTRY_SOURCE "${VST3_SDK_DIR}/public.sdk/source/main/linuxmain.cpp")
+set(VST3_MODULE_LOADER "${VST3_SDK_DIR}/public.sdk/source/vst/hosting/module_linux.cpp")
+add_library(vst3sdk_entry STATIC "${VST3_ENTRY_SOURCE}")
 target_link_libraries(vst3sdk_entry PRIVATE vst3sdk_headers)
 
 add_library(vst3sdk_plugin INTERFACE)

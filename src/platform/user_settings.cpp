@@ -1,13 +1,12 @@
 #include "user_settings.h"
 
 #include "number_text.h"
-#include <cstdlib>
+#include "settings_file.h"
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <string>
 #include <system_error>
-#include <unistd.h>
 
 namespace tessaly
 {
@@ -17,23 +16,9 @@ namespace fs = std::filesystem;
 namespace
 {
 
-constexpr const char* kBelowConfigFolder = "tessaly-bench/panel.conf";
-constexpr const char* kDefaultBelowHome = ".config";
 constexpr std::streamsize kLongestFile = 65536; // bytes; a longer one is not ours
 
 using Settings = std::map<std::string, std::string, std::less<>>;
-
-/// Only absolute folders count, as the XDG rules for base directories have it. @return empty without a home
-fs::path SettingsFile ()
-{
-    const char* folder = std::getenv ("XDG_CONFIG_HOME");
-    if (folder != nullptr && fs::path (folder).is_absolute ())
-        return fs::path (folder) / kBelowConfigFolder;
-    const char* home = std::getenv ("HOME");
-    if (home != nullptr && fs::path (home).is_absolute ())
-        return fs::path (home) / kDefaultBelowHome / kBelowConfigFolder;
-    return {};
-}
 
 std::string_view Trimmed (std::string_view text)
 {
@@ -87,7 +72,7 @@ bool WriteUserSetting (std::string_view name, double value)
     settings[std::string (name)] = FixedText (value, 0, 2);
     std::error_code error;
     fs::create_directories (path.parent_path (), error);
-    const auto working = path.parent_path () / (".panel-" + std::to_string (getpid ()) + ".part");
+    const auto working = path.parent_path () / (".panel-" + std::to_string (ProcessNumber ()) + ".part");
     const bool written = WriteAll (working, settings);
     if (written)
         fs::rename (working, path, error);

@@ -1,0 +1,24 @@
+# Cross-builds for Windows on x86-64 with Debian's mingw-w64 and runs what it built under Wine; see scripts/test.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
+set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
+set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+set(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_CURRENT_LIST_DIR}/../scripts/run-windows")
+
+set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+
+# The compiler's own libraries go into what is built: users have only Windows' own DLLs.
+set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
+set(CMAKE_SHARED_LINKER_FLAGS_INIT -static)
+set(CMAKE_MODULE_LINKER_FLAGS_INIT -static)
+
+# Of this machine's own libraries none is taken for one of Windows': only scripts/build-sndfile's counts.
+if(DEFINED ENV{XDG_CACHE_HOME} AND NOT "$ENV{XDG_CACHE_HOME}" STREQUAL "")
+    set(ENV{PKG_CONFIG_LIBDIR} "$ENV{XDG_CACHE_HOME}/tessaly-bench/sndfile-windows/lib/pkgconfig")
+else()
+    set(ENV{PKG_CONFIG_LIBDIR} "$ENV{HOME}/.cache/tessaly-bench/sndfile-windows/lib/pkgconfig")
+endif()

@@ -1,0 +1,3 @@
+find_package(doctest CONFIG REQUIRED)
+include(take_headers)
+take_headers(doctest::doctest doctest)
