@@ -6,6 +6,7 @@
 #include "memory_stream.h"
 #include "pixel_picture.h"
 #include "png.h"
+#include <cairo.h>
 #include <doctest/doctest.h>
 #include <map>
 
@@ -13,7 +14,6 @@ using namespace tessaly;
 using test::Compare;
 using test::ImageOf;
 using test::Picture;
-using test::PngOf;
 
 namespace
 {

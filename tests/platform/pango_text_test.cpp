@@ -4,6 +4,7 @@
 #include "environment_variable.h"
 #include "pixel_picture.h"
 #include "program_run.h"
+#include <cairo.h>
 #include <cmath>
 #include <doctest/doctest.h>
 

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "cairo_canvas_imp.h"
 #include "geometry.h"
+#include "picture_surface.h"
 #include <algorithm>
 #include <array>
-#include <cairo.h>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -29,15 +27,11 @@ public:
     {
     }
 
-    explicit Picture (const ZCairoCanvasImp& canvas)
-        : Picture (canvas.PixelSize ().right, canvas.PixelSize ().bottom)
+    explicit Picture (const PictureSurface& surface)
+        : width (surface.PixelSize ().right)
+        , height (surface.PixelSize ().bottom)
+        , pixels (PixelsOf (surface))
     {
-        cairo_surface_t* surface = canvas.Surface ();
-        const auto stride = static_cast<std::size_t> (cairo_image_surface_get_stride (surface));
-        const auto row = static_cast<std::size_t> (width) * 4;
-        for (std::size_t y = 0; y < static_cast<std::size_t> (height); ++y)
-            std::memcpy (reinterpret_cast<unsigned char*> (pixels.data ()) + y * row,
-                         cairo_image_surface_get_data (surface) + y * stride, row);
     }
 
     /// Rows that are parted by line ends; a first line end and blanks before rows don't count.

@@ -44,12 +44,12 @@ void GalleryWindow::SetParameter (std::string_view name, double plain)
 
 stage::Png GalleryWindow::Picture ()
 {
-    ZCairoCanvasImp whole (kPanelWidth, kPanelHeight, window.Surface ().GetScale ());
+    PictureSurface whole (kPanelWidth, kPanelHeight, window.Surface ().GetScale ());
     whole.CopyCanvasPlain (window.Surface (), { 0, 0, kPanelWidth, kPanelHeight }, {});
     ZOnscreenCanvas canvas (whole);
     DrawSign (canvas);
     DrawPointer (canvas);
-    return stage::PngOf (whole.Surface ());
+    return PngOf (whole);
 }
 
 void GalleryWindow::DrawSign (ZCanvas& canvas) const

@@ -4,6 +4,7 @@
 #include "cairo_handles.h"
 #include "geometry.h"
 #include "picture_files.h"
+#include "picture_surface.h"
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -33,7 +34,7 @@ public:
     void Text (std::string_view text, const ZRect& rect, std::int32_t pixels, std::int32_t style, ZColor color,
                std::int32_t alignment);
 
-    Png ToPng () const { return stage::PngOf (imp.Surface ()); }
+    Png ToPng () const { return PngOf (imp); }
 
 private:
     ZColor Shown (ZColor color) const;

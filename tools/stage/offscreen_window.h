@@ -1,12 +1,13 @@
 #pragma once
 
-#include "cairo_canvas_imp.h"
 #include "event.h"
 #include "event_imp.h"
 #include "gui_editor.h"
 #include "input.h"
-#include "picture_files.h"
+#include "picture_surface.h"
+#include <cstddef>
 #include <cstdint>
+#include <vector>
 
 namespace tessaly::stage
 {
@@ -35,9 +36,9 @@ public:
     bool IsPointerShown () const { return hidden <= 0; }
     std::int32_t Cursor () const { return cursor; } ///< as the editor chose it: kDefaultCursor or kHandCursor
     std::uint32_t Time () const { return time; }    ///< milliseconds
-    ZCairoCanvasImp& Surface () { return surface; }
-    const ZCairoCanvasImp& Surface () const { return surface; }
-    Png Picture () const { return PngOf (surface.Surface ()); }
+    PictureSurface& Surface () { return surface; }
+    const PictureSurface& Surface () const { return surface; }
+    std::vector<std::byte> Picture () const { return PngOf (surface); } ///< a PNG file
 
     /// The id of the topmost pane that takes the mouse at a point; kNewPaneId for none.
     std::int32_t PaneIdAt (ZPoint point);
@@ -67,7 +68,7 @@ private:
     std::int32_t cursor = kDefaultCursor;
     bool overPane = false;
 
-    ZCairoCanvasImp surface;
+    PictureSurface surface;
     ZGuiEditor* editor = nullptr; // not owned: the caller of Open
 };
 

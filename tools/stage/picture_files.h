@@ -1,15 +1,15 @@
 #pragma once
 
-#include "png_file.h"
+#include <cstddef>
 #include <filesystem>
 #include <map>
 #include <string>
+#include <vector>
 
 namespace tessaly::stage
 {
 
-using drawing::Png;
-using drawing::PngOf;
+using Png = std::vector<std::byte>; // a file's bytes
 
 using Pictures = std::map<std::string, Png>; // by name, without folder and extension
 

@@ -6,7 +6,7 @@ namespace tessaly
 {
 
 /// A surface in memory, transparent at first: 32 bits with premultiplied alpha.
-class ZWinGDIPlusOffscreenCanvasImp final : public ZWinGDIPlusCanvasImp
+class ZWinGDIPlusOffscreenCanvasImp : public ZWinGDIPlusCanvasImp
 {
 public:
     /// Of the rectangle's size and the parent's density, parted into pixels as the parent is there.
