@@ -1,8 +1,9 @@
 #include "x11_clipboard.h"
 
+#include "utf8.h"
 #include <algorithm>
 #include <array>
-#include <vector>
+#include <utility>
 #include <xcb/xcb.h>
 
 namespace tessaly
@@ -16,13 +17,20 @@ constexpr const char* kText = "UTF8_STRING";
 constexpr const char* kTargets = "TARGETS";
 constexpr const char* kParts = "INCR"; // the type of a text that comes in parts
 constexpr const char* kPlace = "TESSALY_CLIPBOARD";
-constexpr std::uint32_t kPieceWords = 16384; // 32-bit units that are read at once
+constexpr std::size_t kLongestCharacter = 4;                          // bytes of UTF-8
+constexpr std::uint32_t kPieceWords = X11Clipboard::kLongestText / 4; // 32-bit units that are read at once
+constexpr std::chrono::seconds kPartsTime{ 1 };                       // without a part its owner is taken for dead
 
-/// The clipboards of this process: one of them can't answer another, since both are served by one thread.
-std::vector<X11Clipboard*>& Alive ()
+/// The clipboards of this process, by `next`: one of them can't answer another, since both are served by one thread.
+X11Clipboard* first = nullptr; // not owned: the windows'; no object, as some hosts tear windows down from `exit`
+
+/// The longest beginning that has whole characters and no more bytes than may be.
+std::string_view Beginning (std::string_view text)
 {
-    static auto* const alive = new std::vector<X11Clipboard*>; // some hosts tear windows down from `exit`
-    return *alive;
+    auto length = std::min (text.size (), X11Clipboard::kLongestText);
+    while (length < text.size () && length > 0 && ContinuesCharacter (text[length]))
+        --length;
+    return text.substr (0, length);
 }
 
 template <typename Event>
@@ -45,12 +53,15 @@ X11Clipboard::X11Clipboard (X11Connection& of)
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_create_window (connection.Get (), XCB_COPY_FROM_PARENT, window, connection.Screen ().root, 0, 0, 1, 1, 0,
                        XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
-    Alive ().push_back (this);
+    next = std::exchange (first, this);
 }
 
 X11Clipboard::~X11Clipboard ()
 {
-    std::erase (Alive (), this);
+    X11Clipboard** link = &first;
+    while (*link != this)
+        link = &(*link)->next;
+    *link = next;
     xcb_destroy_window (connection.Get (), window);
     connection.Flush ();
 }
@@ -65,6 +76,9 @@ xcb_window_t X11Clipboard::Owner ()
 
 void X11Clipboard::Fetch ()
 {
+    fetchLater = growing && Clock::now () - lastPart < kPartsTime;
+    if (fetchLater)
+        return;
     arrived.clear ();
     growing = false;
     fetched = Fetched::kAsked;
@@ -78,7 +92,7 @@ std::string X11Clipboard::GetText ()
     const auto owner = Owner ();
     if (owner == 0)
         return {};
-    for (const auto* other : Alive ())
+    for (const auto* other = first; other != nullptr; other = other->next)
         if (other->offering && other->window == owner)
             return other->offered;
     if (fetched == Fetched::kNothing)
@@ -87,7 +101,10 @@ std::string X11Clipboard::GetText ()
     {
         const auto event = connection.WaitFor ([this] (const auto& came) { return IsArrival (came); }, kPatienceMs);
         if (event == nullptr)
+        {
+            growing = false; // its owner has died between two parts
             break;
+        }
         TakeArrival (*event);
     }
     auto text = fetched == Fetched::kAll ? arrived : std::string ();
@@ -97,7 +114,7 @@ std::string X11Clipboard::GetText ()
 
 void X11Clipboard::SetText (std::string_view text)
 {
-    offered = text;
+    offered = Beginning (text);
     offering = true;
     xcb_set_selection_owner (connection.Get (), window, connection.Atom (kSelection), XCB_CURRENT_TIME);
     connection.Flush ();
@@ -169,22 +186,27 @@ bool X11Clipboard::IsArrival (const xcb_generic_event_t& event) const
 
 void X11Clipboard::TakeArrival (const xcb_generic_event_t& event)
 {
-    const bool first = TypeOf (event) == XCB_SELECTION_NOTIFY;
-    if (first && As<xcb_selection_notify_event_t> (event).property == 0)
+    const bool isFirst = TypeOf (event) == XCB_SELECTION_NOTIFY;
+    if (isFirst && As<xcb_selection_notify_event_t> (event).property == 0)
     {
         fetched = Fetched::kAll; // nobody has a text
         return;
     }
     xcb_atom_t type = 0;
     const auto part = TakeProperty (type); // its removal asks for the next part
-    if (first && type == connection.Atom (kParts))
+    lastPart = Clock::now ();
+    if (isFirst && type == connection.Atom (kParts))
     {
         growing = true;
         return;
     }
-    arrived += part;
-    growing = growing && !part.empty () && arrived.size () < kLongestText;
-    fetched = growing ? Fetched::kAsked : Fetched::kAll;
+    if (fetched != Fetched::kAll)
+        arrived = Beginning (arrived + part);
+    growing = growing && !part.empty ();
+    if (!growing || arrived.size () + kLongestCharacter > kLongestText)
+        fetched = Fetched::kAll;
+    if (!growing && fetchLater)
+        Fetch ();
 }
 
 std::string X11Clipboard::TakeProperty (xcb_atom_t& type)

@@ -2,6 +2,7 @@
 
 #include "clipboard.h"
 #include "x11_connection.h"
+#include <chrono>
 #include <cstdint>
 #include <string>
 
@@ -13,11 +14,14 @@ namespace tessaly
 ///
 /// A text of another program has to be asked for, and it may be the host's own, who can't answer while the panel waits:
 /// Fetch asks early, when a text field opens, and GetText waits kPatienceMs at most for what has not come by then.
+///
+/// A field holds less than 300 bytes, so of a longer text only the beginning is kept. Where it comes in parts the rest is
+/// taken and dropped: its owner waits for that. What is offered is short enough to go in one piece on any server.
 class X11Clipboard final : public ZClipboard
 {
 public:
     static constexpr std::uint32_t kPatienceMs = 200;
-    static constexpr std::size_t kLongestText = 65536; // bytes; the rest of a longer one is left out
+    static constexpr std::size_t kLongestText = 4096; // bytes, in either direction
 
     explicit X11Clipboard (X11Connection& of); ///< not owned: the window's, outlives this
     ~X11Clipboard () override;
@@ -31,6 +35,8 @@ public:
     bool OnEvent (const xcb_generic_event_t& event); ///< @return whether it was one about selections
 
 private:
+    using Clock = std::chrono::steady_clock;
+
     void Answer (const xcb_generic_event_t& event);
     bool IsArrival (const xcb_generic_event_t& event) const;
     void TakeArrival (const xcb_generic_event_t& event);
@@ -38,8 +44,9 @@ private:
     xcb_window_t Owner ();
 
     X11Connection& connection;
-    xcb_window_t window;   // ours, never shown: offers and receives
-    bool offering = false; // `offered` is the clipboard
+    X11Clipboard* next = nullptr; // not owned: another window's
+    xcb_window_t window;          // ours, never shown: offers and receives
+    bool offering = false;        // `offered` is the clipboard
     std::string offered;
     enum class Fetched
     {
@@ -48,7 +55,9 @@ private:
         kAll
     };
     Fetched fetched = Fetched::kNothing;
-    bool growing = false; // the answer comes in parts
+    bool growing = false;       // the answer comes in parts, of which the last is yet to come
+    bool fetchLater = false;    // when it has come
+    Clock::time_point lastPart; // when one came
     std::string arrived;
 };
 

@@ -2,6 +2,7 @@
 
 #include "x_connection.h"
 
+#include <algorithm>
 #include <chrono>
 
 namespace tessaly::host
@@ -12,6 +13,7 @@ namespace
 
 using namespace std::chrono_literals;
 
+constexpr std::size_t kPartBytes = 65536;
 constexpr auto kPause = 2ms; // between looks at the connection
 
 xcb_window_t MakeHiddenWindow (const XConnection& x)
@@ -20,6 +22,19 @@ xcb_window_t MakeHiddenWindow (const XConnection& x)
     xcb_create_window (x.Get (), XCB_COPY_FROM_PARENT, window, x.Screen ().root, 0, 0, 1, 1, 0,
                        XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
     return window;
+}
+
+/// @return whether the text goes in parts, and this has told so
+bool AnnounceParts (const XConnection& x, const xcb_selection_request_event_t& request, const std::string& text)
+{
+    if (request.target != x.Atom ("UTF8_STRING") || text.size () <= kPartBytes)
+        return false;
+    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes (x.Get (), request.requestor, XCB_CW_EVENT_MASK, &events);
+    const auto size = static_cast<std::uint32_t> (text.size ());
+    xcb_change_property (x.Get (), XCB_PROP_MODE_REPLACE, request.requestor, request.property, x.Atom ("INCR"), 32, 1,
+                         &size);
+    return true;
 }
 
 /// @return the type of what was written; none when the target is not one we have
@@ -54,7 +69,7 @@ void Answer (const XConnection& x, const xcb_selection_request_event_t& request,
     answer.notify.requestor = request.requestor;
     answer.notify.selection = request.selection;
     answer.notify.target = request.target;
-    answer.notify.property = WriteAnswer (x, request, text);
+    answer.notify.property = AnnounceParts (x, request, text) ? request.property : WriteAnswer (x, request, text);
     xcb_send_event (x.Get (), 0, request.requestor, 0, answer.bytes);
     xcb_flush (x.Get ());
 }
@@ -102,6 +117,20 @@ ClipboardOwner::ClipboardOwner (std::string textToOffer)
     isReady.get ();
 }
 
+/// The last one is empty.
+void ClipboardOwner::SendPart (const XConnection& x)
+{
+    const auto length = std::min (kPartBytes, text.size () - sent);
+    xcb_change_property (x.Get (), XCB_PROP_MODE_REPLACE, reader, place, x.Atom ("UTF8_STRING"), 8,
+                         static_cast<std::uint32_t> (length), text.data () + sent);
+    xcb_flush (x.Get ());
+    sent += length;
+    if (length != 0)
+        return;
+    reader = 0;
+    ++textsSent;
+}
+
 void ClipboardOwner::Serve (const std::stop_token& stop, std::promise<void>& ready)
 try
 {
@@ -115,7 +144,19 @@ try
         const auto event = x.NextEvent ();
         const int type = event ? event->response_type & 0x7F : 0;
         if (type == XCB_SELECTION_REQUEST)
-            Answer (x, reinterpret_cast<const xcb_selection_request_event_t&> (*event), text);
+        {
+            const auto& request = reinterpret_cast<const xcb_selection_request_event_t&> (*event);
+            Answer (x, request, text);
+            reader = text.size () > kPartBytes ? request.requestor : 0;
+            place = request.property;
+            sent = 0;
+        }
+        else if (type == XCB_PROPERTY_NOTIFY)
+        {
+            const auto& changed = reinterpret_cast<const xcb_property_notify_event_t&> (*event);
+            if (changed.window == reader && changed.atom == place && changed.state == XCB_PROPERTY_DELETE)
+                SendPart (x);
+        }
         else if (type == XCB_SELECTION_CLEAR)
             owns = false;
         else if (!event)
