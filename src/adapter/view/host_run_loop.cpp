@@ -1,5 +1,6 @@
 #include "host_run_loop.h"
 
+#include "host_call.h"
 #include "pluginterfaces/base/funknownimpl.h"
 #include <algorithm>
 #include <chrono>
@@ -22,6 +23,7 @@ public:
     void PLUGIN_API onFDIsSet (Linux::FileDescriptor) override
     {
         const IPtr<EventCall> guard (this); // the handler may end its registration
+        const HostCall call;
         if (handler != nullptr)
             handler->onEvent ();
     }
@@ -46,6 +48,7 @@ public:
     void PLUGIN_API onTimer () override
     {
         const IPtr<TimerCall> guard (this); // the handler may end its registration
+        const HostCall call;
         const auto now = Clock::now ();
         if (handler == nullptr || now - lastCall < interval / 2)
             return; // it has ended, or another loop was here just now
@@ -84,12 +87,19 @@ IPtr<Call> TakeCall (std::vector<IPtr<Call>>& calls, const Handler* handler)
 } // namespace
 
 HostRunLoop::HostRunLoop () = default;
-HostRunLoop::~HostRunLoop () noexcept = default;
 
-HostRunLoop& HostRunLoop::Instance ()
+HostRunLoop::~HostRunLoop () noexcept
 {
-    static auto* const instance = new HostRunLoop;
-    return *instance;
+    present = nullptr;
+}
+
+VSTGUI::SharedPointer<HostRunLoop> HostRunLoop::Shared ()
+{
+    if (present != nullptr)
+        return present;
+    auto made = VSTGUI::owned (new HostRunLoop);
+    present = made;
+    return made;
 }
 
 bool HostRunLoop::Knows (const IPtr<Linux::IRunLoop>& loop) const

@@ -17,7 +17,7 @@ namespace tessaly
 class HostRunLoop final : public VSTGUI::X11::IRunLoop, public VSTGUI::NonAtomicReferenceCounted
 {
 public:
-    static HostRunLoop& Instance (); ///< never destroyed: some hosts tear windows down from `exit`
+    static VSTGUI::SharedPointer<HostRunLoop> Shared (); ///< goes with the last who has it
 
     void Join (const Steinberg::IPtr<Steinberg::Linux::IRunLoop>& loop); ///< one call for each window
     void Leave (const Steinberg::IPtr<Steinberg::Linux::IRunLoop>& loop);
@@ -40,6 +40,8 @@ private:
     void Register (Call& call) const;
     template <typename Call>
     void Unregister (Call& call) const;
+
+    inline static HostRunLoop* present = nullptr; // not owned: who has it
 
     std::vector<Steinberg::IPtr<Steinberg::Linux::IRunLoop>> loops; // one for each open window
     Calls<EventCall> events;

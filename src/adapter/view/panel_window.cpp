@@ -62,9 +62,10 @@ void LeaveKeysAlone (xcb_window_t window)
 
 PanelWindow::PanelWindow (ZKVPFrame& shown, const Steinberg::IPtr<Steinberg::Linux::IRunLoop>& hosts)
     : frame (shown)
+    , runLoop (HostRunLoop::Shared ())
     , loop (hosts)
 {
-    HostRunLoop::Instance ().Join (loop);
+    runLoop->Join (loop);
 }
 
 std::unique_ptr<PanelWindow> PanelWindow::Open (ZKVPFrame& frame, void* parent,
@@ -79,7 +80,7 @@ std::unique_ptr<PanelWindow> PanelWindow::Open (ZKVPFrame& frame, void* parent,
     }
     std::unique_ptr<PanelWindow> opened (new PanelWindow (frame, loop));
     X11::FrameConfig config;
-    config.runLoop = &HostRunLoop::Instance ();
+    config.runLoop = opened->runLoop.get ();
     if (!frame.Get ().open (parent, PlatformType::kX11EmbedWindowID, &config))
         return nullptr;
     if (++openWindows == 1)
@@ -88,19 +89,18 @@ std::unique_ptr<PanelWindow> PanelWindow::Open (ZKVPFrame& frame, void* parent,
     LeaveKeysAlone (id);
     opened->window = std::make_unique<X11Window> (std::move (connection), id, pixels, listener);
     opened->window->MarkMapped ();
-    HostRunLoop::Instance ().registerEventHandler (opened->window->Connection ().FileDescriptor (), opened.get ());
+    opened->runLoop->registerEventHandler (opened->window->Connection ().FileDescriptor (), opened.get ());
     return opened;
 }
 
 PanelWindow::~PanelWindow () noexcept
 {
-    auto& runLoop = HostRunLoop::Instance ();
     const bool wasOpen = window != nullptr;
     if (wasOpen)
-        runLoop.unregisterEventHandler (this);
+        runLoop->unregisterEventHandler (this);
     window.reset (); // the window goes while VSTGUI's connection still stands
     frame.Close ();
-    runLoop.Leave (loop);
+    runLoop->Leave (loop);
     if (wasOpen && --openWindows == 0)
         ForgetDevices ();
 }

@@ -10,6 +10,8 @@
 namespace tessaly
 {
 
+class HostRunLoop;
+
 /// A frame's X11 window within the host's, from its opening to its end: VSTGUI's part of it, which draws and brings the
 /// mouse, and our own client of the same window for the rest. Host's user-interface thread.
 class PanelWindow final : private VSTGUI::X11::IEventHandler
@@ -37,6 +39,7 @@ private:
     void onEvent () override { window->Dispatch (); }
 
     ZKVPFrame& frame; // not owned: the view's
+    VSTGUI::SharedPointer<HostRunLoop> runLoop;
     Steinberg::IPtr<Steinberg::Linux::IRunLoop> loop;
     std::unique_ptr<X11Window> window; // null until it is open
 };
