@@ -55,6 +55,11 @@ void EditBrackets::EndTimed (std::uint32_t id)
         host.EndHostEdit (id);
 }
 
+bool EditBrackets::IsOpen (std::uint32_t id) const
+{
+    return Contains (held, id) || Contains (timed, id);
+}
+
 void EditBrackets::EndAllHeld ()
 {
     while (!held.empty ())

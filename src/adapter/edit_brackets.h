@@ -36,8 +36,9 @@ public:
     /// Opens an edit unless one of this id is open; the two seconds of all timed edits begin anew.
     void BeginTimed (std::uint32_t id, std::uint32_t nowMs);
     void EndTimed (std::uint32_t id);
-    void EndAllHeld ();  ///< last one first
-    void EndAllTimed (); ///< last one first
+    bool IsOpen (std::uint32_t id) const; ///< by either way
+    void EndAllHeld ();                   ///< last one first
+    void EndAllTimed ();                  ///< last one first
 
     /// Ends each group whose last change lies more than two seconds back.
     void EndExpired (std::uint32_t nowMs);

@@ -32,22 +32,32 @@ IPlugView* PLUGIN_API ZVst3ControllerWrapper::createView (FIDString name)
 
 void ZVst3ControllerWrapper::ConnectEditor (ZEffectListener& newEditor)
 {
-    editor = &newEditor;
-    SendBinaryMessage (*this, message::kConnectEditor, message::kPointerAttribute, &editor, sizeof (editor));
+    editors.push_back (&newEditor);
+    AnnounceEditor ();
+}
+
+void ZVst3ControllerWrapper::AnnounceEditor ()
+{
+    ZEffectListener* const newest = editors.back ();
+    SendBinaryMessage (*this, message::kConnectEditor, message::kPointerAttribute, &newest, sizeof (newest));
     if (life)
-        life->Editor ().Set (editor); // whether or not the host delivers messages this way
+        life->Editor ().Set (newest); // whether or not the host delivers messages this way
 }
 
 void ZVst3ControllerWrapper::DisconnectEditor (ZEffectListener& oldEditor)
 {
     ZEffectListener* const leaving = &oldEditor;
-    if (editor == leaving) // or a newer one has taken its place
-    {
-        editor = nullptr;
+    const bool wasNewest = !editors.empty () && editors.back () == leaving;
+    std::erase (editors, leaving);
+    if (wasNewest)
         SendBinaryMessage (*this, message::kDisconnectEditor, message::kPointerAttribute, &leaving, sizeof (leaving));
-    }
     if (life)
         life->Editor ().TakeBack (leaving);
+    if (!wasNewest || editors.empty ())
+        return;
+    AnnounceEditor ();
+    if (HasEffect ()) // shown anew: events have passed the older one by
+        editors.back ()->OnEffectEvent (kCodeStorage, storage);
 }
 
 void ZVst3ControllerWrapper::AddView (EditorViewListener& view)
@@ -76,7 +86,7 @@ bool ZVst3ControllerWrapper::GetInfo (std::int32_t kind, void* out)
 void ZVst3ControllerWrapper::SetParameterFromEditor (Vst::ParamID id, float value)
 {
     setParamNormalized (id, static_cast<double> (value));
-    performEdit (id, static_cast<double> (value));
+    PerformInEdit (id, static_cast<double> (value));
 }
 
 void ZVst3ControllerWrapper::BeginHeldEdit (Vst::ParamID id)

@@ -106,7 +106,7 @@ tresult ZVst3ControllerWrapper::ReportSideEffects (Vst::ParamID id, float value)
         if (asEdits)
         {
             BeginTimedEdit (moved);
-            performEdit (moved, static_cast<double> (values[i]));
+            PerformInEdit (moved, static_cast<double> (values[i]));
         }
         untold = untold || !asEdits;
         const tresult stored = EditControllerEx1::setParamNormalized (moved, static_cast<double> (values[i]));
@@ -171,7 +171,7 @@ void ZVst3ControllerWrapper::SyncParameter (std::int32_t index)
             ReportToHost (index, storage->GetNormalized (index));
         return;
     }
-    for (std::int32_t i = 0; i < storage->GetParameterCount (); ++i)
+    for (std::int32_t i = 0; HasEffect () && i < storage->GetParameterCount (); ++i)
     {
         const float value = storage->GetNormalized (i);
         if (EditControllerEx1::getParamNormalized (static_cast<Vst::ParamID> (i)) != static_cast<double> (value))
@@ -182,10 +182,25 @@ void ZVst3ControllerWrapper::SyncParameter (std::int32_t index)
 void ZVst3ControllerWrapper::ReportToHost (std::int32_t index, float value)
 {
     const auto id = static_cast<Vst::ParamID> (index);
-    beginEdit (id);
+    EndTimedEdit (id); // one that the morph has begun
+    const bool isHeld = edits.IsOpen (id);
+    if (!isHeld)
+        beginEdit (id);
     performEdit (id, static_cast<double> (value));
     EditControllerEx1::setParamNormalized (id, static_cast<double> (value));
-    endEdit (id);
+    if (!isHeld)
+        endEdit (id);
+}
+
+/// Within the edit that is open, or as one of its own: a host that closes the panel on hearing of an edit ends all.
+void ZVst3ControllerWrapper::PerformInEdit (Vst::ParamID id, Vst::ParamValue value)
+{
+    const bool isOpen = edits.IsOpen (id);
+    if (!isOpen)
+        beginEdit (id);
+    performEdit (id, value);
+    if (!isOpen)
+        endEdit (id);
 }
 
 } // namespace tessaly

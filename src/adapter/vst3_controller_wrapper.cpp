@@ -2,6 +2,7 @@
 
 #include "binary_message.h"
 #include "effect.h"
+#include "host_call.h"
 #include "host_context.h"
 #include "live_effect.h"
 #include "parameter_ids.h"
@@ -139,16 +140,16 @@ void ZVst3ControllerWrapper::SetActive (bool state)
 void ZVst3ControllerWrapper::Attach (std::shared_ptr<LiveEffect> newLife)
 {
     TellViewsOfEnd ();
-    if (life && editor != nullptr)
-        life->Editor ().TakeBack (editor);
+    if (life && !editors.empty ())
+        life->Editor ().TakeBack (editors.back ());
     SetStorage (nullptr); // the parameter objects look into the old effect's storage
-    life = std::move (newLife);
+    HostCall::AtEnd ([old = std::exchange (life, std::move (newLife))] {}); // the panel may be at work on it
     everActive = false;
     if (!life)
         return;
     SetStorage (StorageOf (life->Effect ()));
-    if (editor != nullptr)
-        life->Editor ().Set (editor);
+    if (!editors.empty ())
+        life->Editor ().Set (editors.back ());
     viewsHaveEffect = true;
     for (auto* view : std::vector (views))
         view->OnEffectCame ();

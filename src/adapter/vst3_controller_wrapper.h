@@ -148,6 +148,8 @@ private:
     void SetInEffect (ZEffect& effect, std::int32_t index, float value);
     Steinberg::tresult ReportSideEffects (Steinberg::Vst::ParamID id, float value);
     void ReportToHost (std::int32_t index, float value);
+    void PerformInEdit (Steinberg::Vst::ParamID id, Steinberg::Vst::ParamValue value);
+    void AnnounceEditor ();
     void EndAllEdits ();
     void OnHostCall ();
 
@@ -156,7 +158,7 @@ private:
     ZVuBuffer vuBuffer;                       ///< the meters of the host's parameter feed
     std::shared_ptr<LiveEffect> life;         ///< shared with the processor; null while not connected
     ZParameterStorageBase* storage = nullptr; // not owned: the effect of `life`
-    ZEffectListener* editor = nullptr;        // not owned: the view's, until DisconnectEditor
+    std::vector<ZEffectListener*> editors;    // not owned: the views', until DisconnectEditor; the newest is the last
     std::vector<EditorViewListener*> views;   // not owned: the open ones
     bool viewsHaveEffect = false;
     HostTimer timer;

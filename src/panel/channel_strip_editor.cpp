@@ -67,6 +67,8 @@ void ZChannel_StripEditor::OnStorage (ZParameterStorageBase* newStorage)
         return;
     auto* const strips = dynamic_cast<ZChannel_StripStorage*> (newStorage);
     panel->nameButton->SetStripStorage (newStorage);
+    panel->nameButton->SetDirty (true);
+    panel->eqGraph->SetDirty (true); // it depends on the sample rate, too
     SetKeyPointManager (strips != nullptr ? strips->Manager () : nullptr);
 }
 

@@ -2,6 +2,7 @@
 #include "joined_halves.h"
 #include "parameter_ids.h"
 #include "strip_facts.h"
+#include <algorithm>
 #include <atomic>
 #include <doctest/doctest.h>
 #include <string>
@@ -133,6 +134,52 @@ TEST_CASE ("The newest editor hears the effect, across a reconnection, until it 
     halves.controller->DisconnectEditor (newer);
     EffectOf (*halves.controller)->SetBypass (false);
     CHECK (newer.log == "9 ");
+}
+
+TEST_CASE ("When the newest editor leaves, the one before it is shown anew and hears the effect again")
+{
+    JoinedHalves halves;
+    RecordingEditor older;
+    RecordingEditor newer;
+    halves.controller->ConnectEditor (older);
+    halves.controller->ConnectEditor (newer);
+    EffectOf (*halves.controller)->SetBypass (true);
+    halves.controller->DisconnectEditor (newer);
+    EffectOf (*halves.controller)->SetBypass (false);
+    CHECK (newer.log == "9 ");
+    CHECK (older.log == "2 9 ");
+    halves.controller->DisconnectEditor (older);
+    EffectOf (*halves.controller)->SetBypass (true);
+    CHECK (older.log == "2 9 ");
+}
+
+TEST_CASE ("A host that ends all edits on hearing of one still hears each within its brackets")
+{
+    JoinedHalves halves;
+    host::ComponentHandler ending (
+        [&] (const host::HandlerCall& call)
+        {
+            halves.calls.push_back (call);
+            if (call.kind == Kind::beginEdit || call.kind == Kind::performEdit)
+            {
+                halves.controller->EndAllHeldEdits (); // as by closing the panel
+                halves.controller->EndAllTimedEdits ();
+            }
+        });
+    halves.controller->setComponentHandler (&ending);
+    halves.controller->BeginHeldEdit (kMorph);
+    halves.controller->SetParameterFromEditor (kMorph, 0.3f);
+    std::vector<Vst::ParamID> open;
+    for (const auto& call : halves.calls)
+        if (call.kind == Kind::beginEdit)
+            open.push_back (call.id);
+        else if (call.kind == Kind::endEdit)
+            CHECK (std::erase (open, call.id) == 1);
+        else if (call.kind == Kind::performEdit)
+            CHECK (std::ranges::count (open, call.id) == 1);
+    CHECK (open.empty ());
+    CHECK (halves.Ids (Kind::performEdit).size () > 10);
+    halves.controller->setComponentHandler (&halves.handler);
 }
 
 TEST_CASE ("No thread is inside an editor that has disconnected")
