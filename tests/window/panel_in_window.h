@@ -90,9 +90,10 @@ inline bool AllEnded (const std::vector<host::HandlerCall>& calls)
 class PanelInWindow
 {
 public:
-    explicit PanelInWindow (host::WindowOptions windowOptions = {},
+    explicit PanelInWindow (host::WindowOptions windowOptions = {}, bool hostHasMenus = true,
                             const host::Bundle& bundle = host::Bundle (TESSALY_BUNDLE))
         : options (windowOptions)
+        , hasMenus (hostHasMenus)
         , scale (options.scale > 0.0 ? options.scale : 1.0)
         , loaded (bundle)
         , instance (loaded, context, Listening ())
@@ -215,7 +216,14 @@ private:
     host::InstanceOptions Listening ()
     {
         host::InstanceOptions instanceOptions;
-        instanceOptions.onHandlerCall = [this] (const host::HandlerCall& call) { calls.push_back (call); };
+        instanceOptions.onHandlerCall = [this] (const host::HandlerCall& call)
+        {
+            calls.push_back (call);
+            if (onCall)
+                onCall (call);
+        };
+        if (!hasMenus)
+            return instanceOptions;
         instanceOptions.onContextMenu = [this] (const Steinberg::Vst::ParamID* id)
         {
             return new host::ContextMenu (id,
@@ -231,10 +239,12 @@ private:
 
     Desktop& desktop = Desktop::Get (); // before everything that needs the server
     host::WindowOptions options;
+    bool hasMenus;
 
 public:
     double scale; ///< the density that the user aims by
     std::vector<host::HandlerCall> calls;
+    std::function<void (const host::HandlerCall&)> onCall; ///< from within each
     std::vector<host::ShownMenu> menus;
     std::string menuChoice = "nothing";
     host::PollRunLoop loop;

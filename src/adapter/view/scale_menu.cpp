@@ -42,20 +42,23 @@ Vst::IContextMenuItem Item (const std::string& text, int32 tag, int32 flags)
 class Target final : public U::Implements<U::Directly<Vst::IContextMenuTarget>>
 {
 public:
-    explicit Target (std::function<void (double)> choose)
-        : chosen (std::move (choose))
+    explicit Target (const std::shared_ptr<const std::function<void (double)>>& choose)
+        : chosen (choose)
     {
     }
     tresult PLUGIN_API executeMenuItem (int32 tag) override
     {
         if (tag < 0 || tag >= kCount)
             return kInvalidArgument;
-        chosen (ScaleAt (tag));
+        const auto choose = chosen.lock ();
+        if (choose == nullptr)
+            return kResultFalse;
+        (*choose) (ScaleAt (tag));
         return kResultOk;
     }
 
 private:
-    std::function<void (double)> chosen;
+    std::weak_ptr<const std::function<void (double)>> chosen;
 };
 
 } // namespace
@@ -82,7 +85,7 @@ private:
 };
 
 ScaleMenu::ScaleMenu (std::function<void (double)> choose)
-    : chosen (std::move (choose))
+    : chosen (std::make_shared<const std::function<void (double)>> (std::move (choose)))
 {
 }
 
@@ -117,7 +120,7 @@ void ScaleMenu::Tick (ZGuiEditor& editor)
     const int picked = pane->Picked ();
     editor.Remove (std::exchange (pane, nullptr));
     if (picked >= 0)
-        chosen (ScaleAt (picked)); // last: it closes the editor and opens it anew
+        (*chosen) (ScaleAt (picked)); // last: it closes the editor and opens it anew
 }
 
 } // namespace tessaly

@@ -5,6 +5,7 @@
 #include "pluginterfaces/base/smartpointer.h"
 #include "pluginterfaces/vst/ivstcontextmenu.h"
 #include <functional>
+#include <memory>
 
 namespace tessaly
 {
@@ -19,7 +20,7 @@ class PanelScale;
 class ScaleMenu
 {
 public:
-    /// @param choose  called with the scale that the user picked
+    /// @param choose  called with the scale that the user picked, for as long as this lives
     explicit ScaleMenu (std::function<void (double)> choose);
 
     void AddTo (Steinberg::Vst::IContextMenu& menu, const PanelScale& present) const;
@@ -31,7 +32,7 @@ public:
 private:
     class Pane;
 
-    std::function<void (double)> chosen;
+    std::shared_ptr<const std::function<void (double)>> chosen; // entries of the host's menu may outlive it
     Pane* pane = nullptr; // not owned: the editor's panes; null while no menu is open on the panel
 };
 

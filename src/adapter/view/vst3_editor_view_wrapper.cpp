@@ -5,6 +5,7 @@
 #include "canvas_text_edit_imp.h"
 #include "effect_wrapper.h"
 #include "gui_editor.h"
+#include "host_call.h"
 #include "overlay_control.h"
 #include "parameter_storage_base.h"
 #include "skin_bitmaps.h"
@@ -43,8 +44,8 @@ ZVst3EditorViewWrapper::ZVst3EditorViewWrapper (Vst::EditController& of, EditorC
 
 ZVst3EditorViewWrapper::~ZVst3EditorViewWrapper ()
 {
-    if (frame != nullptr)
-        removed (); // the host has let go of a view that it had attached
+    staying = true; // nothing may count it any more
+    CloseWindow (); // the host has let go of a view that it had attached
     SetEditor (nullptr);
 }
 
@@ -96,7 +97,7 @@ void ZVst3EditorViewWrapper::Resize ()
         control->SetViewSize (size);
         frame->setSize (size.getWidth (), size.getHeight ());
         frame->setMouseableArea (size);
-        if (plugFrame)
+        if (plugFrame && !closing)
             plugFrame->resizeView (this, &wanted);
     }
     setRect (wanted);
@@ -111,13 +112,15 @@ void ZVst3EditorViewWrapper::ResizeTo (std::int32_t /*width*/, std::int32_t /*he
 
 void ZVst3EditorViewWrapper::ApplyScale ()
 {
-    if (window != nullptr)
-    {
-        CloseEditor ();
-        window->Input ().SetScale (scale.Get ());
-        OpenEditor ();
-    }
-    Resize ();
+    const HostCall call;
+    HostCall::AtEnd (
+        [guard = IPtr (this)]
+        {
+            const HostCall resizing; // the host may close the window in answer
+            guard->Stay ();
+            guard->Reopen ();
+            guard->Resize ();
+        });
 }
 
 tresult PLUGIN_API ZVst3EditorViewWrapper::setContentScaleFactor (ScaleFactor factor)
@@ -144,6 +147,7 @@ tresult PLUGIN_API ZVst3EditorViewWrapper::onSize (ViewRect* newSize)
 {
     if (newSize == nullptr)
         return kInvalidArgument;
+    const HostCall call;
     const auto pixels = PanelPixels ();
     ViewRect own (0, 0, pixels.x, pixels.y);
     return VSTGUIEditor::onSize (&own);
@@ -167,17 +171,27 @@ tresult PLUGIN_API ZVst3EditorViewWrapper::attached (void* parent, FIDString typ
         return kInvalidArgument;
     if (frame != nullptr || editor == nullptr)
         return kResultFalse;
-    const IPtr<ZVst3EditorViewWrapper> guard (this);
+    const HostCall call;
+    Stay ();
     const tresult result = VSTGUIEditor::attached (parent, type);
-    if (frame != nullptr)
+    if (frame != nullptr && !closing)
         return result;
-    VSTGUIEditor::removed (); // it could not be opened
+    VSTGUIEditor::removed (); // it could not be opened, or the host has closed it meanwhile
     return kResultFalse;
 }
 
 tresult PLUGIN_API ZVst3EditorViewWrapper::removed ()
 {
+    const HostCall call;
+    Stay ();
     return VSTGUIEditor::removed ();
+}
+
+/// The view outlives the host's present call into the panel: the host may let go of it from within.
+void ZVst3EditorViewWrapper::Stay ()
+{
+    if (!std::exchange (staying, true))
+        HostCall::AtEnd ([guard = IPtr (this)] { guard->staying = false; });
 }
 
 bool PLUGIN_API ZVst3EditorViewWrapper::open (void* parent, const VSTGUI::PlatformType& /*type*/)
@@ -209,13 +223,25 @@ bool PLUGIN_API ZVst3EditorViewWrapper::open (void* parent, const VSTGUI::Platfo
     return true;
 }
 
+/// The host hears the end of all edits at once, and nothing after it. What is in the window may be what this call came
+/// from: it goes when that has returned.
 void PLUGIN_API ZVst3EditorViewWrapper::close ()
+{
+    if (frame == nullptr || std::exchange (closing, true))
+        return;
+    brackets.EndAllHeldEdits ();
+    brackets.EndAllTimedEdits (); // the host may not listen any more when their time is over
+    HostCall::AtEnd ([guard = IPtr (this)] { guard->CloseWindow (); });
+}
+
+void ZVst3EditorViewWrapper::CloseWindow ()
 {
     if (frame == nullptr)
         return;
     brackets.RemoveView (*this);
     CloseEditor ();
-    brackets.EndAllTimedEdits (); // the host may not listen any more when their time is over
+    brackets.EndAllTimedEdits ();
+    closing = false;
     menuWanted.reset ();
     frame = nullptr; // what the end of the window calls back finds none
     control = nullptr;
@@ -251,6 +277,22 @@ void ZVst3EditorViewWrapper::CloseEditor ()
     control->ForgetKeys ();
 }
 
+void ZVst3EditorViewWrapper::Reopen ()
+{
+    if (window == nullptr)
+        return;
+    CloseEditor ();
+    window->Input ().SetScale (scale.Get ());
+    OpenEditor ();
+}
+
+void ZVst3EditorViewWrapper::OnEffectGone ()
+{
+    if (!HostCall::IsInside ())
+        return CloseEditor ();
+    HostCall::AtEnd ([guard = IPtr (this)] { guard->Reopen (); });
+}
+
 bool ZVst3EditorViewWrapper::IsEditorOpen () const
 {
     return editor != nullptr && editor->IsOpen ();
@@ -262,7 +304,7 @@ VSTGUI::CMessageResult ZVst3EditorViewWrapper::notify (VSTGUI::CBaseObject* send
 {
     if (std::strcmp (message, VSTGUI::CVSTGUITimer::kMsgTimer) != 0)
         return VSTGUIEditor::notify (sender, message);
-    const IPtr<ZVst3EditorViewWrapper> guard (this); // a menu of the host may outlast the window
+    Stay ();
     Tick ();
     return VSTGUIEditor::notify (sender, message);
 }
@@ -278,11 +320,13 @@ void ZVst3EditorViewWrapper::Tick ()
     auto mouse = Pointer (event);
     if (editor->GetCapturePane () != nullptr)
         Drag (event, mouse);
+    else
+        window->Window ().ForgetFocus ();
     editor->Idle (event, mouse);
     scaleMenu.Tick (*editor);
     Paint (mouse.time);
     FollowKeyboard ();
-    if (menuWanted)
+    if (menuWanted && !closing)
         OpenContextMenu (*std::exchange (menuWanted, std::nullopt));
 }
 
@@ -298,6 +342,11 @@ ZMouseInput ZVst3EditorViewWrapper::Pointer (ZEvent& event)
 /// may be on its way, too: one tick is left to it.
 void ZVst3EditorViewWrapper::Drag (ZEvent& event, ZMouseInput& mouse)
 {
+    if (window->Window ().HasLostFocus () || std::exchange (dragIsOver, false))
+    {
+        onFocus (false);
+        return;
+    }
     const bool expected = mouse.buttons == 0 && !releaseExpected;
     releaseExpected = mouse.buttons == 0;
     if (!expected && editor->MouseMove (event, mouse))
@@ -329,6 +378,7 @@ void ZVst3EditorViewWrapper::FollowKeyboard ()
 
 ZEventImp& ZVst3EditorViewWrapper::BeginInput ()
 {
+    Stay ();
     auto& input = window->Input ();
     input.Begin (panelFrame->IsMouseInside ());
     return input;
@@ -350,6 +400,7 @@ std::int32_t ZVst3EditorViewWrapper::GetDialMode () const
 
 tresult PLUGIN_API ZVst3EditorViewWrapper::onWheel (float distance)
 {
+    const HostCall call;
     const auto where = frame != nullptr ? window->PointerPlace () : std::nullopt;
     if (!where)
         return kResultFalse;
@@ -362,12 +413,14 @@ tresult PLUGIN_API ZVst3EditorViewWrapper::onWheel (float distance)
 
 tresult PLUGIN_API ZVst3EditorViewWrapper::onKeyDown (char16 key, int16 keyCode, int16 modifiers)
 {
+    const HostCall call;
     const auto taken = frame != nullptr && control->OnKeyDown (NativeKeyOf (key, keyCode, modifiers));
     return taken ? kResultTrue : kResultFalse;
 }
 
 tresult PLUGIN_API ZVst3EditorViewWrapper::onKeyUp (char16 key, int16 keyCode, int16 modifiers)
 {
+    const HostCall call;
     const auto taken = frame != nullptr && control->OnKeyUp (NativeKeyOf (key, keyCode, modifiers));
     return taken ? kResultTrue : kResultFalse;
 }
@@ -390,22 +443,38 @@ void ZVst3EditorViewWrapper::OnPointer (bool inside)
 
 tresult PLUGIN_API ZVst3EditorViewWrapper::onFocus (TBool state)
 {
-    if (frame != nullptr && state != 0)
+    if (frame == nullptr)
+        return kResultFalse;
+    const HostCall call;
+    Stay ();
+    if (state != 0)
         editor->FocusGained ();
-    else if (frame != nullptr)
-    {
-        control->ForgetKeys ();
-        editor->FocusLost ();
-        brackets.EndAllHeldEdits ();
-    }
+    else
+        LeaveInput ();
     return kResultFalse;
+}
+
+/// The user works elsewhere now: a drag is over as if the button had been let go.
+void ZVst3EditorViewWrapper::LeaveInput ()
+{
+    control->ForgetKeys ();
+    if (editor->GetCapturePane () != nullptr)
+    {
+        ZEvent event (BeginInput ());
+        editor->MouseUp (event, { kNowhere, 0, 0, event.GetTime () }); // a button there is not pressed
+        dragIsOver = editor->GetCapturePane () != nullptr; // it is at work: the host tells from within an edit
+    }
+    editor->FocusLost ();
+    brackets.EndAllHeldEdits ();
 }
 
 void ZVst3EditorViewWrapper::SetParameter (std::int32_t tag, float value)
 {
     const auto id = static_cast<Vst::ParamID> (tag);
-    brackets.BeginHeldEdit (id);
-    brackets.SetParameterFromEditor (id, value);
+    if (!closing)
+        brackets.BeginHeldEdit (id);
+    if (!closing) // the host may do that on hearing of the edit
+        brackets.SetParameterFromEditor (id, value);
 }
 
 void ZVst3EditorViewWrapper::ShowCursor ()

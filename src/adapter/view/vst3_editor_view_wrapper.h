@@ -26,7 +26,8 @@ class ZVst3ControlWrapper;
 ///
 /// The panel is drawn at PanelScale into a surface that keeps its pixels; on each tick a pass paints what has changed
 /// there, and VSTGUI shows that part of it. When the scale changes, or the effect goes or comes while the window is
-/// open, the editor closes and opens again in it.
+/// open, the editor closes and opens again in it. A host may close the window, let go of the view, or change the scale
+/// from within any call that the panel makes to it: what is on the stack then ends with the outermost HostCall.
 ///
 /// Host's user-interface thread.
 class ZVst3EditorViewWrapper final : public Steinberg::Vst::VSTGUIEditor,
@@ -50,7 +51,7 @@ public:
 
     // EditorViewListener
     void SetActive (bool state) override; ///< meters sink while the processor is off
-    void OnEffectGone () override { CloseEditor (); }
+    void OnEffectGone () override;
     void OnEffectCame () override { OpenEditor (); }
 
     // The control's calls
@@ -119,6 +120,9 @@ private:
     bool IsParameter (std::int32_t id);
     void OpenEditor ();
     void CloseEditor ();
+    void Reopen ();
+    void CloseWindow ();
+    void Stay ();
     void Resize ();
     void ApplyScale ();
 
@@ -127,6 +131,7 @@ private:
     void Drag (ZEvent& event, ZMouseInput& mouse);
     void Paint (std::uint32_t time);
     void FollowKeyboard ();
+    void LeaveInput ();
     void OpenContextMenu (VSTGUI::CPoint where);
 
     EditorController& brackets; // not owned: the controller
@@ -138,6 +143,9 @@ private:
     std::unique_ptr<PanelWindow> window;
     ZVst3ControlWrapper* control = nullptr; // not owned: the frame
     bool active = true;
+    bool closing = false;                     // the host has closed the window in the present HostCall
+    bool staying = false;                     // counts itself until the present HostCall ends
+    bool dragIsOver = false;                  // but was at work: ended on the next tick
     bool releaseExpected = false;             // the button of a drag is up, but its release has not come yet
     std::optional<VSTGUI::CPoint> menuWanted; // where the user asked for the context menu; on the next tick
     ScaleMenu scaleMenu;

@@ -113,7 +113,7 @@ void X11Window::OnEvent (const xcb_generic_event_t& event)
 /// As if the window did not listen for keys: the event goes up to the next window that does.
 void X11Window::PassOn (const xcb_generic_event_t& keyEvent)
 {
-    const auto parent = Parent ();
+    const auto parent = ParentOf (window);
     if (parent == 0)
         return;
     auto passed = As<xcb_key_press_event_t> (keyEvent);
@@ -125,11 +125,34 @@ void X11Window::PassOn (const xcb_generic_event_t& keyEvent)
     connection->Flush ();
 }
 
-xcb_window_t X11Window::Parent ()
+xcb_window_t X11Window::ParentOf (xcb_window_t of)
 {
-    const auto asked = xcb_query_tree (connection->Get (), window);
+    const auto asked = xcb_query_tree (connection->Get (), of);
     const XcbReply<xcb_query_tree_reply_t> reply (xcb_query_tree_reply (connection->Get (), asked, nullptr));
     return reply != nullptr ? reply->parent : 0;
+}
+
+/// @return 0 for a window that has gone
+xcb_window_t X11Window::TopLevelOf (xcb_window_t of)
+{
+    const auto root = connection->Screen ().root;
+    auto parent = ParentOf (of);
+    while (parent != 0 && parent != root)
+        parent = ParentOf (std::exchange (of, parent));
+    return parent == root ? of : 0;
+}
+
+bool X11Window::HasLostFocus ()
+{
+    const auto focus = Focused ();
+    if (focusSeen == focus)
+        return false;
+    const bool isFirst = !focusSeen;
+    focusSeen = focus;
+    const bool isNowhere = focus == XCB_INPUT_FOCUS_NONE || focus == XCB_INPUT_FOCUS_POINTER_ROOT;
+    const auto topLevel = isNowhere ? 0 : TopLevelOf (focus);
+    const bool isHere = topLevel == 0 || topLevel == TopLevelOf (window);
+    return std::exchange (focusWasHere, isHere) && !isFirst && !isHere;
 }
 
 xcb_window_t X11Window::Focused ()

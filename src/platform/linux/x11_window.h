@@ -5,6 +5,7 @@
 #include "x11_event_imp.h"
 #include "x11_keyboard.h"
 #include <memory>
+#include <optional>
 
 namespace tessaly
 {
@@ -50,11 +51,17 @@ public:
     void GiveKeyboardBack (); ///< nothing if somebody else has taken it since
     bool HasKeyboard () const { return hasKeyboard; }
 
+    /// Whether the input focus was in this top-level window, or nowhere, and has gone to another one since the first
+    /// call after ForgetFocus. X tells nothing of that to a window that has not got it.
+    bool HasLostFocus ();
+    void ForgetFocus () { focusSeen.reset (); }
+
 private:
     void OnEvent (const xcb_generic_event_t& event);
     void PassOn (const xcb_generic_event_t& keyEvent);
     xcb_window_t Focused ();
-    xcb_window_t Parent ();
+    xcb_window_t ParentOf (xcb_window_t of);
+    xcb_window_t TopLevelOf (xcb_window_t of);
 
     std::unique_ptr<X11Connection> connection;
     xcb_window_t window; // 0 when the host has destroyed it
@@ -65,6 +72,8 @@ private:
     bool hasKeyboard = false;
     bool gaveKeyboardBack = false; // and has not heard of it yet: a loss that the user did not cause
     xcb_window_t focusBefore = 0;
+    std::optional<xcb_window_t> focusSeen; // by HasLostFocus
+    bool focusWasHere = false;
 };
 
 } // namespace tessaly

@@ -45,10 +45,12 @@ void HostWindow::Open (Vst::IEditController& controller)
         TellScale (options.scale);
     TakeSizeOfView ();
     MakeWindow ();
-    if (view->attached (reinterpret_cast<void*> (static_cast<std::uintptr_t> (window)),
-                        kPlatformTypeX11EmbedWindowID) != kResultOk)
+    auto& attaching = *view; // it may be closed from within
+    if (attaching.attached (reinterpret_cast<void*> (static_cast<std::uintptr_t> (window)),
+                            kPlatformTypeX11EmbedWindowID) != kResultOk)
     {
-        Abandon ();
+        if (view)
+            Abandon ();
         throw HostError ("the plug-in's editor does not attach");
     }
     Embed ();
@@ -95,8 +97,10 @@ void HostWindow::Close ()
 {
     if (!view)
         return;
-    view->removed ();
-    Abandon ();
+    const auto leaving = view; // what it tells us now may have us close it
+    leaving->removed ();
+    if (view)
+        Abandon ();
 }
 
 void HostWindow::Abandon ()
@@ -148,6 +152,11 @@ tresult PLUGIN_API HostWindow::resizeView (IPlugView* which, ViewRect* newSize)
 {
     if (!newSize || which != view)
         return kInvalidArgument;
+    if (options.closesOnResize)
+    {
+        Close ();
+        return kResultFalse;
+    }
     width = newSize->getWidth ();
     height = newSize->getHeight ();
     if (window != 0)

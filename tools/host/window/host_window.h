@@ -13,8 +13,9 @@ struct WindowOptions
 {
     int left = 0; ///< of the window on the screen, pixels
     int top = 0;
-    double scale = 0.0;        ///< told before the view is attached; 0 tells none
-    bool offersRunLoop = true; ///< by the plug frame; a plug-in may also find one in the host's context
+    double scale = 0.0;          ///< told before the view is attached; 0 tells none
+    bool offersRunLoop = true;   ///< by the plug frame; a plug-in may also find one in the host's context
+    bool closesOnResize = false; ///< as a host that makes its window anew for each size
 };
 
 /// A top-level window with a plug-in's editor in it: what a host does with IPlugView, in the order that the SDK tells.
