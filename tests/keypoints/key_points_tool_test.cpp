@@ -2,6 +2,7 @@
 #include "panel.h"
 #include "program_run.h"
 #include "set_file.h"
+#include "set_plot.h"
 #include "state_bytes.h"
 #include "state_chunk.h"
 #include "temp_folder.h"
@@ -275,4 +276,27 @@ TEST_CASE ("keypoints: a state without a set takes one into the built-in table, 
     REQUIRE (changed.size () == kStateBytes);
     CHECK (changed[kLastRow] == std::byte{ 0xFF });
     CHECK (changed[kLastRow + 33] == std::byte{ 0xFF });
+}
+
+TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: plot draws the curves that the panel's values mean")
+{
+    Make (kHeader + ",,,,,,,,,,,,,,,,\n" + kRow); // flat, the threshold at -20 dB for Drive 5, a ratio of 3000
+    const auto page = keypoints::PlotOf ("a", keypoints::ReadSetFile (set));
+    const auto& equalizer = page.diagrams[0].curves;
+    const auto& compressor = page.diagrams[1].curves;
+    REQUIRE (compressor.size () == 1);
+    CHECK (compressor[0].endLabel == "2");
+    CHECK (compressor[0].samples.front ().y == doctest::Approx (-60.0));
+    CHECK (compressor[0].samples.back ().x == doctest::Approx (0.0));
+    CHECK (compressor[0].samples.back ().y == doctest::Approx (-20.0).epsilon (0.001));
+    for (const auto& sample : equalizer[0].samples)
+        CHECK (std::abs (sample.y) < 1e-9);
+
+    if (!TESSALY_HAS_PLOTS)
+        return;
+    const auto picture = (folder / "a.svg").string ();
+    CHECK (Run ({ "plot", set, picture }).exitStatus == 0);
+    CHECK (ReadFile (picture).find ("<svg") != std::string::npos);
+    CHECK (Run ({ "plot", set, picture }).exitStatus == 1); // it is there
+    CHECK (Run ({ "plot", set, (folder / "a.pdf").string () }).exitStatus == 2);
 }

@@ -2,10 +2,12 @@
 
 #include "collection_commands.h"
 #include "find_set.h"
+#include "page_file.h"
 #include "panel.h"
 #include "set_csv.h"
 #include "set_error.h"
 #include "set_file.h"
+#include "set_plot.h"
 #include "show.h"
 #include "state_chunk.h"
 #include "step_doubts.h"
@@ -36,6 +38,7 @@ Examples:
   keypoints capture mine.kpd soft.vstpreset - loud.vstpreset
   keypoints install mine.kpd
   keypoints show "Lead Vocal"
+  keypoints plot "Lead Vocal" "Lead Vocal.svg"
 Exit status: 0 done; 1 an error, a set that is not as it should be, or nothing to list; 2 a mistake in the command
 line.)";
 
@@ -45,6 +48,7 @@ struct Arguments
     fs::path set;
     std::vector<fs::path> files;
     fs::path table;
+    fs::path picture;
     bool csv = false;
     bool json = false;
     bool force = false;
@@ -64,6 +68,14 @@ void Show (const Arguments& arguments)
         PrintJson (std::cout, set.name, table, panel);
     else
         PrintSet (std::cout, table, panel);
+}
+
+void Plot (const Arguments& arguments)
+{
+    plot::RequirePlots ();
+    const auto set = FindSet (arguments.set.string ());
+    TellAlike ("keypoints", set);
+    plot::PageFile (arguments.picture, arguments.Present ()).Commit (PlotOf (set.name, set.table));
 }
 
 void Write (const Arguments& arguments, const KeyPointSet& table)
@@ -152,6 +164,18 @@ CLI::App* AddShow (CLI::App& app, Arguments& arguments)
     return command;
 }
 
+CLI::App* AddPlot (CLI::App& app, Arguments& arguments)
+{
+    auto* command = app.add_subcommand ("plot", "Draw the equalizer's and the compressor's curves of the key points");
+    command->add_option ("SET", arguments.set, "Key-point file, or the name of a set in the collection")->required ();
+    command->add_option ("OUT", arguments.picture, "Picture to write: .svg or .png")
+        ->required ()
+        ->check ([] (const std::string& name)
+                 { return plot::IsPicture (name) ? "" : "\"" + name + "\" ends neither in .svg nor in .png"; });
+    command->add_flag ("--force", arguments.force, "Replace a file that is there");
+    return command;
+}
+
 CLI::App* AddMake (CLI::App& app, Arguments& arguments)
 {
     auto* command = app.add_subcommand ("make", "Write a set from a table of values");
@@ -202,6 +226,7 @@ int RunCommandLine (int argc, const char* const* argv)
     app.footer (kExamples);
     app.require_subcommand (1);
     const auto* show = AddShow (app, arguments);
+    const auto* plot = AddPlot (app, arguments);
     const auto* make = AddMake (app, arguments);
     const auto* capture = AddCapture (app, arguments);
     const auto* check = AddCheck (app, arguments);
@@ -222,6 +247,8 @@ int RunCommandLine (int argc, const char* const* argv)
 
     if (*show)
         Show (arguments);
+    else if (*plot)
+        Plot (arguments);
     else if (*make)
         Make (arguments);
     else if (*capture)
