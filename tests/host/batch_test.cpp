@@ -1,6 +1,7 @@
 #include "loaded_strip.h"
 
 #include <filesystem>
+#include <nlohmann/json.hpp>
 
 using namespace tessaly::test;
 namespace fs = std::filesystem;
@@ -44,4 +45,27 @@ TEST_CASE_FIXTURE (StripRender, "A batch writes over none of its inputs, and no 
     const auto both = Run ({ Path ("in"), "--out-dir", Path ("out"), "--format", "wav" });
     CHECK (both.exitStatus == 1);
     CHECK (both.out == "1 rendered, 0 there already, 0 no audio, 1 failed\n");
+}
+
+TEST_CASE_FIXTURE (StripRender, "A batch tells programs what became of each file, and a dry run writes nothing")
+{
+    fs::create_directories (folder / "in/sub");
+    fs::copy_file (kVoice, folder / "in/a.wav");
+    fs::copy_file (kDrums, folder / "in/sub/b.flac");
+    folder.Write ("in/notes.txt", "no audio");
+    folder.Write ("in/cut.wav", ReadFile (kVoice).substr (0, 20000));
+    const Words batch{ Path ("in"), "--out-dir", Path ("out"), "--recursive", "--json" };
+    for (const bool dry : { true, false })
+    {
+        const auto run = Run (With (batch, { dry ? "--dry-run" : "--force" }));
+        CHECK (run.exitStatus == 1);
+        const auto told = nlohmann::json::parse (run.out);
+        REQUIRE (told["rendered"].size () == 2);
+        CHECK (told["rendered"][1]["output"]["file"] == Path ("out/sub/b.flac"));
+        CHECK (told["rendered"][1]["output"]["format"] == "FLAC, 16-bit");
+        CHECK (told["rendered"][1]["output"].contains ("peakDbfs") != dry);
+        CHECK (told["noAudio"][0] == Path ("in/notes.txt"));
+        CHECK (told["failed"][0]["file"] == Path ("in/cut.wav"));
+        CHECK (fs::exists (folder / "out") != dry);
+    }
 }

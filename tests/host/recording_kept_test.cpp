@@ -88,9 +88,15 @@ TEST_CASE_FIXTURE (StripRender, "A recording or a state that is cut off is refus
         ogg.write (samples.data (), static_cast<sf_count_t> (samples.size ()));
     }
     RunWell ({ Path ("whole.ogg"), Path ("ogg.wav") });
-    const auto ogg = ReadFile (Path ("whole.ogg"));
-    const auto cutOgg = folder.Write ("cut.ogg", ogg.substr (0, ogg.size () * 2 / 3)).string ();
-    for (const auto& file : { cut, cutFlac, cutOgg })
+    RunWell ({ kVoice, Path ("whole.aiff") });
+    RunWell ({ kVoice, Path ("whole.au") });
+    Words files{ cut, cutFlac };
+    for (const std::string name : { "ogg", "aiff", "au" })
+    {
+        const auto whole = ReadFile (Path ("whole." + name));
+        files.push_back (folder.Write ("cut." + name, whole.substr (0, whole.size () * 2 / 3)).string ());
+    }
+    for (const auto& file : files)
     {
         const auto run = Run ({ file, Path ("out.wav") });
         CAPTURE (file);

@@ -4,6 +4,7 @@
 #include "input_file.h"
 #include "output_format.h"
 #include "sample_quantizer.h"
+#include "sample_sink.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -82,7 +83,7 @@ struct RecordingShape
 };
 
 /// A new audio file. Integer formats clip at full scale. Two files of the same samples are the same byte for byte.
-class AudioWriter
+class AudioWriter : public SampleSink
 {
 public:
     /// @throws RenderError when the file cannot be made or the format has no room for the channels, the rate or the
@@ -90,9 +91,7 @@ public:
     AudioWriter (const std::filesystem::path& file, const OutputFormat& format, const RecordingShape& shape,
                  const FileMetadata& metadata, bool dither);
 
-    /// @param samples  whole frames, channels in turn
-    /// @throws RenderError when not all of them can be written
-    void Write (std::span<const float> samples);
+    void Write (std::span<const float> samples) override;
 
     /// @throws RenderError when the last of the data does not reach the file
     void Close ();

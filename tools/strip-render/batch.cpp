@@ -1,6 +1,8 @@
 #include "batch.h"
 
 #include "batch_items.h"
+#include "batch_report.h"
+#include "file_render.h"
 #include "interrupts.h"
 #include "path_checks.h"
 #include "progress.h"
@@ -31,6 +33,7 @@ public:
         , options (from)
         , items (BatchItems (from))
         , progress (from.quiet ? 0 : TotalBytes ())
+        , outcomes (items.size ())
     {
     }
 
@@ -53,32 +56,15 @@ public:
     {
         if (stopped)
             std::rethrow_exception (stopped);
-        if (!options.quiet)
-            std::cout << rendered << " rendered, " << present << " there already, " << noAudio.size () << " no audio, "
-                      << failures.size () << " failed\n";
-        for (const auto& file : noAudio)
-            std::cerr << "strip-render: no audio: \"" << file << "\"\n";
-        for (const auto& failure : failures)
-            std::cerr << "strip-render: failed: " << failure << '\n';
-        return failures.empty () ? 0 : 1;
+        if (!options.quiet && options.json)
+            Print (std::cout, ToJson (outcomes, options.dryRun));
+        else if (!options.quiet)
+            PrintOutcomes (std::cout, outcomes, options.dryRun);
+        TellLeftOut (outcomes);
+        return CountOf (outcomes, Fate::failed) == 0 ? 0 : 1;
     }
 
 private:
-    enum class Fate
-    {
-        rendered,
-        present,
-        noAudio,
-        failed
-    };
-
-    struct Outcome
-    {
-        Fate fate;
-        double seconds = 0.0;
-        std::string failure{};
-    };
-
     std::int64_t TotalBytes () const
     {
         return std::accumulate (items.begin (), items.end (), std::int64_t{ 0 },
@@ -94,43 +80,45 @@ private:
     Outcome Render (const BatchItem& item)
     {
         std::error_code ignored;
+        Outcome outcome{ .fate = Fate::rendered, .input = item.input };
         if (options.skipExisting && fs::exists (item.output, ignored))
-            return { Fate::present };
+        {
+            outcome.fate = Fate::present;
+            return outcome;
+        }
         Options single = options;
         single.input = item.input;
         single.output = item.output;
-        single.tellsSummary = false;
         single.quiet = true; // the bar is the batch's
         try
         {
             if (!item.fault.empty ())
                 throw RenderError (item.fault);
             CheckPaths (single);
-            fs::create_directories (item.output.parent_path (), ignored);
-            return { Fate::rendered, RenderFile (session, single) };
+            if (!options.dryRun)
+                fs::create_directories (item.output.parent_path (), ignored);
+            outcome.summary = RenderFile (session, single);
         }
         catch (const NotAudio&)
         {
-            return { Fate::noAudio };
+            outcome.fate = Fate::noAudio;
         }
         catch (const std::exception& error)
         {
-            return { Fate::failed, 0.0, "\"" + item.input.string () + "\": " + error.what () };
+            outcome.fate = Fate::failed;
+            outcome.failure = error.what ();
         }
+        return outcome;
     }
 
-    void Finish (const BatchItem& item, const Outcome& outcome)
+    void Finish (const BatchItem& item, Outcome outcome)
     {
         const std::lock_guard one (lock);
         ++finished;
         bytesDone += item.bytes;
-        seconds += outcome.seconds;
-        rendered += outcome.fate == Fate::rendered ? 1 : 0;
-        present += outcome.fate == Fate::present ? 1 : 0;
-        if (outcome.fate == Fate::noAudio)
-            noAudio.push_back (item.input.string ());
-        if (outcome.fate == Fate::failed)
-            failures.push_back (outcome.failure);
+        if (outcome.summary)
+            seconds += static_cast<double> (outcome.summary->result.frames) / outcome.summary->sampleRateHz;
+        outcomes[static_cast<std::size_t> (&item - items.data ())] = std::move (outcome);
         progress.Update (bytesDone, Note ());
     }
 
@@ -154,12 +142,9 @@ private:
     std::exception_ptr stopped; // an interrupt; the other threads end with the file that they have
     std::size_t next = 0;
     std::size_t finished = 0;
-    std::size_t rendered = 0;
-    std::size_t present = 0;
     std::int64_t bytesDone = 0;
-    double seconds = 0.0; // of results
-    std::vector<std::string> noAudio;
-    std::vector<std::string> failures;
+    double seconds = 0.0;          // of results
+    std::vector<Outcome> outcomes; // as many as items, in their order
 };
 
 } // namespace

@@ -2,113 +2,24 @@
 
 #include "audio_file.h"
 #include "automation.h"
-#include "bundle_search.h"
-#include "find_set.h"
+#include "level_plot.h"
+#include "loudness_match.h"
 #include "meter_log.h"
 #include "parameter_names.h"
 #include "render_error.h"
 #include "renderer.h"
-#include "report.h"
 #include "result_file.h"
-#include "state_chunk.h"
-#include "state_file.h"
+#include "sample_spool.h"
 #include "text.h"
+#include "warning.h"
 
 #include <cmath>
-#include <iostream>
+#include <optional>
 
 namespace tessaly::render
 {
 
 namespace fs = std::filesystem;
-
-namespace
-{
-
-constexpr const char* kHostName = "strip-render";
-
-using State = std::vector<std::byte>;
-
-std::vector<Setting> ReadSettings (const Options& options, const host::ParameterAccess& parameters,
-                                   const ParameterNames& names)
-{
-    std::vector<Setting> settings;
-    for (const std::string& text : options.settings)
-        settings.push_back (ReadSetting (parameters, names, text));
-    if (options.bypass)
-        settings.push_back (ReadSetting (parameters, names, "Bypass=On"));
-    return settings;
-}
-
-/// At once, since several renders may warn concurrently.
-void Warn (const std::string& text)
-{
-    std::cerr << "strip-render: " + text + "\n";
-}
-
-/// @throws RenderError when the state is cut off and that is not allowed
-State ReadState (const fs::path& file, const VST3::UID& component, bool allowDamaged)
-{
-    auto state = host::ReadStateFile (file, component);
-    if (const auto damage = keypoints::StateDamage (state); !damage.empty ())
-    {
-        const auto text = "\"" + file.string () + "\" is damaged: " + damage;
-        if (!allowDamaged)
-            throw RenderError (text + "; --allow-damaged takes what is there");
-        Warn (text);
-    }
-    return state;
-}
-
-/// What --state and --keypoints make of the state that the plug-in has by itself; nothing where neither is given.
-std::optional<State> StartState (const Options& options, const host::Bundle& bundle,
-                                 const host::PluginInstance& present)
-{
-    if (!options.state && !options.keyPoints)
-        return std::nullopt;
-    const auto state = options.state
-                           ? ReadState (*options.state, bundle.FirstAudioEffect ().ID (), options.allowDamaged)
-                           : present.SaveState ();
-    if (!options.keyPoints)
-        return state;
-    const auto set = keypoints::FindSet (*options.keyPoints);
-    keypoints::TellAlike ("strip-render", set);
-    return keypoints::WithKeyPoints (state, set.name, set.table, keypoints::Panel ());
-}
-
-} // namespace
-
-RenderSession::RenderSession (const Options& options)
-    : host (kHostName)
-    , bundle (options.plugin ? *options.plugin : FindBundle ())
-    , instance (bundle, host)
-    , state (StartState (options, bundle, instance))
-{
-    if (state)
-        instance.LoadState (*state);
-    for (const Setting& setting : ReadSettings (options, Parameters (), ParameterNames (Parameters ())))
-        Parameters ().SetNormalized (setting.id, setting.normalized);
-}
-
-void RenderSession::Save (const fs::path& file, host::Existing existing) const
-{
-    host::WriteStateFile (file, bundle.FirstAudioEffect ().ID (), instance.SaveState (), existing);
-}
-
-std::unique_ptr<ChannelBank> RenderSession::MakeBank (const Options& options, int channels, int sampleRateHz)
-{
-    const std::lock_guard one (making); // the factory takes its host anew for each instance
-    auto bank = std::make_unique<ChannelBank> (bundle, host, channels, sampleRateHz, options.blockSize,
-                                               options.realtime ? Road::realtime : Road::offline);
-    if (state)
-        bank->LoadState (*state);
-    return bank;
-}
-
-host::Existing Present (const Options& options)
-{
-    return options.force ? host::Existing::replace : host::Existing::keep;
-}
 
 namespace
 {
@@ -124,9 +35,10 @@ RenderPlan MakePlan (const Options& options, const ChannelBank& bank, int sample
     const ParameterNames names (parameters);
     RenderPlan plan;
     plan.blockSize = options.blockSize;
+    plan.mix = options.mix;
     plan.showsProgress = !options.quiet;
     plan.tailFrames = TailFrames (options.tail, bank, sampleRateHz);
-    plan.settings = ReadSettings (options, parameters, names);
+    plan.settings = ReadSettings (options, parameters);
     if (options.automation)
         plan.automation = ReadAutomation (parameters, names, *options.automation);
     return plan;
@@ -164,42 +76,135 @@ RecordingShape ShapeOf (const AudioReader& reader, std::int64_t tailFrames)
              .frames = reader.Frames () == 0 ? 0 : reader.Frames () + tailFrames };
 }
 
-} // namespace
-
-double RenderFile (RenderSession& session, const Options& options)
+/// The file of a result in the making. A dry run makes no folders, so that there may be none for it yet.
+ResultFile MakeResultFile (const Options& options)
 {
-    AudioReader reader (options.input, options.allowDamaged ? Damage::allow : Damage::refuse);
-    auto format = ChooseOutputFormat (options.output, options.format, reader.FormatCode ());
-    ResultFile pending (options.output, Present (options));
+    std::error_code ignored;
+    const bool isFolderMissing = options.RendersBatch () && !fs::exists (options.output.parent_path (), ignored);
+    return ResultFile (options.dryRun && isFolderMissing ? fs::path ("-") : options.output, Present (options));
+}
 
-    const auto owned = session.MakeBank (options, reader.Channels (), reader.SampleRateHz ());
-    ChannelBank& bank = *owned;
-    const RenderPlan plan = MakePlan (options, bank, reader.SampleRateHz ());
-
-    const auto shape = ShapeOf (reader, plan.tailFrames);
-    format = WithRoomFor (format, shape);
-    AudioWriter writer (pending.WorkingPath (), format, shape, reader.Metadata (), options.dither);
-    std::optional<MeterLog> log;
-    if (options.meters)
-        log.emplace (*options.meters, reader.Channels (), Present (options));
-    // Sound may go to standard output, under whatever name; what is told then goes to standard error
-    std::ostream& told = IsStream (options.output) ? std::cerr : std::cout;
-    if (options.dryRun)
+/// The two meters of --loudness and --match-loudness.
+struct LoudnessMeters
+{
+    LoudnessMeters (int channels, int sampleRateHz)
+        : input (channels, sampleRateHz)
+        , output (channels, sampleRateHz)
     {
-        told << "would write " << options.output.string () << ": " << format.description << '\n';
-        return 0.0;
     }
 
-    const RenderResult result = Render (reader, writer, bank, plan, log ? &*log : nullptr);
-    writer.Close ();
-    TellClipping (options, writer.Clipping ());
-    if (log)
-        log->Commit ();
-    pending.Commit ();
-    if (options.tellsSummary && !options.quiet)
-        PrintSummary (told, { options.input, options.output, reader, format, result }, options.json);
-    TellDoubts (options, result);
-    return static_cast<double> (result.frames) / reader.SampleRateHz ();
+    LoudnessMeter input;
+    LoudnessMeter output;
+};
+
+/// One render with all that it needs, open at once.
+class FileRender
+{
+public:
+    FileRender (RenderSession& session, const Options& from)
+        : options (from)
+        , reader (options.input, options.allowDamaged ? Damage::allow : Damage::refuse)
+        , format (ChooseOutputFormat (options.output, options.format, reader.FormatCode ()))
+        , pending (MakeResultFile (options))
+        , bank (session.MakeBank (options, reader.Channels (), reader.SampleRateHz ()))
+        , plan (MakePlan (options, *bank, reader.SampleRateHz ()))
+        , shape (ShapeOf (reader, plan.tailFrames))
+        , trace (reader.Channels ())
+    {
+        format = WithRoomFor (format, shape);
+        writer.emplace (pending.WorkingPath (), format, shape, reader.Metadata (), options.dither);
+        if (options.meters)
+            log.emplace (*options.meters, reader.Channels (), Present (options));
+        if (options.plot)
+            plot.emplace (*options.plot, Present (options));
+        if (options.loudness || options.matchLoudness)
+            loudness.emplace (reader.Channels (), reader.SampleRateHz ());
+    }
+
+    Summary Run ()
+    {
+        Summary summary = Describe ();
+        if (options.dryRun)
+            return summary;
+        if (options.matchLoudness)
+            RenderMatched (summary);
+        else
+            summary.result = Render (reader, *writer, *bank, plan, Witnesses ());
+        writer->Close ();
+        TellClipping (options, writer->Clipping ());
+        TakeMeasures (summary);
+        Commit (summary);
+        TellDoubts (options, summary.result);
+        return summary;
+    }
+
+private:
+    Summary Describe () const
+    {
+        return { .input = options.input,
+                 .output = options.output,
+                 .channels = reader.Channels (),
+                 .sampleRateHz = reader.SampleRateHz (),
+                 .inputFrames = reader.Frames (),
+                 .format = format.description,
+                 .clips = format.integerBits != 0 };
+    }
+
+    RenderWitnesses Witnesses ()
+    {
+        return { .meters = log ? &*log : nullptr,
+                 .levels = plot ? &trace : nullptr,
+                 .inputLoudness = loudness ? &loudness->input : nullptr,
+                 .outputLoudness = loudness ? &loudness->output : nullptr };
+    }
+
+    void RenderMatched (Summary& summary)
+    {
+        SampleSpool spool;
+        summary.result = Render (reader, spool, *bank, plan, Witnesses ());
+        summary.matchGainDb = MatchGainDb (options.input, loudness->input.Reading (), loudness->output.Reading ());
+        const double gain = std::pow (10.0, *summary.matchGainDb / 20.0);
+        summary.result.output = WriteLouder (spool, *writer, reader.Channels (), gain);
+        trace.ApplyToOutput (gain);
+    }
+
+    void TakeMeasures (Summary& summary) const
+    {
+        summary.inputFrames = reader.FramesRead ();
+        if (!loudness)
+            return;
+        summary.inputLoudness = loudness->input.Reading ();
+        summary.outputLoudness = loudness->output.Reading ().Louder (summary.matchGainDb.value_or (0.0));
+    }
+
+    void Commit (const Summary& summary)
+    {
+        if (log)
+            log->Commit ();
+        if (plot)
+            plot->Commit (trace, summary);
+        pending.Commit ();
+    }
+
+    const Options& options; // not owned: the caller's
+    AudioReader reader;
+    OutputFormat format;
+    ResultFile pending;
+    std::unique_ptr<ChannelBank> bank;
+    RenderPlan plan;
+    RecordingShape shape;
+    LevelTrace trace;
+    std::optional<AudioWriter> writer;
+    std::optional<MeterLog> log;
+    std::optional<LevelPlot> plot;
+    std::optional<LoudnessMeters> loudness;
+};
+
+} // namespace
+
+Summary RenderFile (RenderSession& session, const Options& options)
+{
+    return FileRender (session, options).Run ();
 }
 
 } // namespace tessaly::render

@@ -1,49 +1,15 @@
 #pragma once
 
-#include "channel_bank.h"
 #include "options.h"
-#include "pending_file.h"
-
-#include <cstddef>
-#include <filesystem>
-#include <memory>
-#include <mutex>
-#include <optional>
-#include <vector>
+#include "render_session.h"
+#include "summary.h"
 
 namespace tessaly::render
 {
 
-/// The plug-in, loaded once for all renders of a call, and an instance of it as --state, --keypoints and --set make it.
-/// Main thread but for MakeBank.
-class RenderSession
-{
-public:
-    /// @throws RenderError, HostError, SetError when the plug-in is not found, or an option cannot be obeyed
-    explicit RenderSession (const Options& options);
-
-    host::ParameterAccess Parameters () const { return instance.Parameters (); }
-
-    /// Writes the instance's state. @throws HostError
-    void Save (const std::filesystem::path& file, host::Existing existing) const;
-
-    /// Instances for a recording, in the state that --state and --keypoints make. Any thread.
-    std::unique_ptr<ChannelBank> MakeBank (const Options& options, int channels, int sampleRateHz);
-
-private:
-    host::NamedHost host; // the bundle's factory keeps it to its end
-    host::Bundle bundle;
-    host::PluginInstance instance;
-    std::optional<std::vector<std::byte>> state; // nothing where no option asks for one
-    std::mutex making;
-};
-
-/// What --force makes of files that are there.
-host::Existing Present (const Options& options);
-
-/// Renders options.input into options.output. Several threads may do so at once, each with options of its own.
-/// @return the length of the result in seconds
+/// Renders options.input into options.output, or only finds out what would be written (options.dryRun). Several threads
+/// may do so at once, each with options of its own. Warnings go to standard error.
 /// @throws RenderError, HostError, Interrupted; nothing is then written
-double RenderFile (RenderSession& session, const Options& options);
+Summary RenderFile (RenderSession& session, const Options& options);
 
 } // namespace tessaly::render

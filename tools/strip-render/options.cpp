@@ -1,6 +1,8 @@
 #include "options.h"
 
+#include "page_file.h"
 #include "text.h"
+#include "typed_number.h"
 
 #include <algorithm>
 #include <CLI/CLI.hpp>
@@ -24,6 +26,8 @@ Examples:
   strip-render - - < in.wav | aplay
   strip-render --state mine.vstpreset --set Drive=3 --save-state more.vstpreset
   strip-render loop.flac strip.flac --automate moves.csv --tail full --meters meters.csv
+  strip-render drums.wav parallel.wav --keypoints "Room Smash" --set Drive=6 --mix 35
+  strip-render mix.wav b.wav --set Morph=60 --match-loudness --plot mix.svg
 Exit status: 0 done; 1 an error, with nothing written (of a batch: some files failed); 2 a mistake in the command line; 128 + N ended by signal N.)";
 
 std::string CheckSetting (const std::string& text)
@@ -48,7 +52,37 @@ Tail ToTail (const std::string& text)
     return { .seconds = ToNumber (text).value_or (0.0) };
 }
 
-void Describe (CLI::App& app, Options& options, std::string& tail)
+std::optional<double> Percent (const std::string& text)
+{
+    const auto percent = TypedNumber (text, "%");
+    return percent && *percent >= 0.0 && *percent <= 100.0 ? percent : std::nullopt;
+}
+
+std::string CheckPercent (const std::string& text)
+{
+    return Percent (text) ? "" : "\"" + text + "\" is no part from 0 to 100 %";
+}
+
+std::string CheckPicture (const std::string& text)
+{
+    return plot::IsPicture (text) ? "" : "\"" + text + "\" ends neither in .svg nor in .png";
+}
+
+[[noreturn]] void RefuseLink ()
+{
+    throw CLI::ValidationError ("--link is not the strip's way: each channel has an instance of its own, which hears "
+                                "that channel alone. For one gain on both sides, render left and right mixed to one "
+                                "channel");
+}
+
+/// What the command line holds as text and the options as something else.
+struct Texts
+{
+    std::string tail = "0";
+    std::string mix = "100";
+};
+
+void Describe (CLI::App& app, Options& options, Texts& texts)
 {
     app.add_option ("IN OUT", options.batch,
                     "Recording to render: WAV, RF64, FLAC, AIFF, AU, Ogg, Opus, MP3; any rate, any number of channels; "
@@ -89,13 +123,23 @@ void Describe (CLI::App& app, Options& options, std::string& tail)
         ->capture_default_str ();
     app.add_flag ("--realtime", options.realtime,
                   "Send settings through the controller between real-time blocks, not in the queue of offline ones");
-    app.add_option ("--tail", tail, "Seconds of silence to render after the recording, or \"full\" for all of the tail")
+    app.add_option ("--tail", texts.tail,
+                    "Seconds of silence to render after the recording, or \"full\" for all of the tail")
         ->check (CheckTail)
         ->type_name ("SECONDS|full");
     app.add_option ("--format", options.format,
                     "wav, flac, aiff or au, with :16, :24, :32, :float or :double; or one of "
                     "these alone. Otherwise the samples are as those of IN")
         ->type_name ("FORMAT");
+    app.add_option ("--mix", texts.mix, "Part of the strip in the result; the rest is the recording, unaltered")
+        ->check (CheckPercent)
+        ->type_name ("PERCENT");
+    app.add_flag_callback ("--link", RefuseLink)->group (""); // asked for by users of other compressors
+    app.add_flag ("--loudness", options.loudness, "Tell loudness, its range and true peak of IN and OUT (EBU R 128)");
+    app.add_flag ("--match-loudness", options.matchLoudness, "Make OUT as loud as IN, to compare them; tells both");
+    app.add_option ("--plot", options.plot, "Draw levels in and out and gain reduction over time")
+        ->check (CheckPicture)
+        ->type_name ("FILE.svg|png");
     app.add_option ("--meters", options.meters, "Write what the meters show, a line a block")->type_name ("FILE.csv");
     app.add_flag ("--bypass", options.bypass, "Turn \"Bypass\" on, after all settings");
     app.add_flag ("!--no-dither", options.dither, "Round 16-bit results without the noise that hides the steps");
@@ -114,7 +158,7 @@ void TakeFiles (const CLI::App& app, Options& options)
 {
     if (options.RendersBatch ())
     {
-        for (const char* name : { "--meters", "--save-state", "--list", "--json", "--dry-run" })
+        for (const char* name : { "--meters", "--save-state", "--list", "--plot" })
             if (app.count (name) > 0)
                 throw CLI::ValidationError (std::string (name) + " goes with one IN and OUT, not with --out-dir");
         if (options.batch.empty ())
@@ -135,6 +179,8 @@ void TakeFiles (const CLI::App& app, Options& options)
 /// An option that would do nothing is a mistake: its user believes in it.
 void CheckCombination (const CLI::App& app, const Options& options)
 {
+    if (options.quiet && options.loudness)
+        throw CLI::ValidationError ("--loudness tells nothing with --quiet");
     if (options.RendersBatch ())
         return;
     const bool rendersNothing = options.list || (options.saveState && options.input.empty ());
@@ -145,7 +191,7 @@ void CheckCombination (const CLI::App& app, const Options& options)
     if (!rendersNothing)
         return;
     for (const char* name : { "--automate", "--block", "--realtime", "--tail", "--format", "--meters", "--no-dither",
-                              "--fail-on-clip", "--dry-run" })
+                              "--fail-on-clip", "--dry-run", "--mix", "--loudness", "--match-loudness", "--plot" })
         if (app.count (name) > 0)
             throw CLI::ValidationError (std::string (name) + " does nothing without IN and OUT");
 }
@@ -156,12 +202,12 @@ ParsedOptions ParseOptions (int argc, const char* const* argv)
 {
     Options options;
     options.jobs = std::max (1, static_cast<int> (std::thread::hardware_concurrency ()));
-    std::string tail = "0";
+    Texts texts;
     CLI::App app ("Runs a recording through the plug-in Tessaly Bench [m], one instance for each channel.",
                   "strip-render");
     app.set_version_flag ("--version", STRIP_RENDER_VERSION);
     app.footer (kExamples);
-    Describe (app, options, tail);
+    Describe (app, options, texts);
     try
     {
         app.parse (argc, argv);
@@ -172,7 +218,8 @@ ParsedOptions ParseOptions (int argc, const char* const* argv)
     {
         return { std::nullopt, app.exit (error) == 0 ? 0 : kMistakeInLine };
     }
-    options.tail = ToTail (tail);
+    options.tail = ToTail (texts.tail);
+    options.mix = *Percent (texts.mix) / 100.0;
     return { options, 0 };
 }
 

@@ -26,27 +26,30 @@ struct Options
     std::vector<std::string> settings;              ///< each NAME=VALUE, in the order given
     std::optional<std::filesystem::path> automation;
     std::optional<std::filesystem::path> meters;
+    std::optional<std::filesystem::path> plot; ///< levels and gain reduction over time, as a picture
     std::optional<std::filesystem::path> plugin;
     std::optional<std::string> format;
     Tail tail;
+    double mix = 1.0;    ///< part of the strip in the result, the rest being the recording; 0 to 1
     int blockSize = 512; ///< frames, 1 to 65536
     bool realtime = false;
     bool bypass = false;
     bool list = false;
-    bool force = false;        ///< files that are there may be replaced
-    bool allowDamaged = false; ///< of a recording or a state that is cut off, what is there counts
-    bool failOnClip = false;   ///< a result that is cut at full scale is none
-    bool dither = true;        ///< results of 16 bits
-    bool quiet = false;        ///< no summary and no progress
-    bool json = false;         ///< summary and list for programs
-    bool dryRun = false;       ///< everything is read and checked, nothing rendered and written
+    bool force = false;         ///< files that are there may be replaced
+    bool allowDamaged = false;  ///< of a recording or a state that is cut off, what is there counts
+    bool failOnClip = false;    ///< a result that is cut at full scale is none
+    bool dither = true;         ///< results of 16 bits
+    bool loudness = false;      ///< the summary tells it, of recording and result
+    bool matchLoudness = false; ///< the result is made as loud as the recording
+    bool quiet = false;         ///< no summary and no progress
+    bool json = false;          ///< summary and list for programs
+    bool dryRun = false;        ///< everything is read and checked, nothing rendered and written
 
     std::vector<std::filesystem::path> batch; ///< files and folders to render into outFolder
     std::filesystem::path outFolder;          ///< empty: no batch
     int jobs = 1;                             ///< of a batch, 1 and up
     bool recursive = false;                   ///< folders of a batch with all that is below them
     bool skipExisting = false;                ///< files of a batch that are there already are done
-    bool tellsSummary = true;                 ///< of one file; a batch has its own
 
     bool RendersBatch () const { return !outFolder.empty (); }
     bool Renders () const { return !output.empty (); }

@@ -52,6 +52,7 @@ std::vector<NamedPath> PathsWritten (const Options& options)
     std::vector<NamedPath> paths;
     Add (paths, "OUT", options.output);
     Add (paths, "--meters", options.meters);
+    Add (paths, "--plot", options.plot);
     Add (paths, "--save-state", options.saveState);
     return paths;
 }

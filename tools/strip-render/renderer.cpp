@@ -24,13 +24,15 @@ public:
     }
 
     /// Fills `samples` as far as there is something; @return the frames of recording and tail together
-    std::int64_t Read (std::span<float> samples, LevelMeter& level)
+    std::int64_t Read (std::span<float> samples, LevelMeter& level, LoudnessMeter* loudness)
     {
         const std::int64_t channels = reader.Channels ();
         const std::int64_t wanted = static_cast<std::int64_t> (samples.size ()) / channels;
         const std::int64_t recorded = reader.Read (samples.data (), wanted);
         const auto recordedSamples = static_cast<std::size_t> (recorded * channels);
         level.Add (samples.first (recordedSamples));
+        if (loudness)
+            loudness->Add (samples.first (recordedSamples));
 
         const std::int64_t silent = std::min (wanted - recorded, tailLeft);
         tailLeft -= silent;
@@ -86,9 +88,26 @@ private:
     std::vector<Setting> due;
 };
 
+/// The plain sum: the strip has no latency.
+void Mix (std::span<const float> dry, std::span<float> wet, double mix)
+{
+    const auto part = static_cast<float> (mix);
+    for (std::size_t i = 0; i < wet.size (); ++i)
+        wet[i] = dry[i] * (1.0F - part) + wet[i] * part;
+}
+
+double LargestReductionDb (std::span<const MeterReading> channels)
+{
+    double largest = 0.0;
+    for (const MeterReading& reading : channels)
+        largest = std::max (largest, reading.gainReductionDb);
+    return largest;
+}
+
 } // namespace
 
-RenderResult Render (AudioReader& reader, AudioWriter& writer, ChannelBank& bank, const RenderPlan& plan, MeterLog* log)
+RenderResult Render (AudioReader& reader, SampleSink& sink, ChannelBank& bank, const RenderPlan& plan,
+                     const RenderWitnesses& witnesses)
 {
     const auto channels = static_cast<std::size_t> (reader.Channels ());
     const double rateHz = reader.SampleRateHz ();
@@ -104,18 +123,27 @@ RenderResult Render (AudioReader& reader, AudioWriter& writer, ChannelBank& bank
         ThrowIfInterrupted ();
         const auto settings = schedule.Take (result.frames);
         const auto wanted = static_cast<std::size_t> (schedule.BlockEnd (result.frames) - result.frames);
-        const std::int64_t frames = source.Read (std::span (in).first (wanted * channels), result.input);
+        const std::int64_t frames =
+            source.Read (std::span (in).first (wanted * channels), result.input, witnesses.inputLoudness);
         if (frames == 0)
             break;
 
         const std::size_t samples = static_cast<std::size_t> (frames) * channels;
-        bank.Process (std::span (in).first (samples), std::span (out).first (samples), settings);
-        writer.Write (std::span (out).first (samples));
-        result.output.Add (std::span (out).first (samples));
-        for (const MeterReading& reading : bank.Meters ())
-            result.largestGainReductionDb = std::max (result.largestGainReductionDb, reading.gainReductionDb);
-        if (log)
-            log->Add (static_cast<double> (result.frames) / rateHz, bank.Meters ());
+        const auto dry = std::span (in).first (samples);
+        const auto wet = std::span (out).first (samples);
+        bank.Process (dry, wet, settings);
+        if (plan.mix < 1.0)
+            Mix (dry, wet, plan.mix);
+        sink.Write (wet);
+        result.output.Add (wet);
+        const double reductionDb = LargestReductionDb (bank.Meters ());
+        result.largestGainReductionDb = std::max (result.largestGainReductionDb, reductionDb);
+        if (witnesses.outputLoudness)
+            witnesses.outputLoudness->Add (wet);
+        if (witnesses.levels)
+            witnesses.levels->Add (dry, wet, reductionDb);
+        if (witnesses.meters)
+            witnesses.meters->Add (static_cast<double> (result.frames) / rateHz, bank.Meters ());
         result.frames += frames;
         progress.Update (result.frames);
     }

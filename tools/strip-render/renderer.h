@@ -3,7 +3,10 @@
 #include "audio_file.h"
 #include "channel_bank.h"
 #include "level_meter.h"
+#include "level_trace.h"
+#include "loudness_meter.h"
 #include "meter_log.h"
+#include "sample_sink.h"
 #include "setting.h"
 
 #include <cstdint>
@@ -17,10 +20,20 @@ namespace tessaly::render
 struct RenderPlan
 {
     int blockSize = 512; ///< frames, 1 and up
+    double mix = 1.0;    ///< part of the strip in the result, the rest being the input; 0 to 1
     bool showsProgress = true;
     std::int64_t tailFrames = 0;          ///< silence that follows the recording
     std::vector<Setting> settings;        ///< before the first sample
     std::vector<TimedSetting> automation; ///< by time
+};
+
+/// Who else is to see what goes by. Any may be null; not owned: the caller's.
+struct RenderWitnesses
+{
+    MeterLog* meters = nullptr;
+    LevelTrace* levels = nullptr;
+    LoudnessMeter* inputLoudness = nullptr; ///< of the recording without the tail
+    LoudnessMeter* outputLoudness = nullptr;
 };
 
 /// What came of it.
@@ -36,9 +49,8 @@ struct RenderResult
 
 /// Runs the whole recording through the bank. Blocks end at multiples of the block size, and besides before each sample
 /// at which a row of automation takes effect, so that both roads of a setting reach the same sample.
-/// @param log  may be null
-/// @throws RenderError, HostError, Interrupted; the writer's file is then to be thrown away
-RenderResult Render (AudioReader& reader, AudioWriter& writer, ChannelBank& bank, const RenderPlan& plan,
-                     MeterLog* log);
+/// @throws RenderError, HostError, Interrupted; what the sink has is then to be thrown away
+RenderResult Render (AudioReader& reader, SampleSink& sink, ChannelBank& bank, const RenderPlan& plan,
+                     const RenderWitnesses& witnesses);
 
 } // namespace tessaly::render

@@ -7,21 +7,13 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <iostream>
-#include <nlohmann/json.hpp>
+#include <ostream>
 
 namespace tessaly::render
 {
 
 namespace
 {
-
-using Json = nlohmann::ordered_json;
-
-void Print (std::ostream& out, const Json& json)
-{
-    out << json.dump (2, ' ', false, Json::error_handler_t::replace) << '\n'; // a file's name may hold any bytes
-}
 
 using Row = std::array<std::string, 5>;
 
@@ -69,71 +61,41 @@ void PrintParameters (std::ostream& out, const host::ParameterAccess& parameters
     PrintTable (out, rows);
 }
 
-void PrintParametersAsJson (std::ostream& out, const host::ParameterAccess& parameters)
+std::string LoudnessText (const Loudness& loudness)
 {
-    Json list = Json::array ();
-    const ParameterNames names (parameters);
-    for (const auto& [name, info] : names.Entries ())
-        list.push_back ({ { "name", name },
-                          { "id", info.id },
-                          { "range", RangeText (parameters, info) },
-                          { "unit", info.units },
-                          { "default", ValueText (parameters, info, info.defaultNormalized) },
-                          { "present", ValueText (parameters, info, parameters.Normalized (info.id)) } });
-    Print (out, list);
+    if (loudness.IsSilent ())
+        return "loudness: silent";
+    return "loudness " + ToText (loudness.integratedLufs, 1) + " LUFS, range " + ToText (loudness.rangeLu, 1) +
+           " LU, true peak " + ToText (loudness.truePeakDbtp, 2) + " dBTP";
 }
 
-namespace
-{
-
-Json LevelsAsJson (const std::filesystem::path& file, const LevelMeter& meter, std::int64_t frames, int rateHz)
-{
-    const auto level = [] (double db) { return std::isfinite (db) ? Json (db) : Json (nullptr); };
-    return { { "file", file.string () },
-             { "frames", frames },
-             { "seconds", static_cast<double> (frames) / rateHz },
-             { "peakDbfs", level (meter.PeakDb ()) },
-             { "rmsDbfs", level (meter.RmsDb ()) } };
-}
-
-void PrintSummaryAsJson (std::ostream& out, const Summary& summary)
+void PrintSummary (std::ostream& out, const Summary& summary)
 {
     const auto& result = summary.result;
-    const int rateHz = summary.reader.SampleRateHz ();
-    Json json{ { "channels", summary.reader.Channels () },
-               { "sampleRateHz", rateHz },
-               { "input", LevelsAsJson (summary.input, result.input, summary.reader.FramesRead (), rateHz) },
-               { "output", LevelsAsJson (summary.output, result.output, result.frames, rateHz) },
-               { "largestGainReductionDb", result.largestGainReductionDb } };
-    json["output"]["format"] = summary.format.description;
-    Print (out, json);
-}
-
-} // namespace
-
-void PrintSummary (std::ostream& out, const Summary& summary, bool asJson)
-{
-    if (asJson)
-    {
-        PrintSummaryAsJson (out, summary);
-        return;
-    }
-    const auto& [input, output, reader, format, result] = summary;
-    const int rateHz = reader.SampleRateHz ();
-    const int channels = reader.Channels ();
-    const bool clipped = format.integerBits != 0 && result.output.PeakDb () > 0.0;
+    const bool clipped = summary.clips && result.output.PeakDb () > 0.0;
     constexpr double kMeterEndDb = 24.0;
     const bool beyondMeter = result.largestGainReductionDb > kMeterEndDb - 1e-6;
 
-    out << "Input:   " << input.string () << '\n'
-        << "         " << channels << (channels == 1 ? " channel, " : " channels, ") << rateHz << " Hz, "
-        << Duration (reader.FramesRead (), rateHz) << '\n'
-        << "         " << Levels (result.input) << '\n'
-        << "Output:  " << output.string () << '\n'
-        << "         " << format.description << ", " << Duration (result.frames, rateHz) << '\n'
-        << "         " << Levels (result.output) << (clipped ? " (clipped in the file)" : "") << '\n'
-        << "Largest gain reduction: " << ToText (result.largestGainReductionDb, 1) << " dB"
+    out << "Input:   " << summary.input.string () << '\n'
+        << "         " << summary.channels << (summary.channels == 1 ? " channel, " : " channels, ")
+        << summary.sampleRateHz << " Hz, " << Duration (summary.inputFrames, summary.sampleRateHz) << '\n'
+        << "         " << Levels (result.input) << '\n';
+    if (summary.inputLoudness)
+        out << "         " << LoudnessText (*summary.inputLoudness) << '\n';
+    out << "Output:  " << summary.output.string () << '\n'
+        << "         " << summary.format << ", " << Duration (result.frames, summary.sampleRateHz) << '\n'
+        << "         " << Levels (result.output) << (clipped ? " (clipped in the file)" : "") << '\n';
+    if (summary.outputLoudness)
+        out << "         " << LoudnessText (*summary.outputLoudness) << '\n';
+    if (summary.matchGainDb)
+        out << "         matched by a gain of " << ToText (*summary.matchGainDb, 2) << " dB\n";
+    out << "Largest gain reduction: " << ToText (result.largestGainReductionDb, 1) << " dB"
         << (beyondMeter ? " or more" : "") << '\n';
+}
+
+void PrintPlan (std::ostream& out, const Summary& summary)
+{
+    out << "would write " << summary.output.string () << ": " << summary.format << '\n';
 }
 
 } // namespace tessaly::render

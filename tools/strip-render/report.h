@@ -1,12 +1,10 @@
 #pragma once
 
-#include "audio_file.h"
-#include "output_format.h"
 #include "parameter_access.h"
-#include "renderer.h"
+#include "summary.h"
 
-#include <filesystem>
 #include <iosfwd>
+#include <string>
 
 namespace tessaly::render
 {
@@ -14,20 +12,13 @@ namespace tessaly::render
 /// Prints every parameter: name, range, unit, default and present text; meters too, which cannot be set.
 void PrintParameters (std::ostream& out, const host::ParameterAccess& parameters);
 
-/// The same for programs.
-void PrintParametersAsJson (std::ostream& out, const host::ParameterAccess& parameters);
+/// Prints what was rendered, where it is, how loud it was and is, and the largest gain reduction.
+void PrintSummary (std::ostream& out, const Summary& summary);
 
-/// What there is to tell of a render.
-struct Summary
-{
-    const std::filesystem::path& input;
-    const std::filesystem::path& output;
-    const AudioReader& reader;
-    const OutputFormat& format;
-    const RenderResult& result;
-};
+/// Prints what would be written.
+void PrintPlan (std::ostream& out, const Summary& summary);
 
-/// Prints what was rendered, where it is, how loud it was and is, and the largest gain reduction; as JSON for programs.
-void PrintSummary (std::ostream& out, const Summary& summary, bool asJson);
+/// @return loudness, range and true peak as a line
+std::string LoudnessText (const Loudness& loudness);
 
 } // namespace tessaly::render
