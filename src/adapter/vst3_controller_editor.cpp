@@ -1,10 +1,10 @@
 #include "binary_message.h"
-#include "editor_view.h"
 #include "effect.h"
 #include "gui_editor.h"
 #include "host_context.h"
 #include "live_effect.h"
 #include "vst3_controller_wrapper.h"
+#include "vst3_editor_view_wrapper.h"
 #include <algorithm>
 #include <utility>
 
@@ -20,14 +20,12 @@ IPlugView* PLUGIN_API ZVst3ControllerWrapper::createView (FIDString name)
     OnHostCall ();
     if (!FIDStringsEqual (name, Vst::ViewType::kEditor))
         return nullptr;
-    const auto makeEditor = [this] (ZEditorWrapper& surroundings)
-    {
-        auto made = factory->CreateEditor (surroundings);
-        made->OnEffectEvent (kCodeStorage, HasEffect () ? storage : nullptr);
-        made->OnEffectEvent (kCodeNumInputs, &numChannels);
-        return made;
-    };
-    return MakeEditorView (*this, *this, FactoryHostContext (), makeEditor).take ();
+    auto view = Steinberg::owned (new ZVst3EditorViewWrapper (*this, *this, FactoryHostContext ()));
+    auto made = factory->CreateEditor (*view);
+    made->OnEffectEvent (kCodeStorage, HasEffect () ? storage : nullptr);
+    made->OnEffectEvent (kCodeNumInputs, &numChannels);
+    view->SetEditor (std::move (made));
+    return view.take ();
 }
 
 void ZVst3ControllerWrapper::ConnectEditor (ZEffectListener& newEditor)

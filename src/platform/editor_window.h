@@ -21,7 +21,7 @@ struct WindowMouse
     std::int32_t modifiers = 0; // mask of Modifier
 };
 
-/// What a window tells who works in it. Any of these may end the window.
+/// What a window tells who works in it.
 class EditorWindowListener
 {
 public:
@@ -58,6 +58,10 @@ public:
     virtual void ReleasePointer () = 0; ///< a button that is down holds it: a menu of the host's could not have it
     virtual void TakeKeyboard () = 0;   ///< until it is given back
     virtual void GiveKeyboardBack () = 0;
+    /// Whether the user has gone to another program's window since the first call after ForgetFocus, for systems that
+    /// say so only to who asks.
+    virtual bool HasLostFocus () = 0;
+    virtual void ForgetFocus () = 0;
 
     virtual void Resize (ZPoint pixels) = 0;
     /// A new surface to draw on, which keeps its pixels: transparent, of these coordinates and so many pixels each.

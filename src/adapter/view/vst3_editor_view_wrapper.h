@@ -1,42 +1,39 @@
 #pragma once
 
 #include "editor_controller.h"
+#include "editor_window.h"
 #include "editor_wrapper.h"
 #include "event.h"
 #include "geometry.h"
 #include "panel_scale.h"
-#include "panel_surface.h"
-#include "panel_window.h"
 #include "pluginterfaces/gui/iplugviewcontentscalesupport.h"
 #include "pluginterfaces/vst/ivstplugview.h"
-#include "public.sdk/source/vst/vstguieditor.h"
+#include "public.sdk/source/vst/vsteditcontroller.h"
 #include "scale_menu.h"
-#include "vstgui/lib/controls/icontrollistener.h"
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace tessaly
 {
 
 class ZGuiEditor;
-class ZVst3ControlWrapper;
 
 /// The editor in the host's window: the view that the host sees, and the surroundings that the editor sees.
 ///
 /// The panel is drawn at PanelScale into a surface that keeps its pixels; on each tick a pass paints what has changed
-/// there, and VSTGUI shows that part of it. When the scale changes, or the effect goes or comes while the window is
+/// there, and the window shows that part of it. When the scale changes, or the effect goes or comes while the window is
 /// open, the editor closes and opens again in it. A host may close the window, let go of the view, or change the scale
 /// from within any call that the panel makes to it: what is on the stack then ends with the outermost HostCall.
 ///
 /// Host's user-interface thread.
-class ZVst3EditorViewWrapper final : public Steinberg::Vst::VSTGUIEditor,
+class ZVst3EditorViewWrapper final : public Steinberg::Vst::EditorView,
                                      public Steinberg::Vst::IParameterFinder,
                                      public Steinberg::IPlugViewContentScaleSupport,
-                                     public VSTGUI::IControlListener,
                                      public ZEditorWrapper,
                                      public EditorViewListener,
-                                     private X11WindowListener
+                                     private EditorWindowListener
 {
 public:
     /// @param of              counted: lives for as long as this
@@ -54,15 +51,10 @@ public:
     void OnEffectGone () override;
     void OnEffectCame () override { OpenEditor (); }
 
-    // The control's calls
-    ZEventImp& BeginInput ();
-    void EndInput (bool holding); ///< @param holding  an edit of the user goes on
-    ZPoint ToPanel (const VSTGUI::CPoint& where) const;
-    std::int32_t GetDialMode () const; ///< as the host set it: 0 round, 1 round from the value, 2 straight
-    void Blit (VSTGUI::CDrawContext& context) const { surface->Blit (context); }
     void ChooseScale (double factor); ///< by the user
 
     // IPlugView
+    Steinberg::tresult PLUGIN_API isPlatformTypeSupported (Steinberg::FIDString type) override;
     Steinberg::tresult PLUGIN_API attached (void* parent, Steinberg::FIDString type) override;
     Steinberg::tresult PLUGIN_API removed () override;
     Steinberg::tresult PLUGIN_API onWheel (float distance) override;
@@ -81,15 +73,6 @@ public:
     // IPlugViewContentScaleSupport
     Steinberg::tresult PLUGIN_API setContentScaleFactor (ScaleFactor factor) override;
 
-    // VSTGUIEditor
-    bool PLUGIN_API open (void* parent, const VSTGUI::PlatformType& type) override;
-    void PLUGIN_API close () override;
-    VSTGUI::CMessageResult notify (VSTGUI::CBaseObject* sender, const char* message) override;
-
-    // IControlListener
-    void valueChanged (VSTGUI::CControl* /*control*/) override {}
-    std::int32_t controlModifierClicked (VSTGUI::CControl* control, VSTGUI::CButtonState buttons) override;
-
     // ZEditorWrapper
     bool QueryEffect (std::int32_t kind, void* out) override { return brackets.QueryEffect (kind, out); }
     bool GetInfo (std::int32_t kind, void* out) override { return brackets.GetInfo (kind, out); }
@@ -102,52 +85,64 @@ public:
     std::unique_ptr<ZTextEditImp> CreateTextEditImp () override;
     std::unique_ptr<ZTooltipImp> CreateTooltipImp () override { return nullptr; } // the panel has none
 
-    OBJ_METHODS (ZVst3EditorViewWrapper, Steinberg::Vst::VSTGUIEditor)
+    OBJ_METHODS (ZVst3EditorViewWrapper, Steinberg::Vst::EditorView)
     DEFINE_INTERFACES
     DEF_INTERFACE (Steinberg::Vst::IParameterFinder)
     DEF_INTERFACE (Steinberg::IPlugViewContentScaleSupport)
-    END_DEFINE_INTERFACES (Steinberg::Vst::VSTGUIEditor)
-    REFCOUNT_METHODS (Steinberg::Vst::VSTGUIEditor)
+    END_DEFINE_INTERFACES (Steinberg::Vst::EditorView)
+    REFCOUNT_METHODS (Steinberg::Vst::EditorView)
 
 private:
+    // EditorWindowListener
+    void OnTick () override;
+    void OnMouseDown (const WindowMouse& mouse) override;
+    void OnMouseMove (const WindowMouse& mouse) override;
+    void OnMouseUp (const WindowMouse& mouse) override;
+    bool OnWheel (ZPoint pixel, double notches) override;
     bool OnKey (const NativeKey& key, bool down) override;
-    void OnKeyboardLost () override;
-    void OnPointer (bool inside) override;
+    void OnKeyboardLost () override { onFocus (false); }
 
     bool IsEditorOpen () const;
     ZPoint PanelPixels () const;
-    Steinberg::IPtr<Steinberg::Linux::IRunLoop> FindRunLoop () const;
+    ZPoint ToPanel (ZPoint pixel) const;
     bool IsParameter (std::int32_t id);
+    bool OpenWindow (void* parent);
     void OpenEditor ();
     void CloseEditor ();
     void Reopen ();
+    void Close ();
     void CloseWindow ();
     void Stay ();
     void Resize ();
     void ApplyScale ();
 
-    void Tick ();
+    ZEventImp& BeginInput ();
+    void EndInput (bool holding);
+    std::int32_t GetDialMode () const; // as the host set it: 0 round, 1 round from the value, 2 straight
+    ZMouseInput InputOf (ZEvent& event, const WindowMouse& mouse) const;
     ZMouseInput Pointer (ZEvent& event);
     void Drag (ZEvent& event, ZMouseInput& mouse);
     void Paint (std::uint32_t time);
     void FollowKeyboard ();
     void LeaveInput ();
-    void OpenContextMenu (VSTGUI::CPoint where);
+    template <typename Call>
+    bool SendKey (const NativeKey& key, Call call);
+    bool OnKeyDown (const NativeKey& key);
+    bool OnKeyUp (const NativeKey& key);
+    void OpenContextMenu (ZPoint pixel);
 
     EditorController& brackets; // not owned: the controller
     Steinberg::IPtr<Steinberg::FUnknown> fallbackContext;
     std::unique_ptr<ZGuiEditor> editor;
     PanelScale scale;
-    std::unique_ptr<PanelSurface> surface; // null while no window is open, as all below
-    std::unique_ptr<ZKVPFrame> panelFrame;
-    std::unique_ptr<PanelWindow> window;
-    ZVst3ControlWrapper* control = nullptr; // not owned: the frame
+    std::unique_ptr<EditorWindow> window; // null while none is open
+    std::vector<NativeKey> pressedKeys;   // those whose press was taken
     bool active = true;
-    bool closing = false;                     // the host has closed the window in the present HostCall
-    bool staying = false;                     // counts itself until the present HostCall ends
-    bool dragIsOver = false;                  // but was at work: ended on the next tick
-    bool releaseExpected = false;             // the button of a drag is up, but its release has not come yet
-    std::optional<VSTGUI::CPoint> menuWanted; // where the user asked for the context menu; on the next tick
+    bool closing = false;             // the host has closed the window in the present HostCall
+    bool staying = false;             // counts itself until the present HostCall ends
+    bool dragIsOver = false;          // but was at work: ended on the next tick
+    bool releaseExpected = false;     // the button of a drag is up, but its release has not come yet
+    std::optional<ZPoint> menuWanted; // the pixel where the user asked for the context menu; on the next tick
     ScaleMenu scaleMenu;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "event_imp.h"
+#include "editor_window.h"
 #include "x11_connection.h"
 #include <cstdint>
 
@@ -10,16 +10,16 @@ namespace tessaly
 /// The pointer, its buttons and the modifier keys over one X window, in coordinates of the panel: pixels divided by the
 /// scale and floored. The server is asked once after each Begin, when something is first wanted.
 /// Host's user-interface thread.
-class ZX11EventImp final : public ZEventImp
+class ZX11EventImp final : public WindowInput
 {
 public:
     /// @param of  not owned: the window's, outlives this
     ZX11EventImp (X11Connection& of, xcb_window_t on, double pixels);
     ~ZX11EventImp () override; ///< shows a hidden pointer
 
-    void Begin (bool pointerInside); ///< another call: what was known of the pointer may have changed
-    void Reset ();                   ///< shows a hidden pointer, as the arrow
-    void SetScale (double pixels) { scale = pixels; }
+    void Begin (bool pointerInside) override;
+    void Reset () override;
+    void SetScale (double pixels) override { scale = pixels; }
     ZPoint ToPanel (double x, double y) const; ///< x, y: pixels of the window
 
     ZPoint GetMousePos () override;

@@ -35,6 +35,8 @@ public:
     void ReleasePointer () override;
     void TakeKeyboard () override {} ///< the edit window takes it
     void GiveKeyboardBack () override {}
+    bool HasLostFocus () override { return false; } ///< WM_KILLFOCUS tells
+    void ForgetFocus () override {}
     void Resize (ZPoint pixels) override;
     void MakeSurface (std::int32_t width, std::int32_t height, double scale) override;
     ZCanvas& Canvas () override { return *canvas; }
