@@ -8,40 +8,7 @@ namespace tessaly::test
 
 using namespace Steinberg;
 
-namespace
-{
-
-/// Exactly one edit, of this parameter, that has ended with this many steps or more.
-void CheckOneEdit (const std::vector<Gesture>& gestures, std::uint32_t id)
-{
-    REQUIRE (gestures.size () == 1);
-    CHECK (gestures[0].id == id);
-    CHECK (gestures[0].performs >= 1);
-    CHECK (gestures[0].ended);
-}
-
-} // namespace
-
-TEST_CASE ("Gestures: the wheel opens a small dial's ring, then edits a step a notch")
-{
-    PanelInWindow panel;
-    for (const auto& dial : kSmallDials)
-    {
-        CAPTURE (dial.id);
-        const double before = panel.Plain (dial.id);
-        const int way = before > 10.0 ? -1 : 1;
-        panel.Wheel (dial.knob, way);
-        CHECK (panel.Plain (dial.id) == before);
-        panel.Wheel (dial.knob, 2 * way);
-        CHECK (panel.Plain (dial.id) == doctest::Approx (before + 2 * way));
-        panel.Key (key::kEscape);
-        panel.MoveTo (kEmpty);
-        CHECK (panel.Until ([&] { return AllEnded (panel.calls); }));
-        CheckOneEdit (panel.TakeGestures (), dial.id);
-    }
-}
-
-TEST_CASE ("Gestures: a small dial is turned on its ring from where the pointer leaves the knob")
+TEST_CASE ("Gestures: a small dial is edited by the wheel and by a drag around the knob once its ring is open")
 {
     PanelInWindow panel;
     for (const auto& dial : kSmallDials)
@@ -50,17 +17,25 @@ TEST_CASE ("Gestures: a small dial is turned on its ring from where the pointer 
         panel.instance.Parameters ().SetNormalized (dial.id, 0.5);
         panel.Settle ();
         panel.TakeGestures ();
-        const double before = panel.Value (dial.id);
+        const double before = panel.Plain (dial.id);
+        panel.Wheel (dial.knob, -1);
+        CHECK (panel.Plain (dial.id) == before);
+        panel.Wheel (dial.knob, -2);
+        CHECK (panel.Plain (dial.id) == doctest::Approx (before - 2));
+        panel.Key (key::kEscape);
+        panel.MoveTo (kEmpty);
+        panel.CheckOneEdit (dial.id);
+
+        panel.instance.Parameters ().SetNormalized (dial.id, 0.5);
         panel.MoveTo (dial.knob);
         panel.Press ();
         panel.MoveTo (dial.knob + Place{ 0, -10 }); // within the knob's circle
-        CHECK (panel.Value (dial.id) == before);
+        CHECK (panel.Plain (dial.id) == before);
         panel.MoveTo (dial.knob + Place{ 0, -30 });
         panel.MoveTo (dial.knob + Place{ 30, 0 }); // a quarter turn to the right
         panel.Release ();
         CHECK (panel.Value (dial.id) == doctest::Approx (0.8).epsilon (0.02));
-        CHECK (panel.Until ([&] { return AllEnded (panel.calls); }));
-        CheckOneEdit (panel.TakeGestures (), dial.id);
+        panel.CheckOneEdit (dial.id);
         panel.MoveTo (kEmpty);
         panel.Until ([] { return false; }, 300ms); // the ring shrinks in 200 ms
     }
@@ -99,7 +74,6 @@ TEST_CASE ("Gestures: a drag of the morph dial reports all that it moves")
     panel.MoveTo (kMorphDial + Place{ 0, -30 });
     panel.MoveTo (kMorphDial + Place{ 30, 0 });
     panel.Release ();
-    CHECK (panel.Until ([&] { return AllEnded (panel.calls); }));
 
     std::set<std::uint32_t> moved;
     for (const auto& gesture : panel.TakeGestures ())
@@ -113,34 +87,6 @@ TEST_CASE ("Gestures: a drag of the morph dial reports all that it moves")
     CHECK (std::ranges::all_of (moved, [] (auto id) { return id <= kTotalGain || id == kMorph; }));
     CHECK (moved.size () > 10);
     CHECK (panel.Until ([&] { return panel.Look (kOverlaySpot) == plain; }));
-}
-
-TEST_CASE ("Gestures: an EQ marker moves its band's frequency and gain")
-{
-    PanelInWindow panel;
-    // The plot: 20 Hz to 20 kHz over 302 to 490, +20 to -20 dB over 62 to 118.
-    const auto markerOf = [&] (Id frequency, Id gain)
-    {
-        const double hz = std::stod (panel.Text (frequency)) * (panel.Text (frequency).ends_with ("k") ? 1000.0 : 1.0);
-        const double db = std::stod (panel.Text (gain));
-        return Place{ static_cast<int> (std::lround (302 + 188 * std::log10 (hz / 20) / 3)),
-                      static_cast<int> (std::lround (118 - 56 * (db + 20) / 40)) };
-    };
-    const Place low = markerOf (kLowF, kLowG);
-    panel.Drag ({ low, low + Place{ 12, -8 } });
-    CHECK (panel.Until ([&] { return AllEnded (panel.calls); }));
-    std::set<std::uint32_t> moved;
-    for (const auto& gesture : panel.TakeGestures ())
-        moved.insert (gesture.id);
-    CHECK (moved == std::set<std::uint32_t>{ kLowF, kLowG });
-    const Place now = markerOf (kLowF, kLowG);
-    CHECK (std::abs (now.x - low.x - 12) <= 3); // frequencies come in steps
-    CHECK (std::abs (now.y - low.y + 8) <= 1);
-
-    panel.Wheel (now, 1);
-    CHECK (markerOf (kLowF, kLowG).y <= now.y);
-    CHECK (panel.Until ([&] { return AllEnded (panel.calls); }));
-    CheckOneEdit (panel.TakeGestures (), kLowG);
 }
 
 TEST_CASE ("Gestures: a bypass switch works in its own area alone and dims its section")
@@ -167,16 +113,6 @@ TEST_CASE ("Gestures: a bypass switch works in its own area alone and dims its s
     CHECK (panel.Value (kEqualizerBypass) == 1.0);
 }
 
-TEST_CASE ("Gestures: the knee takes the place that is pressed")
-{
-    PanelInWindow panel;
-    panel.Click (kKneeHard);
-    CHECK (panel.Value (kKnee) == 1.0);
-    panel.Click (kKneeSoft);
-    CHECK (panel.Value (kKnee) == 0.0);
-    CHECK (panel.TakeGestures ().size () == 2);
-}
-
 TEST_CASE ("Gestures: a read-out is dragged up and down, and reset with the control key")
 {
     PanelInWindow panel;
@@ -184,44 +120,39 @@ TEST_CASE ("Gestures: a read-out is dragged up and down, and reset with the cont
     const int way = before > 10.0 ? 5 : -5; // down where there is room
     panel.Drag ({ kAttackText, kAttackText + Place{ 0, way } });
     CHECK (panel.Plain (kAttack) == doctest::Approx (before - way));
-    CHECK (panel.Until ([&] { return AllEnded (panel.calls); }));
-    CheckOneEdit (panel.TakeGestures (), kAttack);
+    panel.CheckOneEdit (kAttack);
     panel.MoveTo (kEmpty);
-    Desktop::Get ().user.KeyDown (key::kControl);
-    panel.Click (kAttackText);
-    Desktop::Get ().user.KeyUp (key::kControl);
-    panel.Settle ();
+    panel.While (key::kControl, [&] { panel.Click (kAttackText); });
     CHECK (panel.Plain (kAttack) == doctest::Approx (before));
 }
 
 TEST_CASE ("Gestures: keys move what was touched last, others reach the host")
 {
     PanelInWindow panel;
-    panel.Key ('a');
-    CHECK (panel.window.TakeKeysForHost ().size () == 1);
     panel.Wheel (kDriveDial, 1);
     const double before = panel.Plain (kDrive);
     panel.Key (key::kUp);
-    CHECK (panel.Plain (kDrive) == doctest::Approx (before + 1));
     panel.Key (key::kPageUp);
     CHECK (panel.Plain (kDrive) == doctest::Approx (before + 11));
     CHECK (panel.window.TakeKeysForHost ().empty ());
     panel.Key ('a');
     CHECK (panel.window.TakeKeysForHost ().size () == 1);
-    CHECK (panel.Until ([&] { return AllEnded (panel.calls); }));
-}
-
-TEST_CASE ("Gestures: a key that is held repeats within one edit")
-{
-    PanelInWindow panel;
-    panel.Wheel (kDriveDial, -1);
-    CHECK (panel.Until ([&] { return AllEnded (panel.calls); }));
     panel.TakeGestures ();
-    Desktop::Get ().user.KeyDown (key::kUp);
-    CHECK (panel.Until ([&] { return panel.calls.size () >= 5; }));
-    Desktop::Get ().user.KeyUp (key::kUp);
-    panel.Settle ();
-    CheckOneEdit (panel.TakeGestures (), kDrive);
+    SUBCASE ("held, they repeat within one edit")
+    {
+        panel.While (key::kUp, [&] { CHECK (panel.Until ([&] { return panel.calls.size () >= 5; })); });
+        panel.CheckOneEdit (kDrive);
+    }
+    SUBCASE ("also those that the host hands to the view")
+    {
+        auto& view = panel.window.View ();
+        CHECK (view.onKeyDown (0, KEY_DOWN, 0) == kResultTrue);
+        CHECK (view.onKeyDown (0, KEY_DOWN, 0) == kResultTrue);
+        CHECK (view.onKeyUp (0, KEY_DOWN, 0) == kResultTrue);
+        CHECK (view.onKeyDown ('q', 0, 0) == kResultFalse);
+        CHECK (panel.Plain (kDrive) == doctest::Approx (before + 9));
+        CHECK (view.onFocus (true) == kResultFalse);
+    }
 }
 
 TEST_CASE ("Gestures: a drag goes on outside of the window and ends there")
@@ -239,7 +170,7 @@ TEST_CASE ("Gestures: a drag goes on outside of the window and ends there")
     CHECK (panel.Value (kMorph) == released);
 }
 
-TEST_CASE ("Gestures: wheel and keys in the middle of a drag do not divide its edit")
+TEST_CASE ("Gestures: neither wheel and keys nor two seconds of rest divide a drag's edit")
 {
     PanelInWindow panel;
     panel.MoveTo (kDriveDial + Place{ -20, 0 });
@@ -248,61 +179,35 @@ TEST_CASE ("Gestures: wheel and keys in the middle of a drag do not divide its e
     Desktop::Get ().user.Wheel (1);
     panel.Key ('a');
     panel.Key (key::kUp);
+    panel.Until ([] { return false; }, 2500ms); // an edit by the wheel ends by itself after two seconds
+    CHECK_FALSE (AllEnded (panel.calls));
     panel.MoveTo (kDriveDial + Place{ 20, 0 });
     panel.Release ();
     CHECK (panel.Value (kDrive) == doctest::Approx (0.8).epsilon (0.02));
-    CheckOneEdit (panel.TakeGestures (), kDrive);
+    panel.CheckOneEdit (kDrive);
 }
 
-TEST_CASE ("Gestures: an edit that is held still for long stays open")
+TEST_CASE ("Gestures: an EQ marker moves frequency and gain, with shift one of them, with alt its band's Q")
 {
     PanelInWindow panel;
-    panel.MoveTo (kDriveDial + Place{ -20, 0 });
-    panel.Press ();
-    panel.MoveTo (kDriveDial + Place{ 0, -20 });
-    panel.Until ([] { return false; }, 2500ms); // a held edit ends by itself after two seconds
-    CHECK_FALSE (AllEnded (panel.calls));
-    panel.Release ();
-    CheckOneEdit (panel.TakeGestures (), kDrive);
-}
+    Place marker{ 408, 90 }; // 1 kHz, 0 dB; a row of the plot is 40 / 56 dB
+    panel.Drag ({ marker, marker + Place{ 12, -7 } });
+    std::set<std::uint32_t> moved;
+    for (const auto& gesture : panel.TakeGestures ())
+        moved.insert (gesture.id);
+    CHECK (moved == std::set<std::uint32_t>{ kMidF, kMidG });
+    CHECK (std::stod (panel.Text (kMidG)) == doctest::Approx (5.0));
 
-TEST_CASE ("Gestures: a ring that was only clicked closes when the pointer has left it")
-{
-    PanelInWindow panel;
-    panel.MoveTo (kEmpty);
-    const Area around{ 36, 60, 107, 70 };
-    const auto closed = panel.Look (around);
-    panel.Click (kAttackKnob);
-    CHECK (panel.LooksOtherThan (closed, around));
-    panel.MoveTo (kEmpty);
-    CHECK (panel.Until ([&] { return panel.Look (around) == closed; }));
-    CHECK (panel.calls.empty ());
-}
-
-TEST_CASE ("Gestures: shift locks a marker to one axis, alt turns to the band's Q")
-{
-    PanelInWindow panel;
-    const Place mid{ 408, 90 }; // 1 kHz, 0 dB
-    panel.MoveTo (mid);
-    Desktop::Get ().user.KeyDown (key::kShift);
-    panel.Press ();
-    panel.MoveTo (mid + Place{ 3, 2 });
-    CHECK (panel.calls.empty ());
-    panel.MoveTo (mid + Place{ 10, 6 });
-    panel.Release ();
-    Desktop::Get ().user.KeyUp (key::kShift);
-    CheckOneEdit (panel.TakeGestures (), kMidF);
-
+    marker = marker + Place{ 12, -7 };
+    panel.While (key::kShift, [&] { panel.Drag ({ marker, marker + Place{ 10, 6 } }); });
+    panel.CheckOneEdit (kMidF);
     const double q = panel.Plain (kMidQ);
-    const Place moved = mid + Place{ 10, 0 };
-    panel.MoveTo (moved);
-    Desktop::Get ().user.KeyDown (key::kAlt);
-    panel.Press ();
-    panel.MoveTo (moved + Place{ 4, -3 });
-    panel.Release ();
-    Desktop::Get ().user.KeyUp (key::kAlt);
-    CheckOneEdit (panel.TakeGestures (), kMidQ);
+    marker = marker + Place{ 10, 0 };
+    panel.While (key::kAlt, [&] { panel.Drag ({ marker, marker + Place{ 4, -3 } }); });
+    panel.CheckOneEdit (kMidQ);
     CHECK (panel.Plain (kMidQ) == doctest::Approx (q + 7));
+    panel.Wheel (marker, 1);
+    panel.CheckOneEdit (kMidG);
 }
 
 TEST_CASE ("Gestures: meters move while sound passes and sink when it stops")
@@ -329,20 +234,6 @@ TEST_CASE ("Gestures: meters move while sound passes and sink when it stops")
     instance.Deactivate ();
     CHECK (panel.Until ([&] { return panel.Look (meter) == silent; }, 10s));
     CHECK (panel.calls.empty ());
-}
-
-TEST_CASE ("Gestures: keys that the host hands to the view work too")
-{
-    PanelInWindow panel;
-    panel.Wheel (kDriveDial, 1);
-    const double before = panel.Plain (kDrive);
-    auto& view = panel.window.View ();
-    CHECK (view.onKeyDown (0, KEY_UP, 0) == kResultTrue);
-    CHECK (view.onKeyDown (0, KEY_UP, 0) == kResultTrue);
-    CHECK (view.onKeyUp (0, KEY_UP, 0) == kResultTrue);
-    CHECK (view.onKeyDown ('q', 0, 0) == kResultFalse);
-    CHECK (panel.Plain (kDrive) == doctest::Approx (before + 2));
-    CHECK (view.onFocus (true) == kResultFalse);
 }
 
 TEST_CASE ("Gestures: a value from the host is shown and not sent back")

@@ -173,12 +173,11 @@ public:
         Desktop::Get ().user.Type (text);
         Settle ();
     }
-    /// Each letter while the control key is held.
-    void TypeWithControl (std::string_view text)
+    void While (std::uint32_t keysym, const std::function<void ()>& act) ///< that key is held
     {
-        Desktop::Get ().user.KeyDown (key::kControl);
-        Type (text);
-        Desktop::Get ().user.KeyUp (key::kControl);
+        Desktop::Get ().user.KeyDown (keysym);
+        act ();
+        Desktop::Get ().user.KeyUp (keysym);
         Settle ();
     }
 
@@ -202,12 +201,21 @@ public:
     /// The editor's window, or one in it, has the keyboard.
     bool HasFocus () const { return Desktop::Get ().x.Focus () != window.Window (); }
 
-    /// What the host has heard since it was last asked.
+    /// The edits that the host has heard of since it was last asked, once all of them have ended.
     std::vector<Gesture> TakeGestures ()
     {
+        CHECK (Until ([this] { return AllEnded (calls); }));
         const auto gestures = Gestures (calls);
         calls.clear ();
         return gestures;
+    }
+    /// Exactly one edit has been, of this parameter.
+    void CheckOneEdit (std::uint32_t id)
+    {
+        const auto gestures = TakeGestures ();
+        REQUIRE (gestures.size () == 1);
+        CHECK (gestures[0].id == id);
+        CHECK (gestures[0].performs >= 1);
     }
 
 private:

@@ -46,35 +46,32 @@ enum Id : std::uint32_t
     kMorph = 20
 };
 
-/// A small dial's middle and its read-out's; a ring of kRingRadius pixels grows around the former.
+/// A small dial's middle; a ring of 53 pixels grows around it.
 struct SmallDial
 {
     Id id;
     Place knob;
-    Place readOut;
 };
-inline constexpr int kRingRadius = 53;
 inline constexpr std::array<SmallDial, 14> kSmallDials{ {
-    { kAttack, { 89, 71 }, { 121, 71 } },
-    { kRelease, { 89, 89 }, { 121, 89 } },
-    { kRatio, { 89, 107 }, { 121, 107 } },
-    { kSideChainF, { 89, 203 }, { 119, 203 } },
-    { Id{ 8 }, { 89, 221 }, { 121, 221 } },
-    { Id{ 9 }, { 89, 185 }, { 121, 185 } },
-    { kTotalGain, { 480, 229 }, { 507, 229 } },
-    { kHighF, { 480, 177 }, { 505, 177 } },
-    { kHighG, { 480, 195 }, { 507, 195 } },
-    { kMidF, { 393, 177 }, { 418, 177 } },
-    { kMidG, { 393, 195 }, { 420, 195 } },
-    { kMidQ, { 393, 159 }, { 420, 159 } },
-    { kLowF, { 306, 177 }, { 331, 177 } },
-    { kLowG, { 306, 195 }, { 333, 195 } },
+    { kAttack, { 89, 71 } },
+    { kRelease, { 89, 89 } },
+    { kRatio, { 89, 107 } },
+    { kSideChainF, { 89, 203 } },
+    { Id{ 8 }, { 89, 221 } },
+    { Id{ 9 }, { 89, 185 } },
+    { kTotalGain, { 480, 229 } },
+    { kHighF, { 480, 177 } },
+    { kHighG, { 480, 195 } },
+    { kMidF, { 393, 177 } },
+    { kMidG, { 393, 195 } },
+    { kMidQ, { 393, 159 } },
+    { kLowF, { 306, 177 } },
+    { kLowG, { 306, 195 } },
 } };
 
 inline constexpr Place kAttackKnob{ 89, 71 };
 inline constexpr Place kAttackText{ 121, 71 };
 inline constexpr Place kDriveDial{ 202, 191 };
-inline constexpr Place kDriveText{ 202, 226 };
 inline constexpr Place kMorphDial{ 280, 254 };
 inline constexpr Place kKneeSoft{ 48, 142 };
 inline constexpr Place kKneeHard{ 128, 142 };
@@ -82,7 +79,7 @@ inline constexpr Place kCompressorSwitch{ 30, 283 };
 inline constexpr Place kCompressorSwitchFrame{ 70, 270 }; ///< of the switch, where it takes no press
 inline constexpr Place kEqualizerSwitch{ 530, 283 };
 inline constexpr Place kName{ 420, 16 };
-inline constexpr Place kProductName{ 120, 18 };
+inline constexpr Area kNameArea{ 318, 10, 192, 13 }; ///< where the set's name stands
 inline constexpr Place kEmpty{ 260, 40 };
 inline constexpr Area kDialog{ 311, 37, 232, 269 };
 inline constexpr Place kDialogOk{ 392, 288 };
