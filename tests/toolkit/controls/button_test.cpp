@@ -131,6 +131,8 @@ TEST_CASE ("ZMultiButton: one of the group is on, a press selects another or fal
     CHECK (lit () == "020");
     CHECK (fixture.Drag (group, { 25, 5 }));
     CHECK_FALSE (fixture.Release (group, { 25, 5 }));
+    CHECK_FALSE (fixture.Drag (group, { 25, 5 })); // it is over
+    CHECK_FALSE (fixture.Release (group, { 25, 5 }));
     CHECK (lit () == "002");
     CHECK (fixture.TakeValues () == Values{ 1.0f, 0.5f, 1.0f });
 
@@ -144,42 +146,4 @@ TEST_CASE ("ZMultiButton: one of the group is on, a press selects another or fal
     fixture.Press (group, { 5, 5 });
     group.DeleteAllButtons (); // in mid-press
     CHECK_FALSE (fixture.Drag (group, { 5, 5 }));
-}
-
-TEST_CASE ("ZMultiButton: answers press, move and release as its button does")
-{
-    struct Answering : ZControl
-    {
-        using ZControl::ZControl;
-        bool down = true;
-        bool move = true;
-        bool up = false;
-        bool OnMouseDown (ZEvent&, const ZMouseInput&) override { return down; }
-        bool OnMouseMove (ZEvent&, const ZMouseInput&) override { return move; }
-        bool OnMouseUp (ZEvent&, const ZMouseInput&) override { return up; }
-    };
-    PaneFixture fixture;
-    ZMultiButton group (&fixture, 7);
-    auto* button = static_cast<Answering*> (
-        group.AddButton (0, std::make_unique<Answering> (&fixture, ZRect{ 0, 0, 10, 10 }, kNewPaneId)));
-    const auto press = [&] { return fixture.Press (group, { 5, 5 }); };
-    const auto drag = [&] { return fixture.Drag (group, { 6, 5 }); };
-    const auto release = [&] { return fixture.Release (group, { 5, 5 }); };
-
-    CHECK (press ());
-    CHECK (drag ());
-    CHECK_FALSE (release ());
-    button->up = true;
-    CHECK_FALSE (release ()); // over already
-    CHECK (press ());
-    CHECK (release ());
-    CHECK_FALSE (drag ());
-    button->down = false;
-    CHECK_FALSE (press ());
-    CHECK_FALSE (drag ()); // nothing was pressed
-    button->down = true;
-    button->move = false;
-    CHECK (press ());
-    CHECK_FALSE (drag ());
-    CHECK_FALSE (release ()); // the refused move has ended the press
 }

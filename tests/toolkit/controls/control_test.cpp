@@ -45,42 +45,6 @@ TEST_CASE ("ZControl: a wish goes out as a broadcast, and the value comes back f
     CHECK (fixture.TakeValues ().empty ());
 }
 
-TEST_CASE ("ZControl: a storage gives value, range and texts, without one of its parameters there are none")
-{
-    static constexpr const char* kModes[]{ "Soft", "Middle", "Hard", nullptr };
-    ZParameterStorageBase storage;
-    storage.Allocate (1, 2);
-    storage.SetMaximum (0, 24.0f);
-    storage.SetStep (0, 1.0f / 24);
-    storage.SetNormalized (0, 0.25f);
-    storage.SetType (1, kList);
-    storage.SetListTexts (1, kModes);
-    PaneFixture fixture;
-    ZControl dial (&fixture, {}, 0), mode (&fixture, {}, 1), other (&fixture, {}, 30000);
-    for (auto* control : { &dial, &mode, &other })
-    {
-        fixture.Adopt (*control);
-        control->SetStorage (&storage);
-    }
-    CHECK (fixture.Wheel (dial, 1));
-    CHECK (dial.GetValue () * 24 == doctest::Approx (7.0f));
-    storage.SetNormalized (0, 1.0f);
-    dial.UpdateFromStorage (1); // not its own
-    CHECK (dial.GetValue () < 1.0f);
-    dial.UpdateFromStorage (0);
-    CHECK (dial.GetValue () == 1.0f);
-    CHECK (dial.GetMaximum () == 24.0f);
-
-    mode.SetValue (0.4f); // between two positions
-    mode.SetKeySteps (0, 10);
-    CHECK (fixture.Key (mode, kKeyUp));
-    CHECK (mode.GetValue () == 0.4f);
-    mode.SetIndex (2);
-    CHECK (mode.GetValueText (mode.GetValue ()) == "Hard");
-    CHECK (other.GetPlainValueText (1.0f).empty ());
-    CHECK (other.ToPlain (0.3f) == 0.3f);
-}
-
 TEST_CASE ("ZBroadcaster: who leaves, joins or turns the broadcast off in a call costs nobody else his own")
 {
     struct Changer final : ZListener
@@ -119,18 +83,6 @@ TEST_CASE ("ZBroadcaster: who leaves, joins or turns the broadcast off in a call
     source.SetBroadcastEnabled (true);
     source.BroadcastValue (1, 0.5f);
     CHECK (first.joiner.TakeValues ().size () == 1);
-
-    struct Ear final : ZListener
-    {
-        void OnMessage (std::int32_t message, ZControl* sender) override { heard = message + sender->GetId (); }
-        std::int32_t heard = 0;
-    } ear;
-    ZControl sender (nullptr, {}, 3);
-    sender.AddListener (&ear);
-    sender.BroadcastMessage (70, &sender);
-    ear.SetListenEnabled (false);
-    sender.BroadcastMessage (80, &sender);
-    CHECK (ear.heard == 73);
 }
 
 TEST_CASE ("ZControl: its position is the storage's list entry for every value and length")

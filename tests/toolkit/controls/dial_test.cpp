@@ -100,34 +100,3 @@ TEST_CASE ("ZDial: a straight drag adds up and right, does not jump with the fin
     fixture.control.SetLinearScale (2.0f);
     fixture.CheckDrag ({ { { 132, 900 }, 0.04 } }); // two pixels from the stop, two steps each
 }
-
-namespace
-{
-
-/// A dial that may be turned round under the hand.
-struct MovingDial : ZDial
-{
-    using ZDial::ReconfigureDrag;
-    using ZDial::ZDial;
-};
-
-} // namespace
-
-TEST_CASE ("ZDial: a drag goes on around the new centre after ReconfigureDrag, in every mode")
-{
-    struct Row
-    {
-        std::int32_t mode;
-        double value; // on the pointer's way from left to above: 90 degrees round the old centre, none round the new
-    };
-    for (const auto& row : { Row{ kDialJump, 0.2 }, Row{ kDialTurn, 0.5 }, Row{ kDialLinear, 0.9 } })
-    {
-        CAPTURE (row.mode);
-        ControlFixture<MovingDial> fixture (kPlace, row.mode, 0.5f);
-        fixture.control.SetLinearScale (0.01f / fixture.control.GetStep ());
-        fixture.Pressed (kLeft);
-        fixture.control.SetCenter (kAbove + ZPoint{ 20, 0 } - kPlace.TopLeft ()); // above lies to its left
-        fixture.control.ReconfigureDrag ();
-        fixture.CheckDrag ({ { kAbove, row.value } });
-    }
-}

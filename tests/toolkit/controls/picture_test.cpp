@@ -1,6 +1,5 @@
 #include "anim_dial.h"
 #include "pane_fixture.h"
-#include "pictures.h"
 #include "switches.h"
 #include "vu_meters.h"
 #include <doctest/doctest.h>
@@ -33,17 +32,4 @@ TEST_CASE ("Strips: a dial shows the frame nearest to its value, a meter its par
     for (const auto& [value, frame] : { std::pair{ 0.049f, 0 }, { 0.05f, 1 }, { 0.999f, 19 }, { 1.0f, 19 } })
         CHECK (FrameAt<ZAnimVuMeter> (value, 20) == frame);
     CHECK (FrameAt<ZAnimRotarySwitch> (2.0f / 3, 40) == 2); // whatever the length of the strip
-}
-
-TEST_CASE ("Pictures and meters: show themselves, and the mouse reaches what lies below")
-{
-    PaneFixture fixture;
-    ZView root (&fixture, { 0, 0, 100, 100 });
-    const auto picture = CreateBitmapPicture (&fixture, { 0, 0, 40, 30 }, 1, &fixture.strip, { 3, 4 });
-    const auto meter = CreateAnim<ZAnimVuMeter> (&fixture, { 0, 0, 10, 10 }, 2, &fixture.strip, 20, 1, {});
-    root.AddPane (picture.get ());
-    root.AddPane (meter.get ());
-    CHECK (root.FindPane (fixture.event, fixture.At ({ 5, 5 })) == nullptr);
-    CHECK (fixture.Drawn (*picture) == Calls{ "DrawBitmap strip 0,0,40,30 from 3,4" });
-    CHECK (fixture.FrameShown (*meter) == 0);
 }

@@ -15,25 +15,6 @@ constexpr ZRect kPlace{ 50, 50, 150, 60 };
 
 } // namespace
 
-TEST_CASE ("ZSlider: the thumb stands at its value, from the left or from the bottom by the longer side of the frame")
-{
-    ZSlider across (nullptr, { 50, 50, 150, 60 }, 0);
-    across.SetValue (0.5f);
-    CHECK (across.GetKnobRect () == ZRect{ 95, 50, 105, 60 });
-    across.SetStyle (kHorizontal | kReversed);
-    across.SetValue (0.9f);
-    CHECK (across.GetKnobRect () == ZRect{ 59, 50, 69, 60 });
-    across.SetValue (-3e30f); // whatever its value, the thumb stays in the track
-    CHECK (across.GetKnobRect () == ZRect{ 140, 50, 150, 60 });
-
-    ZSlider upright (nullptr, { 50, 50, 60, 150 }, 0);
-    upright.SetValue (1.0f);
-    CHECK (upright.GetKnobRect () == ZRect{ 50, 50, 60, 60 });
-    upright.SetKnobRect ({ 1, -3, 9, 17 });
-    upright.SetValue (0.0f);
-    CHECK (upright.GetKnobRect () == ZRect{ 51, 127, 59, 147 });
-}
-
 TEST_CASE ("ZSlider: a jump centres the thumb on the pointer and follows it, a fine drag ends where the pointer is")
 {
     Fixture fixture (kPlace, kSliderJump, 0.0f);
@@ -133,16 +114,4 @@ TEST_CASE ("ZKnobSlider: draws the background, and over it the thumb in its plac
            Calls{ "DrawBitmap strip 50,50,150,60 from 7,8", "DrawBitmap strip 95,50,105,60 from 1,2" });
     fixture.control.SetActive (false);
     CHECK (fixture.Drawn (fixture.control) == Calls{ "DrawBitmap strip 95,50,105,60 from 3,4" });
-}
-
-TEST_CASE ("ZSlider: one that ends in an endless drag leaves the cursor shown")
-{
-    PaneFixture fixture;
-    {
-        ZSlider slider (&fixture, kPlace, 3);
-        slider.SetDragMode (kSliderEndless);
-        fixture.Press (slider, { 96, 55 });
-        CHECK (fixture.window.cursorShown == 0);
-    }
-    CHECK (fixture.window.cursorShown == 1);
 }

@@ -78,23 +78,6 @@ TEST_CASE ("ZDrawText: writes in a named font, whose name is cut at a whole char
            Calls{ "SetColor 1,2,3,255", "SetFont " + std::string (254, 'n') + " 17 2", "DrawText 'x' 0,0,90,20 20" });
 }
 
-TEST_CASE ("Bitmap fonts: a row stands left, in the middle or, without a word about it, at the right and the bottom")
-{
-    Sheet sheet;
-    ZDrawAsciiFont font;
-    for (const auto& [alignment, place] : { std::pair{ kAlignLeft | kAlignTop, "7,3,17,23" },
-                                            { kAlignCenter | kAlignMiddle, "42,13,52,33" }, // 35 from the left
-                                            { 0, "77,23,87,43" },
-                                            { kAlignLeft | kAlignCenter, "7,23,17,43" } })
-    {
-        font.SetFontActive (&sheet.strip, 10, 20, alignment, {});
-        const auto calls = sheet.Active (font, ZRect{ 7, 3, 107, 43 }, "abc");
-        CHECK (calls.front () == std::string ("DrawBitmap strip ") + place + " from 60,20");
-    }
-    font.SetFontActive (&sheet.strip, 10, 20, kAlignCenter, {}); // wider than the rectangle: half of -5, towards zero
-    CHECK (sheet.Active (font, ZRect{ 0, 0, 5, 20 }, "a") == Calls{ "DrawBitmap strip -2,0,8,20 from 60,20" });
-}
-
 TEST_CASE ("Bitmap fonts: one finds its glyphs in its list, the other by the two halves of the code")
 {
     Sheet sheet;

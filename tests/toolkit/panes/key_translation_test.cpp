@@ -13,37 +13,11 @@ TEST_CASE ("TranslateKey: virtual codes give the panes' codes, and a character w
         std::int32_t key;
         std::int32_t character; // 0: the host's
     };
-    for (const auto& row : { Row{ 1, kKeyBack, 8 },
-                             Row{ 2, kKeyTab, 9 },
-                             Row{ 3, kKeyClear, 0 },
-                             Row{ 4, kKeyReturn, 13 },
-                             Row{ 5, kKeyNone, 0 },
-                             Row{ 6, kKeyEscape, 27 },
-                             Row{ 7, kKeySpace, ' ' },
-                             Row{ 9, kKeyEnd, 0 },
-                             Row{ 10, kKeyHome, 0 },
-                             Row{ 11, kKeyLeft, 0 },
-                             Row{ 12, kKeyUp, 0 },
-                             Row{ 13, kKeyRight, 0 },
-                             Row{ 14, kKeyDown, 0 },
-                             Row{ 15, kKeyPageUp, 0 },
-                             Row{ 16, kKeyPageDown, 0 },
-                             Row{ 19, kKeyEnter, 3 },
-                             Row{ 21, kKeyInsert, 0 },
-                             Row{ 22, kKeyDelete, 127 },
-                             Row{ 23, kKeyHelp, 0 },
-                             Row{ 24, kKeyNumPad0, '0' },
-                             Row{ 33, 28, '9' },
-                             Row{ 34, kKeyMultiply, '*' },
-                             Row{ 35, kKeyAdd, '+' },
-                             Row{ 36, kKeySeparator, ',' },
-                             Row{ 37, kKeySubtract, '-' },
-                             Row{ 38, kKeyDecimal, '.' },
-                             Row{ 39, kKeyDivide, '/' },
-                             Row{ 40, kKeyF1, 0 },
-                             Row{ 51, 47, 0 },
-                             Row{ 52, kKeyNone, 0 },
-                             Row{ 57, kKeyEquals, '=' } })
+    for (const auto& row :
+         { Row{ 3, kKeyClear, 0 }, Row{ 4, kKeyReturn, 13 }, Row{ 5, kKeyNone, 0 }, Row{ 7, kKeySpace, ' ' },
+           Row{ 11, kKeyLeft, 0 }, Row{ 19, kKeyEnter, 3 }, Row{ 22, kKeyDelete, 127 }, Row{ 24, kKeyNumPad0, '0' },
+           Row{ 33, 28, '9' }, Row{ 34, kKeyMultiply, '*' }, Row{ 40, kKeyF1, 0 }, Row{ 51, 47, 0 },
+           Row{ 52, kKeyNone, 0 }, Row{ 57, kKeyEquals, '=' } })
     {
         CAPTURE (row.virtualCode);
         const auto key = TranslateKey ({ 'x', row.virtualCode, 0 });

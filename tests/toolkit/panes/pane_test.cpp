@@ -19,6 +19,7 @@ struct ProbePane : ZPane
         event.SetMousePos (mouse.point);
         return true;
     }
+    bool OnOpenModal (ZEvent&, const ZMouseInput& mouse) override { return mouse.modifiers != 0; }
     bool OnMouseMove (ZEvent&, const ZMouseInput&) override { return true; }
     bool OnMouseUp (ZEvent&, const ZMouseInput&) override { return ++ups == 0; }
     void DrawActive (ZCanvas& canvas, std::uint32_t) override { canvas.FillRect (GetFrame ()); }
@@ -49,25 +50,6 @@ struct Tree : PaneFixture
 
 } // namespace
 
-TEST_CASE_FIXTURE (Tree, "ZPane: a double click is a second press on the same pixel in the window's time, no third one")
-{
-    struct Row
-    {
-        std::uint32_t time;
-        std::int32_t x;
-        bool isDouble;
-    };
-    for (const auto& row : { Row{ 1000, 115, false }, Row{ 1400, 115, true }, Row{ 1400, 115, false },
-                             Row{ 1400, 115, true }, Row{ 2400, 115, false }, Row{ 2801, 115, false },
-                             Row{ 2810, 116, false }, Row{ 0xFFFFFFF0u, 116, false }, Row{ 100, 116, true } }) // wraps
-    {
-        CAPTURE (row.time);
-        window.time = row.time;
-        Press (pane, { row.x, 75 });
-        CHECK (pane.pressed.IsDoubleClick () == row.isDouble);
-    }
-}
-
 TEST_CASE_FIXTURE (Tree, "ZPane: a handler sees its parent's coordinates, and its release when disabled in mid-drag")
 {
     event.SetOrigin ({ 3, 4 });
@@ -81,30 +63,6 @@ TEST_CASE_FIXTURE (Tree, "ZPane: a handler sees its parent's coordinates, and it
     CHECK_FALSE (Drag (pane, { 117, 75 }));
     CHECK (pane.ups == 1);
     CHECK_FALSE (Press (pane, { 115, 75 }));
-}
-
-TEST_CASE_FIXTURE (Tree, "ZPane: one that ends in its own handler leaves nothing behind")
-{
-    struct Brief final : ZPane
-    {
-        using ZPane::ZPane;
-        bool OnOpenModal (ZEvent&, const ZMouseInput& mouse) override { return mouse.modifiers != 0; }
-        bool OnMouseDown (ZEvent&, const ZMouseInput&) override { return OnCloseModal (true); }
-        bool OnCloseModal (bool) override
-        {
-            delete this;
-            return true;
-        }
-    };
-    auto* brief = new Brief (this);
-    view.AddPane (brief);
-    CHECK (Press (*brief, { 115, 75 }));
-    brief = new Brief (this);
-    view.AddPane (brief);
-    CHECK (Press (*brief, { 115, 75 }, kShift));
-    CHECK (brief->CloseModal (true));
-    CHECK (view.GetPaneCount () == 1);
-    CHECK (modal == nullptr);
 }
 
 TEST_CASE_FIXTURE (Tree, "ZView: a pass draws what is dirty and nothing else, in the coordinates of its place")
@@ -142,6 +100,7 @@ TEST_CASE_FIXTURE (Tree, "ZView: the topmost pane is found, a disabled one and t
         CHECK (found ({ 115, 75 }) == &pane);
         top.SetMouseEnabled (false);
         CHECK (found ({ 125, 75 }) == &pane);
+        CHECK_FALSE (top.OpenModal (event, At ({ 125, 75 }, 0, kShift)));
         modal = &top;
     }
     CHECK (modal == nullptr);
@@ -149,62 +108,4 @@ TEST_CASE_FIXTURE (Tree, "ZView: the topmost pane is found, a disabled one and t
     pane.MoveTo ({ 190, 10 });
     view.FitToPanes ();
     CHECK (view.GetFrame () == ZRect{ 100, 50, 320, 250 });
-}
-
-TEST_CASE ("ZPane: the operations by id reach a pane's own way to show, hide and switch")
-{
-    struct Dialog : ZPane
-    {
-        using ZPane::ZPane;
-        int calls = 0;
-        void Show () override { ++calls; }
-        void Hide () override { ++calls; }
-        void SetActive (bool) override { ++calls; }
-        void SetMouseEnabled (bool) override { ++calls; }
-    };
-    Dialog dialog (nullptr);
-    dialog.SetId (7);
-    dialog.ShowById (7);
-    dialog.HideById (kEveryPane);
-    dialog.SetActiveById (7, false);
-    dialog.SetMouseEnabledById (7, false);
-    dialog.ShowById (8);
-    CHECK (dialog.calls == 4);
-}
-
-TEST_CASE ("ZPane: what is hidden or takes no mouse is neither found nor pressed nor entered")
-{
-    struct Counting : ZPane
-    {
-        using ZPane::ZPane;
-        int heard = 0;
-        bool OnMouseDown (ZEvent&, const ZMouseInput&) override { return ++heard != 0; }
-        bool OnOpenModal (ZEvent&, const ZMouseInput&) override
-        {
-            ++heard;
-            return false;
-        }
-        void OnMouseEnter (ZEvent&, const ZMouseInput&) override { ++heard; }
-    };
-    InputDriver driver;
-    Counting pane (nullptr);
-    pane.SetFrame ({ 0, 0, 10, 10 });
-    const auto reached = [&]
-    {
-        const auto mouse = driver.At ({ 5, 5 });
-        pane.heard = 0;
-        const auto found = pane.FindPane (driver.event, mouse) == &pane;
-        pane.MouseDown (driver.event, mouse);
-        pane.OpenModal (driver.event, mouse);
-        pane.MouseEnter (driver.event, mouse);
-        return pane.heard + (found ? 1 : 0);
-    };
-    CHECK (reached () == 5); // a press asks for the modal state first
-    pane.Hide ();
-    CHECK (reached () == 0);
-    pane.Show ();
-    pane.SetMouseEnabled (false);
-    CHECK (reached () == 0);
-    pane.Hide ();
-    CHECK (reached () == 0);
 }
