@@ -234,25 +234,13 @@ TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: takes the effect's events, and ask
 namespace
 {
 
-/// Shows parameter 3 before all others, and hears of everything that is the effect's own.
+/// Hears of everything that is the effect's own.
 struct OwnEventsFixture : SmallFixture
 {
     std::vector<std::int32_t> heard;
-    std::vector<void*> adopted; // null: let go
 
     bool TakesOwnEvent (std::int32_t code) const override { return code != kCodeFirstOfEffect; }
     void OnOwnEvent (std::int32_t code) override { heard.push_back (code); }
-    void OnCore (ZPluginCore* core) override { adopted.push_back (core); }
-    void OnStorage (ZParameterStorageBase* adoptedStorage) override
-    {
-        SmallFixture::OnStorage (adoptedStorage);
-        adopted.push_back (adoptedStorage);
-    }
-    void ShowChangedParameters () override
-    {
-        ParameterChanged (3, GetCurrentValues ()[3]);
-        SmallFixture::ShowChangedParameters ();
-    }
 };
 
 } // namespace
@@ -276,79 +264,29 @@ TEST_CASE_FIXTURE (OwnEventsFixture, "ZGuiEditor: the effect's own events wait f
     CHECK (heard == std::vector{ kCodeFirstOfEffect + 4, kCodeFirstOfEffect + 31 });
 }
 
-TEST_CASE_FIXTURE (OwnEventsFixture, "ZGuiEditor: a derived editor hears that the effect's objects go")
+TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: Close and Remove end what is captured, with all panes of a view")
 {
     Open ({});
-    OnEffectEvent (kCodeCore, nullptr);
-    OnEffectEvent (kCodeStorage, nullptr);
-    CHECK (adopted == std::vector<void*>{ nullptr, nullptr });
-}
-
-TEST_CASE_FIXTURE (OwnEventsFixture, "ZGuiEditor: a derived poll shows one parameter first, changed or not")
-{
-    Open ({});
-    Tick ();
-    changed.clear ();
-    wrapper.storage.SetNormalized (1, 0.5f);
-    Tick ();
-    Tick (); // nothing differs
-    CHECK (changed == std::vector{ 3, 1 });
-    changed.clear ();
-    wrapper.storage.SetNormalized (0, 0.5f);
-    wrapper.storage.SetNormalized (3, 0.5f);
-    Tick ();
-    CHECK (changed == std::vector{ 3, 0 });
-    CHECK (GetLastValues () == GetCurrentValues ());
-}
-
-TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: Invalidate (false) loses no pending redraw")
-{
-    Open ({});
-    Invalidate (false);
-    CHECK (NeedsRedraw ());
-}
-
-TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: takes no null pane, control or meter")
-{
-    Open ({});
-    CHECK (AddControl (*GetRootView (), std::unique_ptr<ZControl> ()) == nullptr);
-    CHECK (AddMeter (*GetRootView (), std::unique_ptr<ZControl> ()) == nullptr);
-    CHECK (AddPane (*GetRootView (), std::unique_ptr<ZPane> ()) == nullptr);
-    CHECK (GetControls ().GetCount () == 3);
-    CHECK (GetMeters ().GetCount () == 1);
-}
-
-TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: Remove ends a view with all that is in it")
-{
-    Open ({});
-    auto* page = AddPane (*GetRootView (), std::make_unique<ZView> (this, ZRect{ 0, 0, 40, 40 }));
-    auto* inner = AddPane (*page, std::make_unique<ZView> (this, ZRect{ 0, 0, 40, 40 }));
-    AddProbe (*inner, { 0, 0, 40, 40 }, 5);
-    CHECK (Press ({ 5, 5 })); // on the probe
-    CHECK (Remove (page));
-    CHECK (GetControls ().GetCount () == 3);
-    CHECK_FALSE (Drag ({ 6, 6 }));
-    CHECK (GetFocusPane () == nullptr);
-    CHECK_FALSE (Remove (page)); // gone
-}
-
-TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: closing in an endless drag shows the cursor and captures nothing")
-{
-    Open ({});
-    auto* slider = AddControl (*GetRootView (), std::make_unique<ZSlider> (this, ZRect{ 0, 0, 100, 10 }, 0));
+    auto* page = AddPane (*GetRootView (), std::make_unique<ZView> (this, ZRect{ 0, 0, 100, 40 }));
+    auto* inner = AddPane (*page, std::make_unique<ZView> (this, ZRect{ 0, 0, 100, 40 }));
+    auto* slider = AddControl (*inner, std::make_unique<ZSlider> (this, ZRect{ 0, 0, 100, 10 }, 0));
     slider->SetDragMode (kSliderEndless);
     CHECK (Press ({ 5, 5 }));
     CHECK (window.cursorShown == 0);
-    SUBCASE ("by Close")
+    SUBCASE ("Close")
     {
         Close ();
     }
-    SUBCASE ("by Remove")
+    SUBCASE ("Remove")
     {
-        Remove (slider);
+        CHECK (Remove (page));
+        CHECK (GetControls ().GetCount () == 3);
+        CHECK (GetFocusPane () == nullptr);
+        CHECK_FALSE (Remove (page)); // gone
     }
     CHECK (wrapper.cursorsShown == 1);
     CHECK (GetCapturePane () == nullptr);
+    CHECK_FALSE (Drag ({ 6, 6 }));
 }
 
 TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: what another thread posts is carried out in the next tick")

@@ -111,12 +111,3 @@ TEST_CASE_FIXTURE (HoverFixture, "ZOldHoverGuiEditor: keeps a layer's pixels onl
     upperControl->Show ();
     CHECK (Paint ().size () == 5);
 }
-
-TEST_CASE_FIXTURE (PlainFixture, "ZOldGuiEditor: showing a page that is not there changes nothing")
-{
-    Open ({});
-    CHECK (Remove (GetBackView ()));
-    CHECK (GetControls ().GetCount () == 1); // its control went with it
-    ShowBack ();
-    CHECK (GetFrontView ()->IsVisible ());
-}
