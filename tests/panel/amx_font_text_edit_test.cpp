@@ -27,12 +27,6 @@ struct ReadoutFixture : MessageFixture
         text->SetColumns (0, 1);
         text->SetValue (0.5f);
     }
-    void DoubleClick (ZPoint point)
-    {
-        Click (point);
-        TakeMessages ();
-        Click (point);
-    }
 };
 
 } // namespace
@@ -86,45 +80,4 @@ TEST_CASE_FIXTURE (ReadoutFixture, "A touch ends with the pointer's exit or the 
     CHECK_FALSE (text->KeyDown (event, { 0, 0, kKeyUp, window.time }));
     CHECK (TakeMessages () == Messages{ 2 });
     CHECK (text->GetValue () == Approx (0.33));
-}
-
-TEST_CASE_FIXTURE (ReadoutFixture, "An open field is one touch and keeps wheel and keys")
-{
-    DoubleClick (kMiddle);
-    REQUIRE (text->IsFieldOpen ());
-    CHECK_FALSE (text->MouseWheel (event, { kMiddle, 1, window.time }));
-    Key (kKeyUp);
-    ReleaseKey (kKeyUp);
-    Key (kKeyNone, '1');
-    CHECK (TakeMessages () == Messages{ 2 });
-    CHECK (text->GetValue () == 0.5f);
-    Key (kKeyReturn, 13);
-    CHECK (TakeMessages () == Messages{ 4 });
-    CHECK (text->GetValue () == 1.0f);
-    CHECK_FALSE (text->IsFieldOpen ());
-}
-
-TEST_CASE_FIXTURE (ReadoutFixture, "The copy above a ring is digits without field and background")
-{
-    Paint ();
-    text->SetBright (true, false);
-    CHECK (Paint ().empty ());
-    text->SetBright (true, true);
-    CHECK (Paint () ==
-           Calls{ "DrawBitmap panel 109,66,134,77 from 109,66", "DrawBitmap font 129,66,134,77 from 5,11" });
-    text->HideDigits ();
-    CHECK (Paint ().empty ());
-    text->SetDirty (true);
-    CHECK (Paint () == Calls{ "DrawBitmap panel 109,66,134,77 from 109,66" });
-    text->SetFlags (0);
-    text->SetDirty (true);
-    CHECK (Paint () == Calls{ "DrawBitmap font 129,66,134,77 from 5,11" });
-    DoubleClick (kMiddle);
-    const ZMouseInput twice{ kMiddle, kLeftButton | kDoubleClick, 0, window.time };
-    CHECK_FALSE (text->OnOpenModal (event, twice));
-    CHECK_FALSE (text->IsFieldOpen ());
-    CHECK (TakeMessages ().empty ());
-    text->SetFlags (3);
-    text->ShowDigits ();
-    CHECK (Paint ().size () == 2);
 }

@@ -86,28 +86,6 @@ TEST_CASE_FIXTURE (DriveFixture, "A large dial is edited from the first touch to
     CHECK (TakeMessages () == Messages{ 1, 1, 0 });
 }
 
-TEST_CASE_FIXTURE (DriveFixture, "A large dial that is off takes neither wheel nor keys")
-{
-    SetFocusPane (dial);
-    dial->SetMouseEnabled (false);
-    dial->KeyDown (event, { 0, 0, kKeyUp, window.time });
-    dial->MouseWheel (event, { kMiddle, 1, window.time });
-    CHECK (dial->GetValue () == 0.0f);
-    CHECK (TakeMessages ().empty ());
-}
-
-TEST_CASE_FIXTURE (DriveFixture, "A highlight without a redraw leaves a changed value to be painted")
-{
-    Paint ();
-    dial->SetBright (true, false);
-    CHECK_FALSE (dial->IsDirty ());
-    dial->SetValue (0.5f);
-    dial->SetBright (false, false);
-    CHECK (dial->IsDirty ());
-    dial->SetBright (true, true);
-    CHECK (Source () == ZPoint{ 164, 50 * 92 });
-}
-
 TEST_CASE_FIXTURE (MorphFixture, "The morph dial glides to the value's frame, faster under the hand")
 {
     dial->SetValue (1.0f);
@@ -146,12 +124,7 @@ TEST_CASE_FIXTURE (MorphFixture, "The morph dial's light wins over its modified 
     CHECK (Column () == 2);
     dial->SetBright (true, true);
     CHECK (Column () == 1);
-    dial->SetModified (false);
-    dial->SetModified (true);
-    CHECK (Column () == 1);
     dial->SetBright (false, true);
-    CHECK (Column () == 2);
-    dial->SetValue (0.0f); // the present one
     CHECK (Column () == 2);
     ParameterChanged (kFreeId, 0.5f);
     CHECK (Column () == 0);

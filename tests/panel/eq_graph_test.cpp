@@ -297,14 +297,3 @@ TEST_CASE ("EqGraph: markers and curves show which bands are touched")
     f.graph.SetActive (false);
     looks ({ 2, 2, 2 }, { inactive, inactive, inactive, kSumCurve.inactive });
 }
-
-TEST_CASE ("EqGraph: each parameter of the equalizer draws it anew, and no other")
-{
-    GraphFixture f;
-    for (std::int32_t id = 0; id < kStripParameterCount; ++id)
-    {
-        f.graph.SetDirty (false);
-        f.graph.SetValueById (id, 0.3f);
-        CHECK (f.graph.IsDirty () == (id >= 10 && id <= 16));
-    }
-}

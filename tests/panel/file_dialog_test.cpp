@@ -1,6 +1,5 @@
 #include "file_dialog.h"
 
-#include "kprd_text_button.h"
 #include "panel_layout.h"
 #include "strip_fixture.h"
 #include <algorithm>
@@ -302,19 +301,4 @@ TEST_CASE ("FileDialog: draws a line for each entry, indented in folders, with t
            "DrawBitmap icon 324,50,333,58 from 0,8", "SetFont Arial 11 0", "DrawText 'one' 353,64,520,82 17",
            "DrawText 'Drums' 338,102,520,120 17", "DrawBitmap icon 324,107,333,115 from 0,0" })
         CHECK_MESSAGE (std::count (log.begin (), log.end (), call) > 0, call);
-}
-
-TEST_CASE ("KPRDTextButton: shows the set's name, in the middle or from its beginning")
-{
-    StripFixture f;
-    ZAMX_KPRDTextButton button (&f, kNameButton, kNameButtonId);
-    f.Show (button);
-    button.SetTextRect (kNameText);
-    CHECK (f.Drawn (button).empty ());
-    button.SetStripStorage (f.storage);
-    CHECK (f.Drawn (button).back () == "DrawText '01 Basic' 318,10,510,23 18");
-    const std::string tooLong (32, 'x'); // of 6 pixels each
-    f.effect.SetKeyPointName (tooLong.c_str ());
-    button.SetActive (false);
-    CHECK (f.Drawn (button).back () == "DrawText '" + tooLong + "' 318,10,510,23 17");
 }

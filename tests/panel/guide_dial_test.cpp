@@ -188,63 +188,6 @@ TEST_CASE_FIXTURE (GuideFixture, "Angles are measured from the knob's centre als
     CHECK (Value () == Approx (0.5));
 }
 
-TEST_CASE_FIXTURE (GuideFixture, "A press inside the inner circle never moves the value")
-{
-    SetDialMode (kDialJump);
-    Click (kMiddle);
-    Click (kMiddle); // a double click, while it grows
-    Grow ();
-    CheckOpen ();
-    Press (kMiddle);
-    Drag ({ 91, 75 });
-    Tick (5000);
-    Release ({ 91, 75 });
-    CheckClosing ();
-    Tick (30);
-    Tick (100);
-    Press (kMiddle);
-    Grow ();
-    CheckOpen ();
-    CHECK (Value () == 0.5f);
-
-    Release (kMiddle);
-    Grow ();
-    CheckClosing ();
-    Hover (kMiddle);
-    Wheel (1);
-    Grow ();
-    CheckOpen ();
-    Press (kMiddle); // holds what the wheel has opened
-    Tick (5000);
-    CHECK (TakeMessages ().empty ());
-    Drag ({ 60, 72 }); // left: 60 of 300 degrees
-    CHECK (Value () == Approx (0.2));
-    Release (kMiddle);
-    CheckClosing ();
-}
-
-TEST_CASE_FIXTURE (GuideFixture, "A ring can be closed at once, and a knob that is off opens none")
-{
-    Press (kMiddle);
-    Grow ();
-    CheckOpen ();
-    knob->SetMouseEnabled (false);
-    ring->CloseAtOnce ();
-    CheckClosing ();
-    CheckClosed ();
-    CHECK_FALSE (Drag (kOnRing));
-    ring->CloseAtOnce ();
-
-    CHECK_FALSE (Press (kMiddle));
-    for (const auto taken :
-         { knob->MouseWheel (event, { kMiddle, 1, window.time }), knob->KeyDown (event, { 0, 0, kKeyUp, window.time }),
-           knob->KeyRepeat (event, { 0, 0, kKeyUp, window.time }) })
-        CHECK_FALSE (taken);
-    CHECK (TakeMessages ().empty ());
-    CHECK (Value () == 0.5f);
-    CheckClosed ();
-}
-
 TEST_CASE_FIXTURE (GuideFixture, "A ring scales with its frame, its middle stands unscaled")
 {
     Paint ();
