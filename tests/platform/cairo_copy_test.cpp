@@ -1,8 +1,6 @@
 #include "cairo_bitmap_imp.h"
 #include "cairo_canvas_imp.h"
 
-#include "bitmap.h"
-#include "canvas.h"
 #include "memory_stream.h"
 #include "pixel_picture.h"
 #include "png.h"
@@ -126,46 +124,6 @@ TEST_CASE ("copies: a frame of a strip shows nothing of its neighbours at any sc
                 Fill (expected, { 3, 1, 3 + size, 1 + size }, kRed);
                 CHECK (Picture (canvas).AsText () == Picture (expected).AsText ());
             }
-}
-
-TEST_CASE ("copies: what was drawn offscreen comes back as it would look on the surface, wherever it lies")
-{
-    // Whatever may be rounded: edges, smoothed and sharp lines, a round clip, text, a stretched image
-    const auto paint = [] (ZCanvas& canvas, ZPoint at, const ZBitmap& bitmap)
-    {
-        canvas.SetColor (kRed, 255);
-        for (const std::int32_t x : { 0, 3, 7, 12 })
-            canvas.FillRect (ZRect{ x, x, x + 2, x + 1 } + at);
-        canvas.MoveTo (at + ZPoint{ 1, 14 });
-        canvas.LineTo (at + ZPoint{ 13, 5 });
-        canvas.StretchBitmap (bitmap, ZRect{ 14, 1, 19, 6 } + at, { 0, 1, 4, 9 });
-        canvas.SetFontSize (4, 0);
-        canvas.DrawText ("Rk", ZRect{ 14, 7, 30, 18 } + at, 0);
-        const ZCanvasStateSt state (canvas);
-        canvas.SetClipEllipse (ZRect{ 1, 15, 12, 21 } + at);
-        canvas.FillRect (ZRect{ 0, 14, 30, 22 } + at);
-    };
-    const ZBitmap bitmap (std::make_unique<ZCairoBitmapImp> ("STRIP.PNG", PngOf (*Strip ())));
-    for (const double scale : kScales)
-        for (const ZPoint origin : { ZPoint{ 4, 0 }, { 1, 2 }, { 3, 5 } })
-        {
-            CAPTURE (scale);
-            CAPTURE (origin.x);
-            ZCairoCanvasImp surface (50, 40, scale);
-            ZOnscreenCanvas canvas (surface);
-            canvas.SetOrigin (origin);
-            ZOffscreenCanvas behind (canvas, { 1, 3, 38, 30 });
-            ZOffscreenCanvas offscreen (behind, { 4, 6, 34, 28 }); // one in another
-            paint (offscreen, { 4, 6 }, bitmap);
-            behind.CopyCanvas (offscreen, { 4, 6, 34, 28 }, { 4, 6 });
-            for (const ZRect& part : { ZRect{ 1, 3, 12, 30 }, { 12, 3, 38, 13 }, { 12, 13, 38, 30 } })
-                canvas.CopyCanvas (behind, part, part.TopLeft ());
-
-            ZCairoCanvasImp expected (50, 40, scale);
-            ZOnscreenCanvas straight (expected);
-            paint (straight, origin + ZPoint{ 4, 6 }, bitmap);
-            CHECK (Picture (surface).IsLike (Picture (expected), 0));
-        }
 }
 
 TEST_CASE ("images: come from a stream, and from the store by name in any case, finer ones for finer surfaces")

@@ -104,14 +104,10 @@ TEST_CASE ("tiled images: are shared by threads")
 {
     const auto pack = Packed ();
     const auto cache = std::make_shared<TileCache> (pack, 1, 3 * kTileBytes);
-    const auto expected = Picture (
-        [&]
-        {
-            ZCairoCanvasImp canvas (24, 30, 1.0);
-            auto whole = Whole (1);
-            canvas.DrawBitmapPlain (whole, { 0, 0, 24, 30 }, {});
-            return Picture (canvas);
-        }());
+    ZCairoCanvasImp straight (24, 30, 1.0);
+    auto whole = Whole (1);
+    straight.DrawBitmapPlain (whole, { 0, 0, 24, 30 }, {});
+    const Picture expected (straight);
     const auto draw = [&]
     {
         for (int round = 0; round < 20; ++round)
