@@ -18,7 +18,6 @@ constexpr ZPoint kToTop{ 527, 50 };
 constexpr ZPoint kToBottom{ 527, 265 };
 constexpr ZPoint kLineUp{ 527, 65 };
 constexpr ZPoint kLineDown{ 527, 250 };
-constexpr ZRect kTrack{ 520, 75, 535, 242 };
 
 /// Two folders of two files each and 20 files: 22 lines with the folders closed, of which 12 are in sight.
 void TwoFoldersAndFiles (KPRD_Entries& list)
@@ -277,18 +276,6 @@ TEST_CASE ("FileDialog: keys move the cursor and keep it in sight")
     goes (kKeyDown, "t", 10); // stays, and comes back into sight
     goes (kKeyPageUp, "h", 9);
     goes (kKeyPageUp, "Bass", 0);
-}
-
-TEST_CASE ("FileDialog: with fewer lines than rows nothing scrolls")
-{
-    DialogFixture f ([] (KPRD_Entries& list) { MadeUpCollection::AddFile (list, "only"); });
-    CHECK (f.dialog.ThumbRect () == kTrack);
-    for (const auto point : { ZPoint{ 527, 100 }, kLineDown, kToBottom, f.OnText (3) })
-        f.Click (point);
-    f.window.pointer = f.OnText (0);
-    CHECK_FALSE (f.Wheel (f.dialog, -1));
-    CHECK (f.Top () == 0);
-    CHECK (f.Cursor ().empty ());
 }
 
 TEST_CASE ("FileDialog: draws a line for each entry, indented in folders, with the cursor's bar")

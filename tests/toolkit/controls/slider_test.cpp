@@ -103,15 +103,3 @@ TEST_CASE ("ZSlider: without travel nothing moves")
         CHECK (fixture.control.GetKnobRect ().left == 50);
     }
 }
-
-TEST_CASE ("ZKnobSlider: draws the background, and over it the thumb in its place")
-{
-    Fixture fixture (kPlace, kSliderJump, 0.5f);
-    fixture.control.ZDrawBack::SetBitmapActive (&fixture.strip, { 7, 8 });
-    fixture.control.ZDrawKnob::SetBitmapActive (&fixture.strip, { 1, 2 });
-    fixture.control.ZDrawKnob::SetBitmapInactive (&fixture.strip, { 3, 4 });
-    CHECK (fixture.Drawn (fixture.control) ==
-           Calls{ "DrawBitmap strip 50,50,150,60 from 7,8", "DrawBitmap strip 95,50,105,60 from 1,2" });
-    fixture.control.SetActive (false);
-    CHECK (fixture.Drawn (fixture.control) == Calls{ "DrawBitmap strip 95,50,105,60 from 3,4" });
-}

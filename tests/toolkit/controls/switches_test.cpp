@@ -20,29 +20,6 @@ constexpr ZRect kPlace{ 100, 100, 160, 160 }; // of a rotary switch
 
 } // namespace
 
-TEST_CASE ("ZRotarySwitch: a drag sends positions and nothing between them")
-{
-    Rotary straight (kPlace, kDialLinear, 0.0f);
-    straight.control.SetStep (1.0f / 3);
-    straight.Pressed ({ 130, 130 });
-    for (std::int32_t y = 129; y > 0; --y)
-        straight.Drag (straight.control, { 130, y });
-    for (std::int32_t y = 1; y < 130; ++y)
-        straight.Drag (straight.control, { 130, y });
-    CHECK (straight.TakeValues () == Values{ 0.5f, 1.0f, 0.5f, 0.0f });
-
-    Rotary jump (kPlace, kDialJump, 0.0f);
-    jump.control.SetStep (1.0f / 3);
-    CHECK (jump.Pressed ({ 110, 130 }) == kLow); // 90 degrees are in the first third, whose value the turn counts from
-    for (const ZPoint point : { ZPoint{ 130, 110 }, { 150, 130 }, { 149, 149 }, { 131, 150 } })
-        jump.Drag (jump.control, point);
-    CHECK (jump.TakeValues () == Values{ 0.5f, 1.0f });
-
-    straight.control.SetStep (1.0f); // a single position
-    straight.Pressed ({ 130, 130 });
-    CHECK (straight.Dragged ({ 130, 0 }) == kNone);
-}
-
 TEST_CASE ("ZRotarySwitch: by angle each position has an equal part of the widened sweep, a press beyond is refused")
 {
     struct Row

@@ -29,27 +29,6 @@ struct Sheet : PaneFixture
 
 } // namespace
 
-TEST_CASE ("ZDrawBack: each look draws its own kind, and a kind switched off keeps its data")
-{
-    Sheet sheet;
-    ZDrawBack back;
-    const ZRect rect{ 1, 2, 11, 22 };
-    back.SetBitmapActive (&sheet.strip, { 5, 6 });
-    back.SetColorAlphaInactive ({ 1, 2, 3 }, 40);
-    CHECK (sheet.Inactive (back, rect) == Calls{ "SetColor 1,2,3,40", "FillRect 1,2,11,22" });
-    back.SetKindActive0 ();
-    CHECK (sheet.Active (back, rect).empty ());
-    back.SetKindActive1 ();
-    CHECK (sheet.Active (back, rect) == Calls{ "DrawBitmap strip 1,2,11,22 from 5,6" });
-    back.SetColorInactive ({ 7, 8, 9 });
-    CHECK (sheet.Inactive (back, rect) == Calls{ "SetColor 7,8,9,255", "FillRect 1,2,11,22" });
-    back.SetBitmapActive (nullptr, {});
-    CHECK (sheet.Active (back, rect).empty ());
-    ZDrawKnob knob;
-    knob.SetBitmapActive (nullptr, {});
-    CHECK (sheet.Active (knob, rect).empty ());
-}
-
 TEST_CASE ("ZDrawAnim: a frame is looked up in the strip, at its own height or that of the rectangle, within the strip")
 {
     Sheet sheet;
@@ -65,8 +44,14 @@ TEST_CASE ("ZDrawAnim: a frame is looked up in the strip, at its own height or t
     CHECK (sheet.Inactive (anim, rect, 1) == Calls{ "StretchBitmap strip 10,10,50,50 from 3,44,43,84" });
     anim.SetAnimActive (&sheet.strip, 0, 10, {}); // no frame at all
     CHECK (sheet.Active (anim, rect, 3) == Calls{ "DrawBitmap strip 10,10,50,50 from 0,0" });
-    anim.SetAnimActive (nullptr, 2, 0, {});
+    anim.SetAnimActive (nullptr, 2, 0, {}); // without an image nothing is drawn
     CHECK (sheet.Active (anim, rect, 0).empty ());
+    ZDrawBack back;
+    back.SetBitmapActive (nullptr, {});
+    CHECK (sheet.Active (back, rect).empty ());
+    ZDrawKnob knob;
+    knob.SetBitmapActive (nullptr, {});
+    CHECK (sheet.Active (knob, rect).empty ());
 }
 
 TEST_CASE ("ZDrawText: writes in a named font, whose name is cut at a whole character")

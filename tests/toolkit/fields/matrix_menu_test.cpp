@@ -239,16 +239,3 @@ TEST_CASE ("ZAnimMatrixMenu: shows its item's frame, is stepped with nothing sel
     CHECK (menu.GetSelected () == -1); // there is no item 3 any more
     CHECK_FALSE (fixture.Press (menu, { 1, 1 }));
 }
-
-TEST_CASE ("ZMatrixMenu: a long text of an item is cut at a whole character within 255 bytes")
-{
-    RecordingCanvasImp back;
-    ZOnscreenCanvas canvas (back);
-    ZCanvasMenuImp menu (canvas);
-    menu.InsertItem (0, std::string (300, 'a'));
-    menu.InsertItem (1, std::string (255, 'b'));
-    menu.InsertItem (2, std::string (254, 'c') + "\u00e4"); // its last byte would be the 256th
-    CHECK (menu.GetItemText (0) == std::string (255, 'a'));
-    CHECK (menu.GetItemText (1) == std::string (255, 'b'));
-    CHECK (menu.GetItemText (2) == std::string (254, 'c'));
-}
