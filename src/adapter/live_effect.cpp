@@ -1,7 +1,10 @@
 #include "live_effect.h"
 
+#include "memory_stream.h"
 #include "result.h"
+#include <cstdint>
 #include <mutex>
+#include <vector>
 
 namespace tessaly
 {
@@ -48,6 +51,23 @@ std::shared_ptr<LiveEffect> LiveEffect::Find (const ZEffect* effect)
         if (life->effect.get () == effect)
             return life->weak_from_this ().lock ();
     return nullptr;
+}
+
+void LiveEffect::TakeStateOf (LiveEffect& other)
+{
+    std::vector<std::uint8_t> bytes (static_cast<std::size_t> (other.effect->GetStateSize ()));
+    const auto size = static_cast<std::int32_t> (bytes.size ());
+    ZMemoryStream written (bytes.data (), size);
+    other.effect->WriteState (&written);
+
+    const auto alone = latePoints ? latePoints->Exclude () : ardour::LatePoints::Exclusion ();
+    if (latePoints)
+        latePoints->Forget ();
+    ZMemoryStream stored (bytes.data (), size, size);
+    effect->SetLoading (true);
+    effect->ReadState (&stored);
+    effect->SetLoading (false);
+    MarkValuesMoved ();
 }
 
 void LiveEffect::End ()

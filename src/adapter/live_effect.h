@@ -41,6 +41,9 @@ public:
     void End ();
     bool HasEnded () const { return ended.load (std::memory_order_acquire); } ///< any thread
 
+    /// The whole state of another life's effect, whose values are told from here on. Not the audio thread.
+    void TakeStateOf (LiveEffect& other);
+
     /// In Ardour alone. Set once, before List.
     void SetLatePoints (std::unique_ptr<ardour::LatePoints> points) { latePoints = std::move (points); }
     ardour::LatePoints* LatePoints () const { return latePoints.get (); } ///< null in every other host

@@ -177,6 +177,7 @@ void ZVst3ControllerWrapper::SyncParameter (std::int32_t index)
         if (EditControllerEx1::getParamNormalized (static_cast<Vst::ParamID> (i)) != static_cast<double> (value))
             ReportToHost (i, value);
     }
+    UpdateCopies ();
 }
 
 void ZVst3ControllerWrapper::ReportToHost (std::int32_t index, float value)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "copy_handler.h"
 #include "edit_brackets.h"
 #include "editor_controller.h"
 #include "host_timer.h"
@@ -37,6 +38,7 @@ class LiveEffect;
 class ZVst3ControllerWrapper final : public Steinberg::Vst::EditControllerEx1,
                                      public Steinberg::Vst::IMidiMapping,
                                      public Steinberg::Vst::IXmlRepresentationController,
+                                     public ardour::ICopyHandler,
                                      public EditorController,
                                      private EditHost
 {
@@ -93,6 +95,10 @@ public:
     Steinberg::tresult PLUGIN_API setUnitProgramData (Steinberg::int32 listOrUnitId, Steinberg::int32 programIndex,
                                                       Steinberg::IBStream* data) override;
 
+    // ICopyHandler, in Ardour alone
+    Steinberg::tresult PLUGIN_API addSlave (Steinberg::Vst::IEditController* copy, Steinberg::int32 mode) override;
+    Steinberg::tresult PLUGIN_API removeSlave (Steinberg::Vst::IEditController* copy) override;
+
     // EditorController
     bool QueryEffect (std::int32_t kind, void* out) override;
     bool GetInfo (std::int32_t kind, void* out) override;
@@ -124,6 +130,8 @@ public:
     DEFINE_INTERFACES
     DEF_INTERFACE (Steinberg::Vst::IMidiMapping)
     DEF_INTERFACE (Steinberg::Vst::IXmlRepresentationController)
+    if (LatePoints () != nullptr)
+        DEF_INTERFACE (ardour::ICopyHandler)
     END_DEFINE_INTERFACES (Steinberg::Vst::EditControllerEx1)
     REFCOUNT_METHODS (Steinberg::Vst::EditControllerEx1)
 
@@ -149,17 +157,19 @@ private:
     Steinberg::tresult ReportSideEffects (Steinberg::Vst::ParamID id, float value);
     void ReportToHost (std::int32_t index, float value);
     void PerformInEdit (Steinberg::Vst::ParamID id, Steinberg::Vst::ParamValue value);
+    void UpdateCopies ();
     void AnnounceEditor ();
     void EndAllEdits ();
     void OnHostCall ();
 
     FactoryReference factory;
     TickClock clock;
-    ZVuBuffer vuBuffer;                       ///< the meters of the host's parameter feed
-    std::shared_ptr<LiveEffect> life;         ///< shared with the processor; null while not connected
-    ZParameterStorageBase* storage = nullptr; // not owned: the effect of `life`
-    std::vector<ZEffectListener*> editors;    // not owned: the views', until DisconnectEditor; the newest is the last
-    std::vector<EditorViewListener*> views;   // not owned: the open ones
+    ZVuBuffer vuBuffer;                            ///< the meters of the host's parameter feed
+    std::shared_ptr<LiveEffect> life;              ///< shared with the processor; null while not connected
+    std::vector<std::weak_ptr<LiveEffect>> copies; ///< what the same track's other channels run through, in Ardour
+    ZParameterStorageBase* storage = nullptr;      // not owned: the effect of `life`
+    std::vector<ZEffectListener*> editors;         // not owned: the views', until DisconnectEditor; the newest is last
+    std::vector<EditorViewListener*> views;        // not owned: the open ones
     bool viewsHaveEffect = false;
     HostTimer timer;
     EditBrackets edits{ *this };

@@ -1,3 +1,6 @@
+#include "channel_strip_effect.h"
+#include "joined_halves.h"
+#include "public.sdk/source/vst/utility/memoryibstream.h"
 #include "strip_in_host.h"
 #include <chrono>
 #include <doctest/doctest.h>
@@ -191,5 +194,40 @@ TEST_CASE ("Ardour is made to read what its export moved, once, and not before i
         strip.Value (kMidGain);
         CHECK (strip.Calls (Kind::restartComponent).size () == (name == kArdour ? 1 : 0));
         CHECK (strip.Calls (Kind::performEdit).empty ());
+    }
+}
+
+TEST_CASE ("A set chosen in the window of Ardour's first copy is the others', too, until they go")
+{
+    const auto storedState = [] (JoinedHalves& copy)
+    {
+        ResizableMemoryIBStream stream;
+        CHECK (copy.processor->getState (&stream) == kResultOk);
+        const auto* const bytes = static_cast<const std::byte*> (stream.getData ());
+        return std::vector<std::byte> (bytes, bytes + stream.getCursor ());
+    };
+    for (const auto* name : { kArdour, kAnother })
+    {
+        JoinedHalves left (nullptr, name);
+        JoinedHalves right (nullptr, name);
+        const FUnknownPtr<ardour::ICopyHandler> handler (static_cast<Vst::IEditController*> (left.controller));
+        CHECK ((handler != nullptr) == (name == kArdour));
+        if (!handler)
+            continue;
+        CHECK (handler->addSlave (left.controller, 0) != kResultOk);
+        CHECK (handler->addSlave (right.controller, 0) == kResultOk);
+        ZEffect* of = nullptr;
+        REQUIRE (left.controller->GetInfo (kCodeEffect, &of));
+        auto* const effect = static_cast<ZChannel_StripEffect*> (of);
+        effect->SetKeyPointName ("Chosen");
+        effect->SetParameter (kMidGain, 0.25f);
+        left.controller->SyncParameter (-1); // as the editor does
+        CHECK (storedState (right) == storedState (left));
+        CHECK (right.controller->getParamNormalized (kMidGain) == 0.25);
+
+        CHECK (handler->removeSlave (right.controller) == kResultOk);
+        effect->SetKeyPointName ("Another");
+        left.controller->SyncParameter (-1);
+        CHECK (storedState (right) != storedState (left));
     }
 }

@@ -17,8 +17,8 @@ inline std::atomic<std::uint32_t> handClockMs = 0; ///< the time of every contro
 /// Both halves of an instance in the test's own program, connected to one another, by a clock that the test sets.
 struct JoinedHalves
 {
-    explicit JoinedHalves (Steinberg::Linux::IRunLoop* loop = nullptr)
-        : context ("joined halves", loop)
+    explicit JoinedHalves (Steinberg::Linux::IRunLoop* loop = nullptr, const char* hostName = "joined halves")
+        : context (hostName, loop)
     {
         CHECK (processor->initialize (&context) == Steinberg::kResultOk);
         CHECK (controller->initialize (&context) == Steinberg::kResultOk);

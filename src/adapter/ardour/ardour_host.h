@@ -11,7 +11,9 @@
 ///   and "Morph" goes first (late_points.h).
 /// - It bounces in the real-time mode, faster than the clock (block_pace.h).
 /// - While it restores a session it sets values one by one and keeps what we answer by edits for later, when it wins
-///   over the state. Until the first activation moved values are told by kParamValuesChanged instead.
+///   over the state. Until the first activation moved values are told by kParamValuesChanged instead. The values come as
+///   points, too, in the first block, where they are dropped (late_points.h).
+/// - It shows the window of the first copy alone, and tells its controller of the others (copy_handler.h).
 ///
 /// This can go when Ardour tells the controllers of all copies of a plug-in of each value, in order and without a
 /// window, and keeps no edits from before the state.
