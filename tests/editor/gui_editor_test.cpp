@@ -179,6 +179,9 @@ TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: values go from control to effect, 
     CHECK (row[0]->GetValue () == 1.0f);
     CHECK (row[1]->GetValue () == 0.25f);
     CHECK (meter->GetValue () == 0.0f);
+    const auto writes = wrapper.written.size ();
+    SetParameter (wrapper.storage.GetParameterCount (), 0.5f); // the first id that is none
+    CHECK (wrapper.written.size () == writes);
 }
 
 TEST_CASE_FIXTURE (SmallFixture, "ZGuiEditor: a meter sinks to nothing when faded out, and is back at once")
