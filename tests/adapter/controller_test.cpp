@@ -11,8 +11,6 @@ using Kind = host::HandlerCall::Kind;
 namespace
 {
 
-constexpr Vst::ParamID kMorph = 20;
-
 // Title, default step and unit by id; projects and automation hold these for good.
 const std::vector<std::string> kFrozen{
     "Drive 100 ",        "Attack 184 ms",     "Release 159 ms",     "Ratio 30 ",           "Knee 1 ",
@@ -52,15 +50,16 @@ TEST_CASE ("The host sees the parameters and two read-only meters, as stored pro
     CHECK (access.Text (4, 0.5) == "Middle");
     CHECK (access.FromText (0, "150").value () == doctest::Approx (0.75)); // a host's text is a step
     CHECK_FALSE (access.FromText (0, "loud"));
+    for (const char* name : { "Editor", "", static_cast<const char*> (nullptr) })
+        CHECK (strip.instance.Controller ().createView (name) == nullptr);
 }
 
 TEST_CASE ("One morph step reports each parameter that it moved, once, in a bracket, and the dial itself is no echo")
 {
     StripInHost strip;
     REQUIRE (strip.Set (kMorph, 15.0 / 120.0) == kResultOk);
-    const auto performed = strip.Calls (Kind::performEdit);
     std::vector<Vst::ParamID> moved;
-    for (const auto& call : performed)
+    for (const auto& call : strip.Calls (Kind::performEdit))
     {
         moved.push_back (call.id);
         CHECK (call.value == strip.Value (call.id));
@@ -73,8 +72,8 @@ TEST_CASE ("One morph step reports each parameter that it moved, once, in a brac
     // The same value again is a repeat, a meter's is for the meters only.
     strip.calls.clear ();
     CHECK (strip.Set (kMorph, 15.0 / 120.0) == kResultOk);
-    CHECK (strip.Set (0x10000001, 0.5) == kResultOk);
-    CHECK (strip.Value (0x10000001) == 0.5);
+    CHECK (strip.Set (kOutputMeter, 0.5) == kResultOk);
+    CHECK (strip.Value (kOutputMeter) == 0.5);
     CHECK (strip.calls.empty ());
 }
 
@@ -131,40 +130,28 @@ TEST_CASE ("A host that answers an edit with the same change gets no second trip
 {
     host::InstanceOptions options;
     Vst::IEditController* controller = nullptr;
-    int answers = 0;
     options.onHandlerCall = [&] (const host::HandlerCall& call)
     {
-        if (call.kind != Kind::performEdit)
-            return;
-        ++answers;
-        CHECK (controller->setParamNormalized (call.id, call.value) == kResultFalse);
+        if (call.kind == Kind::performEdit)
+            CHECK (controller->setParamNormalized (call.id, call.value) == kResultFalse);
     };
     StripInHost strip (options);
     controller = &strip.instance.Controller ();
     controller->setParamNormalized (kMorph, 1.0);
-    CHECK (answers > 10);
-    CHECK (OpenEdits (strip.calls) == answers);
+    CHECK (OpenEdits (strip.calls) > 10);
 }
 
 TEST_CASE ("A host's value beyond the range counts as its end, NaN changes nothing and is never answered")
 {
     StripInHost strip;
     const auto access = strip.instance.Parameters ();
-    struct Sent
-    {
-        double value, taken;
-        tresult answer = kResultOk;
-    };
-    for (const Vst::ParamID id : { 0u, 4u, 18u, 20u, 21u, 0x10000000u })
+    for (const Vst::ParamID id : { 0u, 4u, 18u, 20u, 21u, kReductionMeter })
     {
         CAPTURE (id);
-        for (const auto& [value, taken, answer] : { Sent{ -HUGE_VAL, 0.0 },
-                                                    { 1e300, 1.0 },
-                                                    { -0.5, 0.0 },
-                                                    { HUGE_VAL, 1.0 },
-                                                    { std::nan (""), 1.0, kResultFalse } })
+        for (const auto& [value, taken] :
+             { std::pair{ -HUGE_VAL, 0.0 }, { 1e300, 1.0 }, { -0.5, 0.0 }, { HUGE_VAL, 1.0 }, { std::nan (""), 1.0 } })
         {
-            CHECK (access.SetNormalized (id, value) == answer);
+            CHECK (access.SetNormalized (id, value) == (std::isnan (value) ? kResultFalse : kResultOk));
             CHECK (access.Normalized (id) == taken);
             CHECK (access.ToPlain (id, value) == access.ToPlain (id, taken));
             CHECK (access.Text (id, value) == access.Text (id, taken));
@@ -181,8 +168,6 @@ TEST_CASE ("A host's value beyond the range counts as its end, NaN changes nothi
     CHECK (access.ToPlain (99, std::nan ("")) == 0.0);
     for (const auto& call : strip.Calls (Kind::performEdit))
         CHECK ((call.value >= 0.0 && call.value <= 1.0));
-    strip.Start ();
-    CHECK (AllFinite (strip.Run (0.5f, 512)));
 }
 
 TEST_CASE ("Messages with a pointer are checked, and hearing them in the wrong half changes nothing")

@@ -2,6 +2,7 @@
 
 #include "component_handler.h"
 #include "hand_run_loop.h"
+#include "known_ids.h"
 #include "named_host.h"
 #include "vst3_controller_wrapper.h"
 #include "vst3_effect_wrapper.h"

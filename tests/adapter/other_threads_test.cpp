@@ -9,13 +9,6 @@ using namespace Steinberg;
 using namespace tessaly;
 using namespace tessaly::test;
 
-namespace
-{
-
-constexpr Vst::ParamID kMorph = 20;
-
-} // namespace
-
 TEST_CASE ("The processor ends on one thread while the controller is called on others, its message swallowed")
 {
     for (int i = 0; i < 20; ++i)

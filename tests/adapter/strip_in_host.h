@@ -1,9 +1,11 @@
 #pragma once
 
 #include "hand_run_loop.h"
+#include "known_ids.h"
 #include "plugin_instance.h"
 #include "pluginterfaces/base/funknownimpl.h"
 #include "pluginterfaces/vst/ivstmessage.h"
+#include "public.sdk/source/vst/utility/memoryibstream.h"
 #include "strip_facts.h"
 #include <algorithm>
 #include <array>
@@ -95,6 +97,15 @@ public:
     Steinberg::tresult Set (Steinberg::Vst::ParamID id, double normalized)
     {
         return instance.Parameters ().SetNormalized (id, normalized);
+    }
+
+    /// As hosts do that leave the controller to find out.
+    void LoadIntoProcessor (std::vector<std::byte> state) const
+    {
+        Steinberg::ResizableMemoryIBStream stream;
+        stream.write (state.data (), static_cast<Steinberg::int32> (state.size ()), nullptr);
+        stream.rewind ();
+        CHECK (instance.Component ().setState (&stream) == Steinberg::kResultOk);
     }
 
     std::vector<host::HandlerCall> Calls (host::HandlerCall::Kind kind) const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pluginterfaces/base/smartpointer.h"
+#include "pluginterfaces/base/funknownimpl.h"
 #include "pluginterfaces/gui/iplugview.h"
 #include <vector>
 
@@ -9,7 +9,8 @@ namespace tessaly
 
 /// A run loop that runs its timers when told to, whatever the clock says. Not reference counted: its owner keeps it
 /// longer than any instance that knows it.
-class HandRunLoop final : public Steinberg::Linux::IRunLoop
+class HandRunLoop final
+    : public Steinberg::U::ImplementsNonDestroyable<Steinberg::U::Directly<Steinberg::Linux::IRunLoop>>
 {
 public:
     explicit HandRunLoop (bool answersTimers = true)
@@ -57,15 +58,6 @@ public:
     {
         return Steinberg::kNotImplemented;
     }
-    Steinberg::tresult PLUGIN_API queryInterface (const Steinberg::TUID wanted, void** out) override
-    {
-        QUERY_INTERFACE (wanted, out, Steinberg::Linux::IRunLoop::iid, Steinberg::Linux::IRunLoop)
-        QUERY_INTERFACE (wanted, out, Steinberg::FUnknown::iid, Steinberg::Linux::IRunLoop)
-        *out = nullptr;
-        return Steinberg::kNoInterface;
-    }
-    Steinberg::uint32 PLUGIN_API addRef () override { return 1; }
-    Steinberg::uint32 PLUGIN_API release () override { return 1; }
 
 private:
     bool takesTimers;
