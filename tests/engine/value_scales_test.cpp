@@ -54,13 +54,3 @@ TEST_CASE ("Value scales: a value finds the nearest step in the parameter's own 
     CHECK (stepToValue (ratioValue, 121) == 0.0);
     CHECK (stepToValue (ratioValue, -1) == 0.0);
 }
-
-TEST_CASE ("Value scales: linear scales run from end to end of their parameters")
-{
-    CHECK (driveDisplay (200) == Approx (10.0));
-    CHECK (driveThreshold (200) == Approx (-40.0));
-    CHECK (gainDb (360) == Approx (18.0));
-    CHECK (driveOffset (0) == Approx (-20.0));
-    CHECK (makeupAmount (200) == Approx (1.0));
-    CHECK (hundredths (100) == Approx (1.0));
-}
