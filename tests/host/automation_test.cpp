@@ -55,7 +55,6 @@ TEST_CASE_FIXTURE (AutomationFile, "A bad row of automation is refused by file a
     for (const char* bad : { "1,Mid F,2,5\n", "one,Mid F,1k\n", "inf,Mid F,1k\n", "1,Mid F,loud\n", "1,Medium F,1k\n" })
         refusal (bad, 1, "");
     CHECK_THROWS_AS (ReadAutomation (parameters, names, folder / "nowhere.csv"), RenderError);
-    CHECK_THROWS_AS (ReadAutomation (parameters, names, folder.Path ()), RenderError);
 }
 
 TEST_CASE ("Of settings at one sample the last of each parameter stays, in the order of these")
