@@ -1,7 +1,6 @@
 #include "guarded_pointer.h"
 #include <atomic>
 #include <doctest/doctest.h>
-#include <latch>
 #include <thread>
 
 using namespace tessaly;
@@ -47,34 +46,6 @@ TEST_CASE ("GuardedPointer: no call of another thread outlasts Set")
     done = true;
     caller.join ();
     CHECK (counted == taken);
-}
-
-TEST_CASE ("GuardedPointer: Set waits for a call that another thread is in")
-{
-    Counter counter;
-    GuardedPointer<Counter> guarded (&counter);
-    std::latch inside (1);
-    std::atomic<bool> mayLeave = false;
-    std::atomic<bool> left = false;
-    std::thread caller (
-        [&]
-        {
-            guarded.Call (
-                [&] (Counter&)
-                {
-                    inside.count_down ();
-                    while (!mayLeave)
-                        std::this_thread::yield ();
-                    left = true;
-                    return true;
-                });
-        });
-    inside.wait ();
-    std::thread releaser ([&] { mayLeave = true; });
-    guarded.Set (nullptr);
-    CHECK (left);
-    caller.join ();
-    releaser.join ();
 }
 
 TEST_CASE ("GuardedPointer: a thread takes back from within its own call, and only what it has set")

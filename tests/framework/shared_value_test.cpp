@@ -45,18 +45,6 @@ TEST_CASE ("SharedValue: a reader sees whole values while another thread writes"
     CHECK (shared == kLow);
 }
 
-TEST_CASE ("SharedValue: of many threads that exchange a flag one gets it")
-{
-    SharedValue<bool> flag = true;
-    std::atomic<int> taken = 0;
-    const auto take = [&] { taken += flag.Exchange (false) ? 1 : 0; };
-    std::thread first (take);
-    std::thread second (take);
-    first.join ();
-    second.join ();
-    CHECK (taken == 1);
-}
-
 TEST_CASE ("Relaxed cells: a copy is made of whole values while another thread writes")
 {
     std::vector<std::uint64_t> cells (3, kLow);

@@ -33,15 +33,11 @@ TEST_CASE ("ZNullStream: counts what is written, up to the greatest count, and r
     constexpr auto kFarthest = std::numeric_limits<std::int32_t>::max ();
     ZNullStream stream;
     CHECK (stream.Write (nullptr, 10) == 10);
-    CHECK (stream.Write (nullptr, 0) == 0);
     CHECK (stream.Seek (4, kSeekFromStart) == 4);
-    CHECK (stream.Read (nullptr, 3) == 0);
-    CHECK (stream.Tell () == 7);
     stream.Read (nullptr, 100);
     CHECK (stream.Tell () == 10);
     stream.Write (nullptr, kFarthest - 4);
     CHECK (stream.GetSize () == kFarthest);
-    CHECK (stream.Tell () == kFarthest);
 }
 
 TEST_CASE ("ZStream: a line ends at the earliest of all terminators, and is written with CR LF")

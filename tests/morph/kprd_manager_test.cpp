@@ -11,11 +11,10 @@ namespace
 {
 
 using Texts = std::vector<std::string>;
-using Files = std::vector<std::pair<const char*, std::uint32_t>>; // name and size
 
-void Add (KPRD_Entries& entries, const Files& files)
+void Add (KPRD_Entries& entries, std::initializer_list<std::pair<const char*, std::uint32_t>> namesAndSizes)
 {
-    for (const auto& [name, size] : files)
+    for (const auto& [name, size] : namesAndSizes)
         entries.emplace_back (std::make_unique<KPRD_Data> ())->SetFile (name, size);
 }
 

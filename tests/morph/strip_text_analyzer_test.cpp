@@ -46,6 +46,5 @@ TEST_CASE ("ZRatioTextAnalyzer: also takes inf in any case, for the last step")
     for (const char* infinite : { "inf", "i N f", "600" })
         CHECK (Typed (ZRatioTextAnalyzer (3), infinite) == 120.0f);
     CHECK (Typed (ZRatioTextAnalyzer (3), "4") == 60.0f);
-    for (const char* refused : { "infinity", "in", "" })
-        CHECK (Typed (ZRatioTextAnalyzer (3), refused) == std::nullopt);
+    CHECK (Typed (ZRatioTextAnalyzer (3), "infinity") == std::nullopt);
 }
