@@ -97,32 +97,25 @@ TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: make writes the nearest steps, and
     fs::remove (set);
     CHECK (Make (table).exitStatus == 0);
     CHECK (ReadFile (set) == bytes);
-}
 
-TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: make reads a numbered table in any order of rows and columns")
-{
+    // Numbered, in any order of rows and columns.
+    fs::remove (set);
     const std::string header = kHeader.substr (7, kHeader.size () - 8) + ",KEY  POINT,attack\n";
     const std::string values = kRow.substr (6, kRow.size () - 7);
     REQUIRE (Make (header + values + ",9,12.49\n\n" + values + ",2,80\n").exitStatus == 0);
-    const auto bytes = ReadFile (set);
-    CHECK (Steps (bytes, 8) == kRowSteps);
-    CHECK (Steps (bytes, 1)[0] == 283);
-    CHECK (Steps (bytes, 0) == kEmpty);
+    CHECK (Steps (ReadFile (set), 8) == kRowSteps);
+    CHECK (Steps (ReadFile (set), 1)[0] == 283);
+    CHECK (Steps (ReadFile (set), 0) == kEmpty);
 }
 
 TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: make reads tables as spreadsheets with a decimal comma write them")
 {
-    const auto with = [] (char separator, bool quoted)
+    for (const char separator : { ';', '\t' })
     {
         std::string table;
         for (const char c : kHeader + kRow)
-            table += c == ',' ? std::string (1, separator) : c == '.' ? "," : std::string (1, c);
-        if (quoted)
-            table.replace (table.find ("12,49"), 5, "\"12,49\"");
-        return table;
-    };
-    for (const auto& table : { with (';', false), with ('\t', false), with (';', true) })
-    {
+            table += c == ',' ? separator : c == '.' ? ',' : c;
+        table.replace (table.find ("12,49"), 5, "\"12,49\"");
         REQUIRE (Make (table).exitStatus == 0);
         CHECK (Steps (ReadFile (set), 0) == kRowSteps);
         fs::remove (set);
@@ -142,11 +135,9 @@ TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: make refuses a bad table with row,
     const std::vector<std::pair<std::string, std::string>> faults{
         { with ("12.49", "fast"), "row 2 (line 3), \"Attack\": \"fast\" is no value; it takes 0.092 to 80.00 ms" },
         { with ("Middle", "Mid"), "\"Knee\": \"Mid\" is no value; it takes Soft, Middle or Hard" },
-        { with ("100.1", "1.2.3"), "\"Release\"" },
         { with ("12.49", ""), "\"Attack\": no value, in a row that has others" },
         { with (",10k", ""), "line 3: there are 16 fields where the header has 17" },
         { ten, "row 10 (line 11): a set has nine key points" },
-        { "", "empty" },
         { "Attack,Release\n", "does not name \"Ratio\"" },
         { "Attack," + kHeader, "\"Attack\" twice" },
         { "Key point," + kHeader + "0," + kRow, "\"0\" is no number from 1 to 9" },
@@ -154,7 +145,6 @@ TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: make refuses a bad table with row,
     };
     for (const auto& [table, message] : faults)
         Fails ({ "make", set, "--from", Write ("t.csv", table) }, message);
-    Fails ({ "make", set, "--from", folder.Path ().string () }, "");
     Fails ({ "make", (folder / "no" / "a.kpd").string (), "--from", Write ("t.csv", kHeader + kRow) }, "");
     CHECK (folder.FileCount () == 1);
 
@@ -181,7 +171,6 @@ TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: show prints nine rows, marks empty
     CHECK (json["keyPoints"][0]["values"]["Side Chain F"] == "500.0");
     CHECK (json["keyPoints"][0]["steps"]["Side Chain F"] == 60);
 
-    Fails ({ "show", (folder / "gone.kpd").string () }, "");
     Fails ({ "show", Write ("b.kpd", "KPRD") }, "512");
     CHECK (Run ({ "show", set, "--csv", "--json" }).exitStatus != 0);
 }
@@ -193,14 +182,10 @@ TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: check says of each file whether th
         Run ({ "check", good, Write ("long.kpd", SetBytes () + "x"), Write ("magic.kpd", "X" + SetBytes ().substr (1)),
                Write ("a.txt", SetBytes ()), (folder / "gone.kpd").string (), "/dev" });
     CHECK (run.exitStatus == 1);
-    for (const char* part :
-         { "a.KPD: would be taken, 9 of 9 key points", "row 2, \"Side Chain Q\": step 61 is beyond the parameter",
-           "long.kpd: would not be taken: it is not 512", "magic.kpd: would not", "a.txt: would not",
-           "gone.kpd: would not", "/dev: would not" })
-    {
-        CAPTURE (part);
-        CHECK (run.out.find (part) != std::string::npos);
-    }
+    for (const char* part : { "a.KPD: would be taken, 9 of 9 key points", "row 2, \"Side Chain Q\": step 61 is beyond",
+                              "long.kpd: would not be taken: it is not 512", "magic.kpd: would not", "a.txt: would not",
+                              "gone.kpd: would not", "/dev: would not" })
+        CHECK_MESSAGE (run.out.find (part) != std::string::npos, part);
     CHECK (Run ({ "check", good }).exitStatus == 1); // it has steps beyond the scales
     CHECK (Make (kHeader + kRow).exitStatus == 0);
     CHECK (Run ({ "check", set }).exitStatus == 0);
@@ -245,7 +230,6 @@ TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: install puts a set where list and 
     REQUIRE (Run ({ "install", mine, "--force" }).exitStatus == 0);
     CHECK (ReadFile (folder / "home/Hollin/KPRD/My Set.kpd") == SetBytes ());
     Fails ({ "install", mine }, "");
-    CHECK (Run ({ "install", mine, "--force" }).exitStatus == 0);
     Fails ({ "install", Write ("bad.kpd", "x") }, "512");
 
     fs::create_directories (folder / "machine/Hollin/KPRD/voice");
