@@ -81,3 +81,16 @@ TEST_CASE_FIXTURE (ReadoutFixture, "A touch ends with the pointer's exit or the 
     CHECK (TakeMessages () == Messages{ 2 });
     CHECK (text->GetValue () == Approx (0.33));
 }
+
+TEST_CASE_FIXTURE (ReadoutFixture, "A double click opens the field of a read-out, not of the copy above a ring")
+{
+    for (const std::int32_t flags : { 3, 0 })
+    {
+        text->SetFlags (flags);
+        window.time += 1000;
+        Click (kMiddle);
+        Click (kMiddle);
+        CHECK (text->IsFieldOpen () == (flags != 0));
+        Key (kKeyEscape);
+    }
+}

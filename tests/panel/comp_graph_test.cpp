@@ -74,7 +74,9 @@ TEST_CASE ("KneeSwitch: a press chooses the word under it, and sliding on nothin
     f.Release (f.knee, { 40, 140 });
     CHECK (f.Index () == 2);
     CHECK (f.FrameShown (f.knee) == 2 * 13);
+    f.knee.SetDirty (false);
     f.knee.SetBright (true, true);
+    CHECK (f.knee.IsDirty ());
     CHECK (f.FrameShown (f.knee) == 5 * 13); // the bright row of the same word
     f.Press (f.knee, { 66, 140 });           // in two regions
     f.Release (f.knee, { 66, 140 });

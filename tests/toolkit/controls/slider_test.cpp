@@ -20,6 +20,7 @@ TEST_CASE ("ZSlider: a jump centres the thumb on the pointer and follows it, a f
     Fixture fixture (kPlace, kSliderJump, 0.0f);
     CHECK (fixture.Pressed ({ 100, 55 }) == Values{ 0.5f });
     fixture.CheckDrag ({ { { 109, 55 }, 0.6 }, { { 500, 55 }, 1.0 }, { { -500, 55 }, 0.0 }, { { 136, 55 }, 0.9 } });
+    CHECK (fixture.control.GetKnobRect () == ZRect{ 131, 50, 141, 60 });
     CHECK (fixture.Pressed ({ 64, 55 }, kShift).empty ());
     fixture.CheckDrag ({ { { 28, 55 }, 0.8, kShift },     // 0.9 less a quarter of 36 / 90
                          { { 73, 55 }, 0.2 },             // without shift: the pointer's place

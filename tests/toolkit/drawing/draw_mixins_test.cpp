@@ -50,6 +50,8 @@ TEST_CASE ("ZDrawAnim: a frame is looked up in the strip, at its own height or t
     back.SetBitmapActive (nullptr, {});
     CHECK (sheet.Active (back, rect).empty ());
     ZDrawKnob knob;
+    knob.SetBitmapActive (&sheet.strip, { 1, 2 });
+    CHECK (sheet.Active (knob, rect) == Calls{ "DrawBitmap strip 10,10,50,50 from 1,2" });
     knob.SetBitmapActive (nullptr, {});
     CHECK (sheet.Active (knob, rect).empty ());
 }
