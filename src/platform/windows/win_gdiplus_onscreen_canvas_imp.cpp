@@ -6,6 +6,9 @@ namespace tessaly
 namespace
 {
 
+/// Of a window without borders, as GetWindowDC has it, but a text field that lies on it stays.
+constexpr DWORD kWindow = DCX_CACHE | DCX_CLIPSIBLINGS | DCX_CLIPCHILDREN;
+
 HFONT CreateArial ()
 {
     return CreateFontW (0, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
@@ -17,7 +20,7 @@ HFONT CreateArial ()
 ZWinGDIPlusOnscreenCanvasImp::ZWinGDIPlusOnscreenCanvasImp (HWND onWindow, double scale)
     : ZWinGDIPlusCanvasImp (PixelGrid (scale))
     , window (onWindow)
-    , windowDC (GetWindowDC (onWindow))
+    , windowDC (GetDCEx (onWindow, nullptr, kWindow))
     , memoryDC (CreateCompatibleDC (windowDC))
 {
     SelectClipRgn (memoryDC, nullptr);

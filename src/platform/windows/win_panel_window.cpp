@@ -1,5 +1,6 @@
 #include "win_panel_window.h"
 
+#include "overlay_style.h"
 #include "own_module.h"
 #include "win_gdiplus_onscreen_canvas_imp.h"
 #include "win_keyboard.h"
@@ -106,6 +107,7 @@ WinPanelWindow::~WinPanelWindow ()
         SetWindowLongPtrW (window, GWLP_USERDATA, 0); // nobody hears its last messages
         DestroyWindow (window);
     }
+    DeleteObject (fieldBrush);
     RemoveClass ();
 }
 
@@ -160,6 +162,8 @@ LRESULT WinPanelWindow::OnMessage (UINT message, WPARAM wParam, LPARAM lParam)
         if (reinterpret_cast<HWND> (wParam) == nullptr || IsChild (handle, reinterpret_cast<HWND> (wParam)) == FALSE)
             listener.OnKeyboardLost ();
         return 0;
+    case WM_CTLCOLOREDIT:
+        return reinterpret_cast<LRESULT> (ColorField (reinterpret_cast<HDC> (wParam)));
     case WM_GETDLGCODE:
         return DLGC_WANTALLKEYS; // what is not taken here goes on from here
     case WM_NCDESTROY:
@@ -218,6 +222,18 @@ bool WinPanelWindow::OnKeyMessage (UINT message, WPARAM wParam, LPARAM lParam)
         return true;
     SendMessageW (parent, message, wParam, lParam);
     return true;
+}
+
+/// The text field looks like the panel's read-outs.
+HBRUSH WinPanelWindow::ColorField (HDC context)
+{
+    const ZOverlayStyle style;
+    const auto color = [] (ZColor of) { return RGB (of.red, of.green, of.blue); };
+    SetTextColor (context, color (style.text));
+    SetBkColor (context, color (style.background));
+    if (fieldBrush == nullptr)
+        fieldBrush = CreateSolidBrush (color (style.background));
+    return fieldBrush;
 }
 
 /// Only what the system asks for, from the retained surface.

@@ -56,6 +56,7 @@ private:
     bool OnWheel (WPARAM wParam, LPARAM lParam);
     bool OnKeyMessage (UINT message, WPARAM wParam, LPARAM lParam);
     void WatchPointer ();
+    HBRUSH ColorField (HDC context);
     void Paint ();
 
     GdiplusSession gdiplus; // goes last
@@ -66,6 +67,7 @@ private:
     std::unique_ptr<ZOnscreenCanvas> canvas; // draws on the surface
     ChangedArea changes;                     // pixels of the surface that the window does not show yet
     bool pointerInside = false;
+    HBRUSH fieldBrush = nullptr; // owned; null before the first text field
 };
 
 } // namespace tessaly

@@ -1,6 +1,7 @@
 #include "win_text_edit_imp.h"
 
 #include "event.h"
+#include "overlay_style.h"
 #include "own_module.h"
 #include "pixel_grid.h"
 #include "text_buffer.h"
@@ -77,15 +78,14 @@ bool ZWinTextEditImp::Open (ZEvent& event, const ZMouseInput& /*mouse*/)
     return true;
 }
 
-/// That of the window, as high as the field.
+/// As high as the field, in the panel's face.
 void ZWinTextEditImp::UseFont (int pixels)
 {
     LOGFONTW description{};
-    auto* present = reinterpret_cast<HFONT> (SendMessageW (editWindow, WM_GETFONT, 0, 0)); // null: the system's
-    if (present == nullptr)
-        present = static_cast<HFONT> (GetStockObject (DEFAULT_GUI_FONT));
-    GetObjectW (present, sizeof (description), &description);
+    auto* present = reinterpret_cast<HFONT> (SendMessageW (editWindow, WM_GETFONT, 0, 0));
+    GetObjectW (present, sizeof (description), &description); // stays empty for the system's own font
     description.lfHeight = pixels;
+    WideText (ZOverlayStyle{}.fontName).copy (description.lfFaceName, LF_FACESIZE - 1);
     font = CreateFontIndirectW (&description);
     SendMessageW (editWindow, WM_SETFONT, reinterpret_cast<WPARAM> (font), TRUE);
 }
