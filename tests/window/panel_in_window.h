@@ -45,10 +45,6 @@ struct Desktop
     VirtualScreen screen;
     host::XConnection x;
     UserInput user{ x };
-#ifdef __SANITIZE_ADDRESS__
-    // What the module never destroys, on purpose, would count as leaked once the module has gone: it stays to the end.
-    host::Bundle* kept = new host::Bundle (TESSALY_BUNDLE);
-#endif
 };
 
 /// The whole of one edit of a parameter, as the host heard it.
