@@ -90,8 +90,9 @@ TEST_CASE ("What Ardour sent with the last block before a stop is not lost, unle
         strip.Run (0.1f, 64, { { kBypass, 1.0 } });
         if (hasState)
             strip.instance.LoadState (state);
-        strip.instance.Deactivate ();
-        CHECK (strip.instance.SaveState () != before); // the controller's own answers would bring it, too
+        // On the host's own thread the controller, which hears of the stop, would deliver, too.
+        std::thread ([&] { strip.instance.Deactivate (); }).join ();
+        CHECK (strip.instance.SaveState () != before);
         CHECK ((strip.instance.SaveState () == state) == hasState);
     }
 }

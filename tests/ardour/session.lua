@@ -1,12 +1,20 @@
--- What tests/ardour/run has Ardour's Lua host do: makes a session, or opens one and follows a list of commands.
---   session.lua FOLDER make CHANNELS SECONDS
---   session.lua FOLDER open COMMAND...
+-- What tests/ardour/run and tests/ardour/window have Ardour's Lua host do: makes a session, or opens one and follows a
+-- list of commands.
+--   session.lua FOLDER NOTES make CHANNELS SECONDS
+--   session.lua FOLDER NOTES open COMMAND...
+-- NOTES is a file, which gets a line for each value read, and "done".
 -- Commands: set:PARAMETER:PLAIN, lane:PARAMETER:SECOND=PLAIN,..., read:PARAMETER, play:SECONDS, bounce, wait:SECONDS, save
 
 local kPlugin = "5653546373744D74657373616C792072"
 local kRate = 48000
 local kUser = ARDOUR.TransportRequestSource.TRS_UI
 local kNoGroup = PBD.GroupControlDisposition.NoGroup
+
+local function note (text)
+    local notes = io.open (arg[2], "a")
+    notes:write (text, "\n")
+    notes:close ()
+end
 
 local function wait (seconds) ARDOUR.LuaAPI.usleep (math.floor (seconds * 1000000)) end
 
@@ -26,7 +34,10 @@ local function record (session, track, seconds)
     track:rec_enable_control ():set_value (1, kNoGroup)
     session:maybe_enable_record (true)
     session:request_roll (kUser)
-    wait (seconds)
+    for _ = 1, seconds * 200 do -- of its own time, which falls behind on a busy machine; ten times as long at most
+        if session:transport_sample () >= seconds * kRate then break end
+        wait (0.05)
+    end
     session:request_stop (false, false, kUser)
     wait (0.5)
     track:rec_enable_control ():set_value (0, kNoGroup)
@@ -42,6 +53,7 @@ local function make (folder, channels, seconds)
     local recorder = addTrack (session, "REC", channels)
     for channel = 0, channels - 1 do
         recorder:input ():audio (channel):disconnect_all ()
+        recorder:output ():audio (channel):disconnect_all () -- or an export has both
         recorder:input ():audio (channel):connect (track:output ():audio (channel):name ())
     end
     session:save_state ("", false, false, false, false, false)
@@ -68,7 +80,7 @@ local function follow (session, command)
     elseif verb == "lane" then
         addLane (processor, number, rest)
     elseif verb == "read" then
-        print ("READ " .. first .. " " .. ARDOUR.LuaAPI.get_processor_param (processor, number))
+        note (tostring (ARDOUR.LuaAPI.get_processor_param (processor, number)))
     elseif verb == "play" then
         session:request_locate (0, false, ARDOUR.LocateTransportDisposition.MustStop, kUser)
         wait (0.5)
@@ -86,14 +98,15 @@ local function follow (session, command)
     end
 end
 
-local folder, verb = arg[1], arg[2]
+local folder, verb = arg[1], arg[3]
 openEngine ()
 if verb == "make" then
-    make (folder, tonumber (arg[3]), tonumber (arg[4]))
+    make (folder, tonumber (arg[4]), tonumber (arg[5]))
 else
     local session = load_session (folder, "s")
     wait (0.7)
-    for i = 3, #arg do follow (session, arg[i]) end
+    for i = 4, #arg do follow (session, arg[i]) end
 end
+note ("done")
 close_session ()
 quit ()
