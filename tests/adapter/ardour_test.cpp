@@ -60,13 +60,18 @@ std::vector<std::byte> EditedState ()
 
 } // namespace
 
-TEST_CASE ("In Ardour points alone are heard, by both copies, with one thread for all")
+TEST_CASE ("In Ardour points alone are heard, by both copies, with one thread for all; elsewhere neither")
 {
     const auto wanted = EditedState ();
     const auto threads = ThreadCount ();
     {
         Strip left (kArdour);
         Strip right (kArdour);
+        Strip another (kAnother);
+        const auto before = another.instance.SaveState ();
+        another.Start ();
+        another.Run (0.1f, 64, { { kMidGain, 0.25 }, { kMorph, 0.375 } });
+        CHECK (another.instance.SaveState () == before);
         CHECK (ThreadCount () == threads);
         left.Start ();
         right.Start ();

@@ -10,6 +10,7 @@ import struct
 import subprocess
 import sys
 import tempfile
+import time
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 BUILT = os.path.join(HERE, "../../build/release/vst3/Tessaly Bench [m].vst3")
@@ -98,13 +99,16 @@ class Session:
         """@return the channels, as played with the commands before, in the same session"""
         before = set(self.files(""))
         self.open(*commands, f"play:{SECONDS - 0.5}", *after)
-        return self.recorded_since(before)
+        return self.recorded_since(before, SECONDS - 0.5)
 
-    def recorded_since(self, before):
-        channels = [floats(path)[0] for path in self.files("") if path not in before and "REC" in path]
-        if len(channels) != self.channels or any(len(samples) < RATE for samples in channels):
-            raise Broken(f"recorded {[len(samples) for samples in channels]} samples")
-        return channels
+    def recorded_since(self, before, seconds):
+        """@return the channels of the take; waits for the rest of it, which a busy Ardour writes after it has stopped"""
+        for _ in range(30):
+            channels = [floats(path)[0] for path in self.files("") if path not in before and "REC" in path]
+            if len(channels) == self.channels and all(len(samples) > (seconds - 0.3) * RATE for samples in channels):
+                return channels
+            time.sleep(1)
+        raise Broken(f"recorded {[len(samples) for samples in channels]} samples")
 
     def exported(self):
         path = os.path.join(self.folder, "export.wav")
