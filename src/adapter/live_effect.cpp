@@ -80,14 +80,16 @@ void LiveEffect::End ()
     host.Set (nullptr);
 }
 
+// Not by way of the processor, which would only ask back: a morph tells of seventeen parameters at once, mostly to nobody.
+
 bool LiveEffect::NotifyEditor (std::int32_t code, void* data)
 {
-    return host.Call ([&] (ZEffectWrapper& processor) { return processor.NotifyEditor (code, data); });
+    return editor.Call ([&] (ZEffectListener& listener) { return listener.OnEffectEvent (code, data); });
 }
 
 bool LiveEffect::NotifyEditor2 (std::int32_t code, void* data)
 {
-    return host.Call ([&] (ZEffectWrapper& processor) { return processor.NotifyEditor2 (code, data); });
+    return editor.Call ([&] (ZEffectListener& listener) { return listener.OnEffectEvent2 (code, data); });
 }
 
 void LiveEffect::GetTimeInfo (ZTimeInfo* info)

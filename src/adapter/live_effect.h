@@ -17,9 +17,10 @@ namespace tessaly
 /// The controller gets its effect as raw bytes in a message, and hosts have been seen to deliver messages late, twice or
 /// to the wrong half. So the effects that are alive in this module are listed, and a pointer that is not is not used.
 ///
-/// It is also the face that the effect sees, and hands every call on to the processor while that is there. The list has
-/// a lock, which the audio thread never meets: neither it nor the controller's parameter calls come to Find. Nothing of
-/// it needs destruction: some hosts tear instances down from `exit`, after the module's statics have gone.
+/// It is also the face that the effect sees: it calls the editor, and hands all else to the processor while that is
+/// there. The list has a lock, which the audio thread never meets: neither it nor the controller's parameter calls come
+/// to Find. Nothing of it needs destruction: some hosts tear instances down from `exit`, after the module's statics have
+/// gone.
 class LiveEffect final : public ZEffectWrapper, public std::enable_shared_from_this<LiveEffect>
 {
 public:

@@ -320,19 +320,21 @@ void ZVst3EffectWrapper::CollectPoint (Vst::ParamID id, int32 sampleOffset, Vst:
         AddPoint (id, sampleOffset, static_cast<float> (value));
     }
     else if (IsMidiId (id) && effect)
+        CollectMidi (id - kFirstMidiId, sampleOffset, value);
+}
+
+void ZVst3EffectWrapper::CollectMidi (std::uint32_t number, int32 sampleOffset, Vst::ParamValue value)
+{
+    if (number < 128)
     {
-        const std::uint32_t number = id - kFirstMidiId;
-        if (number < 128)
-        {
-            effect->MidiEvent (static_cast<std::uint8_t> (0xB0), static_cast<std::uint8_t> (number),
-                               static_cast<std::uint8_t> (Truncate (value * 127.0)), sampleOffset);
-        }
-        else if (number == kMidiPitchBend)
-        {
-            const std::int32_t bend = Truncate (value * 16383.0);
-            effect->MidiEvent (static_cast<std::uint8_t> (0xE0), static_cast<std::uint8_t> (bend & 0x7F),
-                               static_cast<std::uint8_t> ((bend >> 7) & 0x7F), sampleOffset);
-        }
+        effect->MidiEvent (static_cast<std::uint8_t> (0xB0), static_cast<std::uint8_t> (number),
+                           static_cast<std::uint8_t> (Truncate (value * 127.0)), sampleOffset);
+    }
+    else if (number == kMidiPitchBend)
+    {
+        const std::int32_t bend = Truncate (value * 16383.0);
+        effect->MidiEvent (static_cast<std::uint8_t> (0xE0), static_cast<std::uint8_t> (bend & 0x7F),
+                           static_cast<std::uint8_t> ((bend >> 7) & 0x7F), sampleOffset);
     }
 }
 
@@ -363,14 +365,17 @@ void ZVst3EffectWrapper::AddPoint (Vst::ParamID id, int32 sampleOffset, float va
     std::int32_t count = 0;
     parameterQueue.GetCount (&count);
     if (count == kReservedPoints)
-    {
-        ZPluginCore* core = nullptr;
-        if (appliesPoints && effect && effect->GetInfo (kCodeCore, &core) && core != nullptr)
-            core->ApplyParameterQueue (&parameterQueue);
-        parameterQueue.Clear ();
-    }
+        HandOnQueue ();
     parameterQueue.Add (sampleOffset, id, value);
     hasAppliedPoints = appliesPoints;
+}
+
+void ZVst3EffectWrapper::HandOnQueue ()
+{
+    ZPluginCore* core = nullptr;
+    if (appliesPoints && effect && effect->GetInfo (kCodeCore, &core) && core != nullptr)
+        core->ApplyParameterQueue (&parameterQueue);
+    parameterQueue.Clear ();
 }
 
 void ZVst3EffectWrapper::CollectEvents (Vst::IEventList* events)
@@ -474,12 +479,12 @@ void ZVst3EffectWrapper::WriteMeters (Vst::IParameterChanges* changes) const
 
 bool ZVst3EffectWrapper::NotifyEditor (std::int32_t code, void* data)
 {
-    return life->Editor ().Call ([&] (ZEffectListener& editor) { return editor.OnEffectEvent (code, data); });
+    return life->NotifyEditor (code, data);
 }
 
 bool ZVst3EffectWrapper::NotifyEditor2 (std::int32_t code, void* data)
 {
-    return life->Editor ().Call ([&] (ZEffectListener& editor) { return editor.OnEffectEvent2 (code, data); });
+    return life->NotifyEditor2 (code, data);
 }
 
 void ZVst3EffectWrapper::GetTimeInfo (ZTimeInfo* out)

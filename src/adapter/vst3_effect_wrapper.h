@@ -72,7 +72,9 @@ private:
     bool AddSideChain ();
     void CollectParameterChanges (Steinberg::Vst::IParameterChanges* changes);
     void CollectPoint (Steinberg::Vst::ParamID id, Steinberg::int32 sampleOffset, Steinberg::Vst::ParamValue value);
+    void CollectMidi (std::uint32_t number, Steinberg::int32 sampleOffset, Steinberg::Vst::ParamValue value);
     void AddPoint (Steinberg::Vst::ParamID id, Steinberg::int32 sampleOffset, float value);
+    void HandOnQueue ();
     void HandOverLatePoints (const Steinberg::Vst::ProcessData& data);
     void CollectEvents (Steinberg::Vst::IEventList* events);
     void UpdateTimeInfo (const Steinberg::Vst::ProcessContext* context);
