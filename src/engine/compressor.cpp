@@ -2,8 +2,6 @@
 
 #include "detector_floor.h"
 #include "equalizer_design.h"
-#include "gain_computer.h"
-#include "glide.h"
 #include "step_ranges.h"
 #include "value_scales.h"
 
@@ -16,104 +14,85 @@ namespace tessaly
 namespace
 {
 
-constexpr double kReferenceRate = 44100;
-
-/// @param timeMs  above 0
-double coefAtReferenceRate (double timeMs)
+/// Of a parameter: the step before one is set, and how many, from 0 up, have a meaning.
+struct OwnParameter
 {
-    return 1 / (timeMs * 0.001 * kReferenceRate);
-}
+    std::int32_t initialStep;
+    std::uint64_t meaningfulSteps;
+};
+
+constexpr std::uint64_t kAnyStep = std::uint64_t{ 1 } << 32; // those below 0, too
+
+constexpr std::array<OwnParameter, Compressor::kOwnParameters> kOwn{ {
+    { 0, kAnyStep }, // drive: a threshold of 0 dB
+    { StepsOf (StripParameter::attack).init, attackMs.size () },
+    { StepsOf (StripParameter::release).init, releaseMs.size () },
+    { StepsOf (StripParameter::ratio).init, ratioValue.size () },
+    { kMiddleKnee, kAnyStep },
+    { StepsOf (StripParameter::driveOffset).init, kAnyStep },
+    { StepsOf (StripParameter::makeupAmount).init, kAnyStep },
+    { 44, kAnyStep },  // side chain: 200 Hz
+    { 180, kAnyStep }, //   0 dB
+    { 12, kAnyStep },  //   q of 1
+} };
 
 } // namespace
 
 Compressor::Compressor ()
-    : knee (kMiddleKnee)
-    , attackCoef44k (coefAtReferenceRate (stepToValue (attackMs, StepsOf (StripParameter::attack).init)))
-    , releaseCoef44k (coefAtReferenceRate (stepToValue (releaseMs, StepsOf (StripParameter::release).init)))
-    , driveThresholdDb (driveThreshold (0))
-    , driveOffsetDb (driveOffset (StepsOf (StripParameter::driveOffset).init))
-    , slopeTarget (1 - 1 / stepToValue (ratioValue, StepsOf (StripParameter::ratio).init))
-    , makeupAmount (tessaly::makeupAmount (StepsOf (StripParameter::makeupAmount).init))
 {
+    for (std::size_t i = 0; i < kOwnParameters; ++i)
+        steps[i] = kOwn[i].initialStep;
     startUp (sampleRate);
 }
 
 void Compressor::setParameter (StripParameter parameter, std::int32_t step)
 {
-    switch (parameter)
-    {
-    case StripParameter::drive:
-        driveThresholdDb = driveThreshold (step);
-        updateThreshold ();
-        break;
-    case StripParameter::attack:
-        if (const double timeMs = stepToValue (attackMs, step); timeMs > 0)
-            attackCoef44k = coefAtReferenceRate (timeMs);
-        scaleTimes ();
-        break;
-    case StripParameter::release:
-        if (const double timeMs = stepToValue (releaseMs, step); timeMs > 0)
-            releaseCoef44k = coefAtReferenceRate (timeMs);
-        scaleTimes ();
-        break;
-    case StripParameter::ratio:
-        if (const double ratio = stepToValue (ratioValue, step); ratio >= 1)
-            slopeTarget = 1 - 1 / ratio;
-        break;
-    case StripParameter::knee:
-        knee = static_cast<std::uint16_t> (step);
-        break;
-    case StripParameter::driveOffset:
-        driveOffsetDb = driveOffset (step);
-        updateThreshold ();
-        break;
-    case StripParameter::makeupAmount:
-        makeupAmount = tessaly::makeupAmount (step);
-        break;
-    case StripParameter::sideChainFreq:
-        sideChainFreq = stepToValue (frequencyHz, step);
+    const auto index = static_cast<std::size_t> (parameter);
+    if (index >= kOwnParameters || static_cast<std::uint32_t> (step) >= kOwn[index].meaningfulSteps)
+        return;
+    steps[index] = step;
+    if (parameter >= StripParameter::sideChainFreq)
         sideChainEq.change ();
-        break;
-    case StripParameter::sideChainGain:
-        sideChainGainDb = gainDb (step);
-        sideChainEq.change ();
-        break;
-    case StripParameter::sideChainQ:
-        sideChainQ = stepToValue (qValue, step);
-        sideChainEq.change ();
-        break;
-    default:
-        break;
-    }
+    else
+        stepsChanged.store (true, std::memory_order_release);
 }
 
 /// A negative offset fades out as the threshold of "Drive" nears 0 dB, so that "Drive" 0 is always a threshold of 0.
-void Compressor::updateThreshold ()
+double Compressor::thresholdDb () const
 {
     constexpr double kFadeStartDb = -6.2;
     constexpr double kLowestDb = -54;
-    const double drive = driveThresholdDb;
-    const double offset = driveOffsetDb;
+    const double drive = driveThreshold (stepOf (StripParameter::drive));
+    const double offset = driveOffset (stepOf (StripParameter::driveOffset));
     const bool fades = offset < 0 && drive >= kFadeStartDb;
     const double sum = fades ? (offset + drive) * drive / kFadeStartDb : drive + offset;
-    thresholdDb = std::clamp (sum, kLowestDb, 0.0);
+    return std::clamp (sum, kLowestDb, 0.0);
 }
 
-void Compressor::scaleTimes ()
+double Compressor::slopeOfRatio () const
 {
-    attackCoef = std::min (attackCoef44k * kReferenceRate / sampleRate, 1.0);
-    releaseCoef = std::min (releaseCoef44k * kReferenceRate / sampleRate, 1.0);
+    return 1 - 1 / stepToValue (ratioValue, stepOf (StripParameter::ratio));
+}
+
+/// 1 / (time in samples), at most 1.
+double Compressor::coefOfTime (double timeMs) const
+{
+    constexpr double kReferenceRate = 44100;
+    const double coefAtReferenceRate = 1 / (timeMs * 0.001 * kReferenceRate);
+    return std::min (coefAtReferenceRate * kReferenceRate / sampleRate, 1.0);
 }
 
 BiquadCoefs Compressor::sideChainPeak () const
 {
-    return designPeaking (sampleRate, sideChainFreq, sideChainGainDb, sideChainQ, sideChainSlope, sideChainMaxDb);
+    return designPeaking (sampleRate, stepToValue (frequencyHz, stepOf (StripParameter::sideChainFreq)),
+                          gainDb (stepOf (StripParameter::sideChainGain)),
+                          stepToValue (qValue, stepOf (StripParameter::sideChainQ)), sideChainSlope, sideChainMaxDb);
 }
 
 void Compressor::startUp (double newSampleRate)
 {
     sampleRate = newSampleRate;
-    scaleTimes ();
+    stepsChanged.store (true, std::memory_order_release); // the times in samples have
     sideChainHighPass.designHighPass (1, newSampleRate, sideChainHighPassFreq);
     glideLaw = GlideLaw (newSampleRate);
     sideChainEq.startUp (sideChainPeak (), newSampleRate);
@@ -121,13 +100,23 @@ void Compressor::startUp (double newSampleRate)
 
 std::size_t Compressor::takeUpSettings ()
 {
-    detectedThresholdDb = thresholdDb;
-    thresholdLinear = thresholdGain (detectedThresholdDb);
-    makeupTarget = makeupGain (-slopeTarget * detectedThresholdDb * makeupAmount);
-    detector.setTimes (attackCoef, releaseCoef);
+    if (stepsChanged.load (std::memory_order_relaxed) && stepsChanged.exchange (false, std::memory_order_acquire))
+        workOut ();
     if (sideChainEq.takesChange ())
         sideChainEq.crossfadeTo (sideChainPeak ());
     return sideChainEq.samplesToGo ();
+}
+
+void Compressor::workOut ()
+{
+    detectedThresholdDb = thresholdDb ();
+    thresholdLinear = thresholdGain (detectedThresholdDb);
+    kneeInForce = kneeCurve (detectedThresholdDb, knee ());
+    slopeTarget = slopeOfRatio ();
+    makeupTarget =
+        makeupGain (-slopeTarget * detectedThresholdDb * makeupAmount (stepOf (StripParameter::makeupAmount)));
+    detector.setTimes (coefOfTime (stepToValue (attackMs, stepOf (StripParameter::attack))),
+                       coefOfTime (stepToValue (releaseMs, stepOf (StripParameter::release))));
 }
 
 void Compressor::gather (Recursions& r, FadeWeights& weights) const
@@ -155,7 +144,7 @@ double Compressor::applyGains (const double* level, double* samples, std::size_t
 {
     double gain[kChunkSamples];
     const double* slopes = slope.next (count, slopeTarget, glideLaw);
-    const double smallest = math.gains (level, slopes, kneeCurve (detectedThresholdDb, knee), gain, count);
+    const double smallest = math.gains (level, slopes, kneeInForce, gain, count);
     math.scale (samples, gain, count);
     math.scale (samples, makeup.next (count, makeupTarget, glideLaw), count);
     return smallest;
@@ -170,9 +159,9 @@ void Compressor::clearState ()
 
 double Compressor::compressorCurveDb (double inputDb) const
 {
-    const double threshold = thresholdDb;
+    const double threshold = thresholdDb ();
     const double level = std::max (inputDb - threshold, kFloorDb) / 20;
-    return inputDb - 20 * slopeTarget * shapedLevel (level, kneeCurve (threshold, knee));
+    return inputDb - 20 * slopeOfRatio () * shapedLevel (level, kneeCurve (threshold, knee ()));
 }
 
 } // namespace tessaly

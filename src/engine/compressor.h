@@ -4,11 +4,14 @@
 #include "block_math.h"
 #include "db_to_gain.h"
 #include "filter_cascade.h"
+#include "gain_computer.h"
 #include "glide.h"
 #include "level_detector.h"
 #include "shared_value.h"
 #include "strip_parameter.h"
 
+#include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 
@@ -20,13 +23,17 @@ namespace tessaly
 ///     makeup = 10^(-slope * thresholdDb * makeupAmount / 20),   slope = 1 - 1/ratio
 /// "Drive" lowers the threshold and so raises the makeup: the level stays and the compression grows.
 ///
+/// A setting is noted as its step; what follows from the steps is worked out once a chunk, however many have changed.
+///
 /// Threads: `setParameter` and `compressorCurveDb` any; `startUp` during set-up; the rest on the audio thread.
 class Compressor
 {
 public:
+    static constexpr std::size_t kOwnParameters = 10; ///< "Drive" to "Side Chain Q"
+
     Compressor ();
 
-    /// Any parameter of the strip may come; others than its own change nothing.
+    /// Any parameter of the strip may come; others than its own, and a step without a time or a ratio, change nothing.
     void setParameter (StripParameter parameter, std::int32_t step);
 
     /// Scales the times to the rate and designs the side chain anew, without a crossfade. The detector, the high-pass
@@ -54,40 +61,34 @@ public:
     double compressorCurveDb (double inputDb) const;
 
 private:
-    void updateThreshold ();
-    void scaleTimes ();
+    std::int32_t stepOf (StripParameter parameter) const { return steps[static_cast<std::size_t> (parameter)]; }
+    double thresholdDb () const;
+    double slopeOfRatio () const;
+    std::uint16_t knee () const { return static_cast<std::uint16_t> (stepOf (StripParameter::knee)); }
+    double coefOfTime (double timeMs) const;
+    void workOut ();
     BiquadCoefs sideChainPeak () const;
 
     static constexpr double sideChainHighPassFreq = 10.0; // Hz
     static constexpr double sideChainSlope = 0.70;
     static constexpr double sideChainMaxDb = 18.0;
 
-    // Settings, written by setParameter and startUp.
+    std::array<SharedValue<std::int32_t>, kOwnParameters> steps;
+    std::atomic<bool> stepsChanged = true; // of those that do not belong to sideChainEq; raised after they are stored
     SharedValue<double> sampleRate = 44100.0; // Hz
-    SharedValue<std::uint16_t> knee;
-    SharedValue<double> attackCoef44k; // 1 / (attack time in samples) at 44.1 kHz
-    SharedValue<double> attackCoef;    // the same at sampleRate, at most 1
-    SharedValue<double> releaseCoef44k;
-    SharedValue<double> releaseCoef;
-    SharedValue<double> driveThresholdDb;
-    SharedValue<double> driveOffsetDb;
-    SharedValue<double> thresholdDb;  // of both; -54 to 0
-    SharedValue<double> slopeTarget;  // 1 - 1/ratio
-    SharedValue<double> makeupAmount; // 0 to 1
-    SharedValue<double> sideChainGainDb = 0.0;
-    SharedValue<double> sideChainFreq = 200.0;
-    SharedValue<double> sideChainQ = 1.0;
 
     // The audio thread's own.
     FilterCascade sideChainHighPass;
     BlendBiquad sideChainEq;
     LevelDetector detector;
     GlideLaw glideLaw{ 44100.0 };
-    GlideRow slope{ 0.0 };  // on its way to slopeTarget
-    GlideRow makeup{ 0.0 }; // on its way to makeupTarget
+    GlideRow slope{ 0.0 };    // on its way to slopeTarget
+    GlideRow makeup{ 0.0 };   // on its way to makeupTarget
+    double slopeTarget = 0.0; // 1 - 1/ratio
     double makeupTarget = 1.0;
     double detectedThresholdDb = 0.0; // in force since takeUpSettings; thresholdLinear is the same
     double thresholdLinear = 1.0;
+    KneeCurve kneeInForce{};
     DbToGain makeupGain, thresholdGain;
     const BlockMath& math = blockMath ();
 };

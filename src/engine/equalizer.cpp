@@ -13,44 +13,48 @@ namespace
 {
 
 constexpr double kNoValue = -1.0;
+constexpr auto kFirstOwn = static_cast<std::size_t> (StripParameter::highFreq);
 
 } // namespace
 
+Equalizer::Equalizer ()
+    : steps{ 44, 180, 44, 180, 12, 32, 180 } // high and mid at 200 Hz, low at 100, all at 0 dB, q of 1
+{
+    startUp (sampleRate);
+}
+
 void Equalizer::setParameter (StripParameter parameter, std::int32_t step)
 {
-    switch (parameter)
-    {
-    case StripParameter::highFreq:
-        highFreq = stepToValue (frequencyHz, step);
-        eqHigh.change ();
-        break;
-    case StripParameter::highGain:
-        highGainDb = gainDb (step);
-        eqHigh.change ();
-        break;
-    case StripParameter::midFreq:
-        midFreq = stepToValue (frequencyHz, step);
-        eqMid.change ();
-        break;
-    case StripParameter::midGain:
-        midGainDb = gainDb (step);
-        eqMid.change ();
-        break;
-    case StripParameter::midQ:
-        midQ = stepToValue (qValue, step);
-        eqMid.change ();
-        break;
-    case StripParameter::lowFreq:
-        lowFreq = stepToValue (frequencyHz, step);
+    const auto index = static_cast<std::size_t> (parameter) - kFirstOwn; // before the first: beyond the last
+    if (index >= kOwnParameters)
+        return;
+    steps[index] = step;
+    if (parameter >= StripParameter::lowFreq)
         eqLow.change ();
-        break;
-    case StripParameter::lowGain:
-        lowGainDb = gainDb (step);
-        eqLow.change ();
-        break;
-    default:
-        break;
-    }
+    else if (parameter >= StripParameter::midFreq)
+        eqMid.change ();
+    else
+        eqHigh.change ();
+}
+
+std::int32_t Equalizer::stepOf (StripParameter parameter) const
+{
+    return steps[static_cast<std::size_t> (parameter) - kFirstOwn];
+}
+
+double Equalizer::frequencyOf (StripParameter parameter) const
+{
+    return stepToValue (frequencyHz, stepOf (parameter));
+}
+
+double Equalizer::gainOf (StripParameter parameter) const
+{
+    return gainDb (stepOf (parameter));
+}
+
+double Equalizer::midQ () const
+{
+    return stepToValue (qValue, stepOf (StripParameter::midQ));
 }
 
 std::size_t Equalizer::takeUpDesigns ()
@@ -87,17 +91,20 @@ void Equalizer::clearState ()
 
 BiquadCoefs Equalizer::lowShelf () const
 {
-    return designLowShelf (sampleRate, lowFreq, lowGainDb, lowSlope, lowMaxDb);
+    return designLowShelf (sampleRate, frequencyOf (StripParameter::lowFreq), gainOf (StripParameter::lowGain),
+                           lowSlope, lowMaxDb);
 }
 
 BiquadCoefs Equalizer::midPeak () const
 {
-    return designPeaking (sampleRate, midFreq, midGainDb, midQ, midSlope, midMaxDb);
+    return designPeaking (sampleRate, frequencyOf (StripParameter::midFreq), gainOf (StripParameter::midGain), midQ (),
+                          midSlope, midMaxDb);
 }
 
 BiquadCoefs Equalizer::highShelf () const
 {
-    return designHighShelf (sampleRate, highFreq, highGainDb, highSlope, highMaxDb);
+    return designHighShelf (sampleRate, frequencyOf (StripParameter::highFreq), gainOf (StripParameter::highGain),
+                            highSlope, highMaxDb);
 }
 
 void Equalizer::startUp (double newSampleRate)
@@ -131,11 +138,11 @@ double Equalizer::bandFrequency (std::int16_t band) const
     switch (band)
     {
     case 1:
-        return lowFreq;
+        return frequencyOf (StripParameter::lowFreq);
     case 2:
-        return midFreq;
+        return frequencyOf (StripParameter::midFreq);
     case 3:
-        return highFreq;
+        return frequencyOf (StripParameter::highFreq);
     default:
         return kNoValue;
     }
@@ -146,11 +153,11 @@ double Equalizer::bandGain (std::int16_t band) const
     switch (band)
     {
     case 1:
-        return lowGainDb;
+        return gainOf (StripParameter::lowGain);
     case 2:
-        return midGainDb;
+        return gainOf (StripParameter::midGain);
     case 3:
-        return highGainDb;
+        return gainOf (StripParameter::highGain);
     default:
         return kNoValue;
     }
@@ -161,19 +168,15 @@ double Equalizer::value (StripParameter parameter) const
     switch (parameter)
     {
     case StripParameter::highFreq:
-        return highFreq;
-    case StripParameter::highGain:
-        return highGainDb;
     case StripParameter::midFreq:
-        return midFreq;
-    case StripParameter::midGain:
-        return midGainDb;
-    case StripParameter::midQ:
-        return midQ;
     case StripParameter::lowFreq:
-        return lowFreq;
+        return frequencyOf (parameter);
+    case StripParameter::highGain:
+    case StripParameter::midGain:
     case StripParameter::lowGain:
-        return lowGainDb;
+        return gainOf (parameter);
+    case StripParameter::midQ:
+        return midQ ();
     default:
         return kNoValue;
     }

@@ -5,20 +5,21 @@
 #include "shared_value.h"
 #include "strip_parameter.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
 namespace tessaly
 {
 
-/// Three bands in series: a low shelf, a peak, a high shelf. A setting is stored at once; the audio thread designs the
+/// Three bands in series: a low shelf, a peak, a high shelf. A setting's step is stored at once; the audio thread designs the
 /// band that it belongs to when no crossfade of that band runs (any more), however many settings have changed by then.
 ///
 /// Threads: `startUp` during set-up; setParameter and all reads any; the rest on the audio thread.
 class Equalizer
 {
 public:
-    Equalizer () { startUp (sampleRate); }
+    Equalizer ();
 
     /// Any parameter of the strip may come; others than its own change nothing.
     void setParameter (StripParameter parameter, std::int32_t step);
@@ -45,6 +46,10 @@ public:
     double value (StripParameter parameter) const;  ///< Hz, dB or q; -1 if it is none of the equalizer's
 
 private:
+    std::int32_t stepOf (StripParameter parameter) const;
+    double frequencyOf (StripParameter parameter) const; // Hz
+    double gainOf (StripParameter parameter) const;      // dB
+    double midQ () const;
     BiquadCoefs lowShelf () const;
     BiquadCoefs midPeak () const;
     BiquadCoefs highShelf () const;
@@ -56,14 +61,9 @@ private:
     static constexpr double highSlope = 0.32;
     static constexpr double highMaxDb = 18.0;
 
+    static constexpr std::size_t kOwnParameters = 7; // "High F" to "Low G"
+    std::array<SharedValue<std::int32_t>, kOwnParameters> steps;
     SharedValue<double> sampleRate = 44100.0; // Hz
-    SharedValue<double> lowGainDb = 0.0;
-    SharedValue<double> lowFreq = 100.0; // Hz
-    SharedValue<double> midGainDb = 0.0;
-    SharedValue<double> midFreq = 200.0;
-    SharedValue<double> midQ = 1.0;
-    SharedValue<double> highGainDb = 0.0;
-    SharedValue<double> highFreq = 200.0;
     BlendBiquad eqLow;
     BlendBiquad eqMid;
     BlendBiquad eqHigh;
