@@ -375,8 +375,7 @@ void ZEffect::SetNormalized (std::int32_t index, float normalized)
 {
     if (storage == nullptr)
         return;
-    storage->SetNormalized (index, normalized);
-    ToCore (index, storage->GetPlain (index));
+    ToCore (index, storage->PutNormalized (index, normalized));
 }
 
 void ZEffect::SetPlain (std::int32_t index, float plain)

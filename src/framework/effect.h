@@ -126,6 +126,7 @@ protected:
     virtual void SetPlain (std::int32_t index, float plain);
     virtual void SetBool (std::int32_t index, bool on);
     virtual void SetInt (std::int32_t index, std::int32_t number);
+    void ToCore (std::int32_t index, float plain); ///< into the core alone
 
     ZEffectWrapper* wrapper; // not owned: the adapter, which owns this effect
     std::unique_ptr<ZParameterStorageBase> storage;
@@ -135,7 +136,6 @@ protected:
 
 private:
     void TrackSweep (std::int32_t index);
-    void ToCore (std::int32_t index, float plain);
     void BeginBuffers ();
     void EndBuffers (std::int32_t samples);
 

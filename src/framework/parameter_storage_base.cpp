@@ -12,18 +12,6 @@ namespace
 
 constexpr float kBoolThreshold = 0.5f;
 
-template <typename T>
-bool IsPlace (const std::vector<T>& list, std::int32_t index)
-{
-    return index >= 0 && static_cast<std::size_t> (index) < list.size ();
-}
-
-template <typename List>
-auto& At (List& list, std::int32_t index)
-{
-    return list[static_cast<std::size_t> (index)];
-}
-
 bool Equal (const std::vector<float>& ours, const std::vector<float>& other)
 {
     return std::equal (ours.begin (), ours.end (), other.begin (), other.end (),
@@ -33,26 +21,6 @@ bool Equal (const std::vector<float>& ours, const std::vector<float>& other)
 const std::vector<float> kNoValues;
 
 } // namespace
-
-const ZParameterSpec* ZParameterStorageBase::Spec (std::int32_t index) const
-{
-    return IsPlace (parameters, index) ? &At (parameters, index) : nullptr;
-}
-
-ZParameterSpec* ZParameterStorageBase::Spec (std::int32_t index)
-{
-    return IsPlace (parameters, index) ? &At (parameters, index) : nullptr;
-}
-
-const ZProgram* ZParameterStorageBase::Program () const
-{
-    return IsPlace (programs, currentProgram) ? &At (programs, currentProgram) : nullptr;
-}
-
-ZProgram* ZParameterStorageBase::Program ()
-{
-    return IsPlace (programs, currentProgram) ? &At (programs, currentProgram) : nullptr;
-}
 
 void ZParameterStorageBase::Initialize (const ZParameterRecord* parameterTable, const ZProgramRecord* programTable,
                                         std::int32_t numPrograms, std::int32_t numParameters)
@@ -77,12 +45,14 @@ void ZParameterStorageBase::Allocate (std::int32_t numPrograms, std::int32_t num
     blank.defaults.resize (count);
     parameters.assign (count, {});
     programs.assign (static_cast<std::size_t> (std::max (numPrograms, 0)), blank);
+    program = ElementOf (programs, currentProgram);
 }
 
 void ZParameterStorageBase::Clear ()
 {
     parameters.clear ();
     programs.clear ();
+    program = nullptr;
     currentProgram = 0;
 }
 
@@ -118,8 +88,11 @@ void ZParameterStorageBase::AddUnits (const ZUnitRecord* table)
 
 void ZParameterStorageBase::SetCurrentProgram (std::int32_t index)
 {
-    if (IsPlace (programs, index))
-        currentProgram = index;
+    auto* const chosen = ElementOf (programs, index);
+    if (chosen == nullptr)
+        return;
+    currentProgram = index;
+    program = chosen;
 }
 
 void ZParameterStorageBase::CopyPrograms (std::vector<ZProgram>& out) const
@@ -135,19 +108,17 @@ void ZParameterStorageBase::CopyPrograms (std::vector<ZProgram>& out) const
 
 void ZParameterStorageBase::GetUnit (std::int32_t index, ZUnitRecord* out) const
 {
-    if (IsPlace (units, index))
-        *out = At (units, index);
+    if (const auto* unit = ElementOf (units, index))
+        *out = *unit;
 }
 
 const std::vector<float>& ZParameterStorageBase::GetValuesRef () const
 {
-    const auto* program = Program ();
     return program != nullptr ? program->values : kNoValues;
 }
 
 const std::vector<float>& ZParameterStorageBase::GetDefaultsRef () const
 {
-    const auto* program = Program ();
     return program != nullptr ? program->defaults : kNoValues;
 }
 
@@ -171,30 +142,10 @@ bool ZParameterStorageBase::DefaultsEqual (const std::vector<float>& other) cons
     return Equal (GetDefaultsRef (), other);
 }
 
-void ZParameterStorageBase::SetNormalized (std::int32_t index, float normalized)
-{
-    auto* program = Program ();
-    if (program != nullptr && IsPlace (program->values, index))
-        StoreRelaxed (At (program->values, index), normalized);
-}
-
-void ZParameterStorageBase::SetDefaultNormalized (std::int32_t index, float normalized)
-{
-    auto* program = Program ();
-    if (program != nullptr && IsPlace (program->defaults, index))
-        StoreRelaxed (At (program->defaults, index), normalized);
-}
-
-float ZParameterStorageBase::GetNormalized (std::int32_t index) const
-{
-    const auto& values = GetValuesRef ();
-    return IsPlace (values, index) ? LoadRelaxed (At (values, index)) : 0.0f;
-}
-
 float ZParameterStorageBase::GetDefaultNormalized (std::int32_t index) const
 {
-    const auto& values = GetDefaultsRef ();
-    return IsPlace (values, index) ? LoadRelaxed (At (values, index)) : 0.0f;
+    const auto* value = ElementOf (GetDefaultsRef (), index);
+    return value != nullptr ? LoadRelaxed (*value) : 0.0f;
 }
 
 void ZParameterStorageBase::SetPlain (std::int32_t index, float plain)
@@ -205,11 +156,6 @@ void ZParameterStorageBase::SetPlain (std::int32_t index, float plain)
 void ZParameterStorageBase::SetDefaultPlain (std::int32_t index, float plain)
 {
     SetDefaultNormalized (index, PlainToNormalized (index, plain));
-}
-
-float ZParameterStorageBase::GetPlain (std::int32_t index) const
-{
-    return NormalizedToPlain (index, GetNormalized (index));
 }
 
 float ZParameterStorageBase::GetDefaultPlain (std::int32_t index) const

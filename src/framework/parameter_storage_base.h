@@ -1,7 +1,10 @@
 #pragma once
 
 #include "parameter_records.h"
+#include "relaxed_cells.h"
+#include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace tessaly
@@ -55,11 +58,25 @@ public:
     const std::vector<float>& GetDefaultsRef () const;
 
     // One value of the current program. Bad index: 0.0 normalized, then as converted
-    void SetNormalized (std::int32_t index, float normalized);
-    void SetDefaultNormalized (std::int32_t index, float normalized);
-    float GetNormalized (std::int32_t index) const;
+    void SetNormalized (std::int32_t index, float normalized)
+    {
+        if (auto* value = program != nullptr ? ElementOf (program->values, index) : nullptr)
+            StoreRelaxed (*value, normalized);
+    }
+    void SetDefaultNormalized (std::int32_t index, float normalized)
+    {
+        if (auto* value = program != nullptr ? ElementOf (program->defaults, index) : nullptr)
+            StoreRelaxed (*value, normalized);
+    }
+    float GetNormalized (std::int32_t index) const
+    {
+        const auto* value = program != nullptr ? ElementOf (program->values, index) : nullptr;
+        return value != nullptr ? LoadRelaxed (*value) : 0.0f;
+    }
     float GetDefaultNormalized (std::int32_t index) const;
     void SetPlain (std::int32_t index, float plain);
+    float PutNormalized (std::int32_t index, float normalized); ///< SetNormalized. @return GetPlain
+    void SetPlainAndDefault (std::int32_t index, float plain);  ///< SetPlain and SetDefaultPlain
     void SetDefaultPlain (std::int32_t index, float plain);
     float GetPlain (std::int32_t index) const;
     float GetDefaultPlain (std::int32_t index) const;
@@ -82,7 +99,11 @@ public:
     void SetStep (std::int32_t index, float normalized);
     float GetStep (std::int32_t index) const; ///< 0.01 for a stored 0 or less; bad index: 0.0
     void SetFlags (std::int32_t index, std::int32_t flags);
-    std::int32_t GetFlags (std::int32_t index) const; ///< bad index: 0
+    std::int32_t GetFlags (std::int32_t index) const ///< bad index: 0
+    {
+        const auto* spec = Spec (index);
+        return spec != nullptr ? spec->flags : 0;
+    }
     void SetUnitId (std::int32_t index, std::int32_t id);
     std::int32_t GetUnitId (std::int32_t index) const;                 ///< bad index: 0
     void SetConverters (std::int32_t index, const ZConverterSet* set); ///< null does nothing
@@ -115,14 +136,25 @@ public:
     float StepNormalized (std::int32_t index, float normalized, std::int32_t steps, float factor) const;
 
 private:
-    const ZParameterSpec* Spec (std::int32_t index) const; // null for a bad index
-    ZParameterSpec* Spec (std::int32_t index);
-    ZProgram* Program (); // the current one, null when there is none
-    const ZProgram* Program () const;
+    // What a block under automation comes through a hundred times is in the header
+    template <typename T>
+    static const T* ElementOf (const std::vector<T>& list, std::int32_t index) // null for a bad index
+    {
+        const auto place = static_cast<std::size_t> (index); // below 0: beyond the end, too
+        return place < list.size () ? &list[place] : nullptr;
+    }
+    template <typename T>
+    static T* ElementOf (std::vector<T>& list, std::int32_t index)
+    {
+        return const_cast<T*> (ElementOf (std::as_const (list), index));
+    }
+    const ZParameterSpec* Spec (std::int32_t index) const { return ElementOf (parameters, index); }
+    ZParameterSpec* Spec (std::int32_t index) { return ElementOf (parameters, index); }
 
     std::int32_t currentProgram = 0;
     std::vector<ZParameterSpec> parameters;
     std::vector<ZProgram> programs;
+    ZProgram* program = nullptr; // not owned: the current one of `programs`; null when there is none
     std::vector<ZUnitRecord> units;
 };
 

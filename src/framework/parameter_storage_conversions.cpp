@@ -46,6 +46,27 @@ float ZParameterStorageBase::PlainToNormalized (std::int32_t index, float plain)
     return convert != nullptr ? convert (plain, spec->minimum, spec->maximum) : plain;
 }
 
+float ZParameterStorageBase::GetPlain (std::int32_t index) const
+{
+    return NormalizedToPlain (index, GetNormalized (index));
+}
+
+float ZParameterStorageBase::PutNormalized (std::int32_t index, float normalized)
+{
+    auto* value = program != nullptr ? ElementOf (program->values, index) : nullptr;
+    if (value == nullptr)
+        return GetPlain (index);
+    StoreRelaxed (*value, normalized);
+    return NormalizedToPlain (index, LoadRelaxed (*value)); // another thread may have set it meanwhile
+}
+
+void ZParameterStorageBase::SetPlainAndDefault (std::int32_t index, float plain)
+{
+    const auto normalized = PlainToNormalized (index, plain);
+    SetNormalized (index, normalized);
+    SetDefaultNormalized (index, normalized);
+}
+
 void ZParameterStorageBase::GetValueText (std::int32_t index, char* buffer, std::int32_t size) const
 {
     PlainToText (index, GetPlain (index), buffer, size);

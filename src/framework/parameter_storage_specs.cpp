@@ -77,12 +77,6 @@ void ZParameterStorageBase::SetFlags (std::int32_t index, std::int32_t flags)
         spec->flags = flags;
 }
 
-std::int32_t ZParameterStorageBase::GetFlags (std::int32_t index) const
-{
-    const auto* spec = Spec (index);
-    return spec != nullptr ? spec->flags : 0;
-}
-
 void ZParameterStorageBase::SetUnitId (std::int32_t index, std::int32_t id)
 {
     if (auto* spec = Spec (index))
@@ -111,14 +105,13 @@ void ZParameterStorageBase::GetConverters (std::int32_t index, ZConverterSet* ou
 
 void ZParameterStorageBase::SetProgramName (const char* name)
 {
-    auto* program = Program ();
     if (program != nullptr && name != nullptr)
         PutText (program->name.data (), name);
 }
 
 void ZParameterStorageBase::GetProgramName (char* buffer, std::int32_t size) const
 {
-    if (const auto* program = Program ())
+    if (program != nullptr)
         CopyText (program->name.data (), buffer, size);
 }
 

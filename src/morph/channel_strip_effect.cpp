@@ -6,9 +6,9 @@
 #include "memory_stream.h"
 #include "morph.h"
 #include "null_stream.h"
+#include "step_ranges.h"
 #include "stored_value.h"
 #include "strip_state.h"
-#include "truncate.h"
 #include <algorithm>
 
 namespace tessaly
@@ -59,10 +59,9 @@ std::optional<KeyPointRow> ZChannel_StripEffect::MorphStepsAt (float position) c
     // A foreign set may hold any step; one beyond the scales would be a filter of 0 Hz, and NaN from then on.
     for (std::uint32_t column = 0; column < kKeyPointColumns; ++column)
     {
-        const auto index = KeyPointParameter (0, column);
-        const auto inRange = std::clamp (static_cast<float> ((*steps)[column]), storage->GetMinimum (index),
-                                         storage->GetMaximum (index));
-        (*steps)[column] = TruncateToInt16 (inRange);
+        const auto& range = kStepRanges[static_cast<std::size_t> (KeyPointParameter (0, column))];
+        (*steps)[column] =
+            static_cast<std::int16_t> (std::clamp<std::int32_t> ((*steps)[column], range.first, range.last));
     }
     return steps;
 }
@@ -79,9 +78,8 @@ void ZChannel_StripEffect::ApplyMorph (std::int32_t /*index*/, float normalized)
 void ZChannel_StripEffect::WriteMorphed (std::int32_t index, float step)
 {
     morphWroteParameters = true;
-    const auto normalized = storage->PlainToNormalized (index, step);
-    SetNormalized (index, normalized);
-    storage->SetDefaultNormalized (index, normalized); // so that "back to default" means what the morph gave
+    storage->SetPlainAndDefault (index, step); // so that "back to default" means what the morph gave
+    ToCore (index, step);                      // which is what the storage makes of it
     PostHost (index);
 }
 

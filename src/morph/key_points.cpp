@@ -31,9 +31,4 @@ std::int32_t KeyPointSet::KeyPointStep (std::uint32_t row, std::uint32_t column)
     return row < kKeyPointRows && column < kKeyPointColumns ? rows[row][column] : kEmptyCell;
 }
 
-std::int32_t KeyPointSet::KeyPointParameter (std::uint32_t row, std::uint32_t column)
-{
-    return row < kKeyPointRows && column < kKeyPointColumns ? static_cast<std::int32_t> (column) + 1 : kNoParameter;
-}
-
 } // namespace tessaly

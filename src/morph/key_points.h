@@ -19,9 +19,12 @@ struct KeyPointSet
 {
     std::array<KeyPointRow, kKeyPointRows> rows;
 
-    bool HasKeyPoint (std::uint32_t row) const;                                      ///< bad row: false
-    std::int32_t KeyPointStep (std::uint32_t row, std::uint32_t column) const;       ///< bad place: -1
-    static std::int32_t KeyPointParameter (std::uint32_t row, std::uint32_t column); ///< bad place: -2
+    bool HasKeyPoint (std::uint32_t row) const;                                     ///< bad row: false
+    std::int32_t KeyPointStep (std::uint32_t row, std::uint32_t column) const;      ///< bad place: -1
+    static std::int32_t KeyPointParameter (std::uint32_t row, std::uint32_t column) ///< bad place: -2
+    {
+        return row < kKeyPointRows && column < kKeyPointColumns ? static_cast<std::int32_t> (column) + 1 : kNoParameter;
+    }
 };
 
 /// The set of an instance that loaded no other one.
