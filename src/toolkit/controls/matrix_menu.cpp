@@ -21,7 +21,9 @@ class ItemsOnly final : public ZMatrixMenuImp
 std::unique_ptr<ZMatrixMenuImp> MenuImpOf (ZPaneOwner* owner)
 {
     auto imp = owner != nullptr ? owner->CreateMenuImp () : nullptr;
-    return imp != nullptr ? std::move (imp) : std::make_unique<ItemsOnly> ();
+    if (imp == nullptr)
+        imp = std::make_unique<ItemsOnly> ();
+    return imp;
 }
 
 /// While nothing is selected, a step only selects.
