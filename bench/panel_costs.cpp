@@ -68,7 +68,8 @@ void Measure (double scale)
     Report ("opening, nothing loaded", Microseconds ([&] { panel = std::make_unique<PanelStage> (scale); }), 60000);
     const double first = HeapMiB ();
     std::unique_ptr<PanelStage> second;
-    Report ("opening beside another", Microseconds ([&] { second = std::make_unique<PanelStage> (scale); }), 20000);
+    Report ("opening while another is open", Microseconds ([&] { second = std::make_unique<PanelStage> (scale); }),
+            20000);
     const double both = HeapMiB ();
     second.reset ();
 

@@ -16,7 +16,7 @@ namespace tessaly::soak
 namespace
 {
 
-/// Bytes that each load of the bundle may cost for good. Beside a sanitizer the C library's list of functions to call
+/// Bytes that each load of the bundle may cost for good. Under a sanitizer the C library's list of functions to call
 /// at exit grows by some five kB with each load; without one it does not.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr std::size_t kKeptByLoader = 8 * 1024;

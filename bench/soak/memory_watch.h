@@ -15,7 +15,7 @@ class MemoryWatch
 {
 public:
     /// The first call takes the measure, so that what is made once for all counts as there.
-    /// @param loads  of the bundle so far: beside a sanitizer each one costs something for good
+    /// @param loads  of the bundle so far: under a sanitizer each one costs something for good
     /// @throws Fault when it has grown by more than kMostGrowth since
     void Compare (std::uint64_t loads);
 
