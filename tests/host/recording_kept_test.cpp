@@ -115,6 +115,18 @@ TEST_CASE_FIXTURE (StripRender, "A recording or a state that is cut off is refus
     }
 }
 
+TEST_CASE_FIXTURE (StripRender, "An MP3 file whose length is a guess is not taken for a damaged one")
+{
+    // One frame of silence (MPEG 1, layer III, 128 kbit/s, 48 kHz, mono: 384 bytes), many times, and half a frame.
+    const std::string frame = "\xFF\xFB\x94\xC4" + std::string (380, '\0');
+    std::string mp3;
+    for (int i = 0; i < 100; ++i)
+        mp3 += frame;
+    folder.Write ("a.mp3", mp3 + frame.substr (0, 200));
+    CHECK (Run ({ Path ("a.mp3"), Path ("a.wav") }).exitStatus == 0);
+    CHECK (Load (Path ("a.wav")).Frames () >= 98 * 1152);
+}
+
 TEST_CASE_FIXTURE (StripRender, "Recordings go through pipes, whatever length their header tells")
 {
     RunWell ({ kVoice, Path ("whole.wav") });

@@ -124,4 +124,26 @@ std::string AudioDamage (const InputFile& file)
     return little.Has (0, "OggS") ? OggDamage (file) : "";
 }
 
+bool IsLengthGuessed (const InputFile& file)
+{
+    constexpr std::int64_t kTagHeader = 10;
+    std::array<unsigned char, kTagHeader> begin{};
+    if (!file.ReadAt (0, begin.data (), begin.size ()))
+        return false;
+    std::int64_t place = 0;
+    if (begin[0] == 'I' && begin[1] == 'D' && begin[2] == '3')
+    {
+        for (std::size_t i = 6; i < begin.size (); ++i)
+            place = place << 7 | (begin[i] & 0x7F); // the tag's size, seven bits a byte
+        place += kTagHeader;
+    }
+    std::string frame (192, '\0'); // the headers stand behind the side information, 9 to 32 bytes
+    if (!file.ReadAt (place, frame.data (), frame.size ()))
+        return false;
+    const auto byte = [&frame] (std::size_t at) { return static_cast<unsigned char> (frame[at]); };
+    const bool isMpeg = byte (0) == 0xFF && (byte (1) & 0xE0) == 0xE0;
+    const auto has = [&frame] (const char* letters) { return frame.find (letters) != std::string::npos; };
+    return isMpeg && !has ("Xing") && !has ("Info") && !has ("VBRI");
+}
+
 } // namespace tessaly::render

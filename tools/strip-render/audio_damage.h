@@ -13,4 +13,8 @@ namespace tessaly::render
 /// @return empty for a whole file and for one of another kind; else what is missing, as "10 of its 44 bytes of audio"
 std::string AudioDamage (const InputFile& file);
 
+/// Whether nobody knows the length ahead of the end: that of an MP3 file without a Xing, Info or VBRI header is worked
+/// out from the rate of its first frame.
+bool IsLengthGuessed (const InputFile& file);
+
 } // namespace tessaly::render

@@ -93,7 +93,7 @@ void AudioReader::ReadAhead ()
     ThrowIfInterrupted (); // ahead of the complaint that the file ends early
     if (sf_error (file.get ()) != SF_ERR_NO_ERROR)
         Find ("it cannot be read on: " + Reason (file.get ()));
-    else if (ended && framesRead < Frames ())
+    else if (ended && framesRead < Frames () && !IsLengthGuessed (input))
         Find ("it ends after " + std::to_string (framesRead) + " of " + std::to_string (info.frames) + " frames");
 }
 
