@@ -71,8 +71,7 @@ std::string CheckPicture (const std::string& text)
 [[noreturn]] void RefuseLink ()
 {
     throw CLI::ValidationError ("--link is not the strip's way: each channel has an instance of its own, which hears "
-                                "that channel alone. For one gain on both sides, render left and right mixed to one "
-                                "channel");
+                                "that channel alone; the manual has more under \"Stereo\"");
 }
 
 /// What the command line holds as text and the options as something else.
