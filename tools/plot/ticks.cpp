@@ -12,6 +12,9 @@ namespace tessaly::plot
 namespace
 {
 
+constexpr double kMinute = 60.0;
+constexpr double kHour = 3600.0;
+
 /// Short numbers: no digits behind the point that are zero.
 std::string NumberText (double number, int decimals)
 {
@@ -28,14 +31,15 @@ std::string TwoDigits (long number)
     return (number < 10 ? "0" : "") + std::to_string (number);
 }
 
-std::string TimeText (double seconds)
+/// All texts of an axis in one form: seconds; minutes and seconds; hours, too.
+std::string TimeText (double seconds, double longest)
 {
     constexpr int kDecimals = 4;
-    if (seconds < 60.0)
+    if (longest < kMinute)
         return NumberText (seconds, kDecimals);
     const long whole = std::lround (seconds);
     const long minutes = whole / 60;
-    if (minutes < 60)
+    if (longest < kHour)
         return std::to_string (minutes) + ":" + TwoDigits (whole % 60);
     return std::to_string (minutes / 60) + ":" + TwoDigits (minutes % 60) + ":" + TwoDigits (whole % 60);
 }
@@ -77,8 +81,15 @@ std::vector<Tick> TimeTicks (double seconds)
     const double step = TimeStep (seconds);
     std::vector<Tick> ticks;
     for (double i = 0.0; i * step <= seconds * (1.0 + 1e-9); ++i)
-        ticks.push_back ({ i * step, TimeText (i * step) });
+        ticks.push_back ({ i * step, TimeText (i * step, seconds) });
     return ticks;
+}
+
+std::string TimeTitle (double seconds)
+{
+    if (seconds < kMinute)
+        return "Time, s";
+    return seconds < kHour ? "Time, min:s" : "Time, h:min:s";
 }
 
 } // namespace tessaly::plot

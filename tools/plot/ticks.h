@@ -13,7 +13,10 @@ std::vector<Tick> StepTicks (double first, double last, double step);
 /// 20 Hz to 20 kHz: lines at 1, 2, 5 of each decade, "50", "1k".
 std::vector<Tick> FrequencyTicks ();
 
-/// At most eight whole steps of seconds, minutes or hours, as "0.5", "30", "1:30", "2:00:00" from a start at 0.
+/// At most eight whole steps of time from a start at 0: "0.5"; from a minute on "1:30"; from an hour on "2:00:00".
 std::vector<Tick> TimeTicks (double seconds);
+
+/// The title of an axis with such ticks, which says what they are.
+std::string TimeTitle (double seconds);
 
 } // namespace tessaly::plot

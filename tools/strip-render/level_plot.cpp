@@ -136,9 +136,7 @@ LevelPlot::LevelPlot (const std::filesystem::path& file, host::Existing existing
 void LevelPlot::Commit (const LevelTrace& trace, const Summary& summary)
 {
     const double seconds = static_cast<double> (summary.result.frames) / summary.sampleRateHz;
-    const plot::Axis time{ .title = seconds < 60.0     ? "Time, s"
-                                    : seconds < 3600.0 ? "Time, min:s"
-                                                       : "Time, h:min:s",
+    const plot::Axis time{ .title = plot::TimeTitle (seconds),
                            .first = 0.0,
                            .last = std::max (seconds, 1e-6),
                            .ticks = plot::TimeTicks (seconds) };
