@@ -4,15 +4,15 @@
 #   vst3sdk::vstgui    what a plug-in's view links
 #   VST3_VALIDATOR, VST3_MODULEINFOTOOL, VST3_EDITORHOST   the SDK's own programs
 
-if(DEFINED ENV{XDG_CACHE_HOME} AND NOT "$ENV{XDG_CACHE_HOME}" STREQUAL "")
-    set(_cache "$ENV{XDG_CACHE_HOME}/tessaly-bench")
-elseif(DEFINED ENV{HOME})
-    set(_cache "$ENV{HOME}/.cache/tessaly-bench")
-else()
-    message(FATAL_ERROR "Neither XDG_CACHE_HOME nor HOME is set. Where a build has no home, set XDG_CACHE_HOME to a folder "
-        "of its own, for scripts/fetch-sdk, scripts/build-sdk and here: the SDK is built in it.")
+set(_cache "${CMAKE_SOURCE_DIR}/build/cache")
+if(CMAKE_HOST_UNIX)
+    execute_process(COMMAND "${CMAKE_SOURCE_DIR}/scripts/cache-dir" OUTPUT_VARIABLE _cache
+        OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 endif()
 set(VST3_SDK_DIR "${_cache}/vst3sdk" CACHE PATH "Folder of the VST 3 SDK (with pluginterfaces, public.sdk, vstgui4)")
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+    add_compile_options("-ffile-prefix-map=${VST3_SDK_DIR}/=vst3sdk/") # as house.cmake for our own folders
+endif()
 
 if(NOT EXISTS "${VST3_SDK_DIR}/pluginterfaces/vst/ivstaudioprocessor.h")
     message(FATAL_ERROR "No VST 3 SDK in ${VST3_SDK_DIR}. Either run scripts/fetch-sdk \"${VST3_SDK_DIR}\" "
@@ -24,28 +24,39 @@ if(WIN32)
     return()
 endif()
 
-file(STRINGS "${CMAKE_CURRENT_LIST_DIR}/vst3_sdk_options.txt" _options)
-set(_variant "")
+# Asked for at every configuring: a tree follows when the SDK's options, its own compiler, flags or sanitizer change.
+set(_variant)
 if(TESSALY_SANITIZE MATCHES "thread")
-    list(APPEND _options -DCMAKE_CXX_FLAGS=-fsanitize=thread)
-    set(_variant "--thread ")
+    set(_variant --thread)
 endif()
-
-string(SHA1 _hash "${VST3_SDK_DIR};${_options}")
-string(SUBSTRING "${_hash}" 0 8 _hash)
-# Not kept in the build tree's cache: a tree follows when the options above, or its sanitizer, change.
-set(VST3_SDK_BUILD_DIR "${_cache}/vst3sdk-build-${_hash}")
+set(VST3_SDK_BUILD_DIR "" CACHE PATH "What scripts/build-sdk --into has built; empty: its folder in the cache")
+if(NOT VST3_SDK_BUILD_DIR)
+    execute_process(COMMAND ${CMAKE_COMMAND} -E env "CXX=${CMAKE_CXX_COMPILER}" "CXXFLAGS=${CMAKE_CXX_FLAGS}"
+        "${CMAKE_SOURCE_DIR}/scripts/build-sdk" --where ${_variant} "${VST3_SDK_DIR}"
+        OUTPUT_VARIABLE VST3_SDK_BUILD_DIR OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+endif()
 
 set(_archives sdk sdk_common base pluginterfaces sdk_hosting vstgui)
 set(VST3_VALIDATOR "${VST3_SDK_BUILD_DIR}/bin/Release/validator")
 set(VST3_EDITORHOST "${VST3_SDK_BUILD_DIR}/bin/Release/editorhost")
 set(VST3_MODULEINFOTOOL "${VST3_SDK_BUILD_DIR}/bin/Release/moduleinfotool")
 
-# Every archive is asked for: an older build in the cache may lack one.
+# Every part is asked for: an older build in the cache may lack one.
+set(_parts "${VST3_MODULEINFOTOOL}")
+if(TESSALY_TESTS)
+    list(APPEND _parts "${VST3_VALIDATOR}" "${VST3_EDITORHOST}")
+else()
+    list(APPEND _variant --no-tests)
+endif()
 foreach(_archive IN LISTS _archives)
-    if(NOT EXISTS "${VST3_SDK_BUILD_DIR}/lib/Release/lib${_archive}.a")
-        message(FATAL_ERROR "The VST 3 SDK in ${VST3_SDK_DIR} is not built yet for this configuration. "
-            "Run scripts/build-sdk ${_variant}\"${VST3_SDK_DIR}\" once (some two minutes).")
+    list(APPEND _parts "${VST3_SDK_BUILD_DIR}/lib/Release/lib${_archive}.a")
+endforeach()
+foreach(_part IN LISTS _parts)
+    if(NOT EXISTS "${_part}")
+        list(JOIN _variant " " _variant)
+        message(FATAL_ERROR "The VST 3 SDK in ${VST3_SDK_DIR} is not built yet for this configuration (${_part} is "
+            "missing). Run once (some two minutes): CXX='${CMAKE_CXX_COMPILER}' CXXFLAGS='${CMAKE_CXX_FLAGS}' "
+            "scripts/build-sdk ${_variant} '${VST3_SDK_DIR}'")
     endif()
 endforeach()
 
