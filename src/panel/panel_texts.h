@@ -5,7 +5,7 @@
 namespace tessaly
 {
 
-inline constexpr const char* kAboutVersionLine = "Tessaly Blending Bench Ver 1.1.2";
+extern const char* const kAboutVersionLine; ///< the project's version without its last number
 inline constexpr const char* kAboutCopyrightLine = "Copyright 2026 Arrowmere Sound Works";
 
 } // namespace tessaly
