@@ -28,6 +28,19 @@ if(TESSALY_SANITIZE)
     set(TESSALY_LOADER_ENVIRONMENT "LD_PRELOAD=${_runtime};ASAN_OPTIONS=detect_leaks=0")
 endif()
 
+# A release knows nothing of the folders that it was built in: two builds anywhere are the same bytes (vst3_sdk.cmake
+# adds the SDK's). Hardened as distributions do it; where their own flags name _FORTIFY_SOURCE, theirs holds.
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+    add_compile_options("-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=" "-ffile-prefix-map=${CMAKE_BINARY_DIR}/=build/")
+    if(TESSALY_HARDENING AND CMAKE_SYSTEM_NAME STREQUAL "Linux")
+        if(NOT CMAKE_CXX_FLAGS MATCHES "_FORTIFY_SOURCE")
+            add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+        endif()
+        add_compile_options(-fstack-protector-strong)
+        add_link_options(-Wl,-z,relro -Wl,-z,now)
+    endif()
+endif()
+
 # house_library(NAME LINKS target...)
 # A library of all sources in this folder. Its folder is its only public include path, so a file can include just the
 # folders that its link line names: an include in the wrong direction does not build. The target
