@@ -29,8 +29,9 @@ std::int64_t TailFrames (const Tail& tail, const ChannelBank& bank, int sampleRa
     return tail.full ? bank.TailFrames () : std::llround (tail.seconds * sampleRateHz);
 }
 
-RenderPlan MakePlan (const Options& options, const ChannelBank& bank, int sampleRateHz)
+RenderPlan MakePlan (RenderSession& session, const Options& options, const ChannelBank& bank, int sampleRateHz)
 {
+    const auto one = session.LockTexts ();
     const auto parameters = bank.Parameters ();
     const ParameterNames names (parameters);
     RenderPlan plan;
@@ -107,7 +108,7 @@ public:
         , format (ChooseOutputFormat (options.output, options.format, reader.FormatCode ()))
         , pending (MakeResultFile (options))
         , bank (session.MakeBank (options, reader.Channels (), reader.SampleRateHz ()))
-        , plan (MakePlan (options, *bank, reader.SampleRateHz ()))
+        , plan (MakePlan (session, options, *bank, reader.SampleRateHz ()))
         , shape (ShapeOf (reader, plan.tailFrames))
         , trace (reader.Channels ())
     {

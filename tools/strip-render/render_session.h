@@ -31,6 +31,10 @@ public:
     /// Instances for a recording, in the state that --state and --keypoints make. Any thread.
     std::unique_ptr<ChannelBank> MakeBank (const Options& options, int channels, int sampleRateHz);
 
+    /// To hold while the texts of parameters or classes are asked for: the SDK converts all of them with one converter,
+    /// which two threads must not use at once. MakeBank holds it by itself.
+    std::unique_lock<std::mutex> LockTexts () { return std::unique_lock (making); }
+
 private:
     host::NamedHost host; // the bundle's factory keeps it to its end
     host::Bundle bundle;
