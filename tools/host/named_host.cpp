@@ -9,7 +9,7 @@ namespace tessaly::host
 
 using namespace Steinberg;
 
-NamedHost::NamedHost (std::string hostName, Linux::IRunLoop* hostLoop)
+NamedHost::NamedHost (std::string hostName, FUnknown* hostLoop)
     : name (std::move (hostName))
     , runLoop (hostLoop)
 {

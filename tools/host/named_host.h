@@ -1,6 +1,5 @@
 #pragma once
 
-#include "pluginterfaces/gui/iplugview.h"
 #include "public.sdk/source/vst/hosting/hostclasses.h"
 
 #include <string>
@@ -14,15 +13,15 @@ class NamedHost final : public Steinberg::Vst::HostApplication
 {
 public:
     /// @param hostName  as plug-ins see it, at most 127 characters
-    /// @param hostLoop  not owned: the caller, outlives the context; null for a host without a run loop
-    explicit NamedHost (std::string hostName, Steinberg::Linux::IRunLoop* hostLoop = nullptr);
+    /// @param hostLoop  the run loop that hosts have on Linux; not owned: the caller, outlives the context; null without one
+    explicit NamedHost (std::string hostName, Steinberg::FUnknown* hostLoop = nullptr);
 
     Steinberg::tresult PLUGIN_API getName (Steinberg::Vst::String128 out) override;
     Steinberg::tresult PLUGIN_API queryInterface (const Steinberg::TUID iidWanted, void** out) override;
 
 private:
     std::string name;
-    Steinberg::Linux::IRunLoop* runLoop; // not owned: the caller's
+    Steinberg::FUnknown* runLoop; // not owned: the caller's
 };
 
 } // namespace tessaly::host

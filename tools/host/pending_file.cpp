@@ -1,14 +1,14 @@
 #include "pending_file.h"
 
 #include "host_error.h"
+#include "open_files.h"
+#include "process.h"
 
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
-#include <fcntl.h>
 #include <string>
 #include <system_error>
-#include <unistd.h>
 
 namespace tessaly::host
 {
@@ -22,7 +22,7 @@ namespace
 std::string WorkingName ()
 {
     static std::atomic<int> made = 0; // several threads may write files
-    return ".tessaly-" + std::to_string (getpid ()) + "-" + std::to_string (++made) + ".part";
+    return ".tessaly-" + std::to_string (tools::ProcessNumber ()) + "-" + std::to_string (++made) + ".part";
 }
 
 [[noreturn]] void RefuseToReplace (const fs::path& file)
@@ -31,12 +31,6 @@ std::string WorkingName ()
 }
 
 } // namespace
-
-bool NamesOpenFile (const fs::path& path)
-{
-    const auto text = fs::absolute (path).lexically_normal ().string ();
-    return text.starts_with ("/dev/std") || text.starts_with ("/dev/fd/") || text.starts_with ("/proc/");
-}
 
 PendingFile::PendingFile (const fs::path& wanted, Existing whatIsThere)
     : existing (whatIsThere)
@@ -50,7 +44,7 @@ PendingFile::PendingFile (const fs::path& wanted, Existing whatIsThere)
     const auto status = fs::status (target, ignored);
     if (fs::is_directory (status) || !target.has_filename ())
         throw HostError ("\"" + wanted.string () + "\" is a folder, not a file to write");
-    if (NamesOpenFile (wanted) || (fs::exists (status) && !fs::is_regular_file (status)))
+    if (tools::IsNameOfOpenFile (wanted) || (fs::exists (status) && !fs::is_regular_file (status)))
         throw HostError ("\"" + wanted.string () + "\" is no ordinary file and will not be replaced");
     if (existing == Existing::keep && fs::exists (status))
         RefuseToReplace (wanted);
@@ -66,12 +60,8 @@ void PendingFile::Create ()
     do
     {
         working = target.parent_path () / WorkingName ();
-        const int file = open (working.c_str (), O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC | O_WRONLY, 0666);
-        if (file >= 0)
-        {
-            close (file);
+        if (tools::CreateNew (working))
             return;
-        }
     } while (errno == EEXIST);
     throw HostError ("cannot write into \"" + target.parent_path ().string () +
                      "\": " + std::generic_category ().message (errno));
@@ -109,7 +99,7 @@ bool PendingFile::CommitAsNew ()
     if (fs::exists (fs::symlink_status (target)))
         return false;
     // A file system without second names
-    if (renameat2 (AT_FDCWD, working.c_str (), AT_FDCWD, target.c_str (), RENAME_NOREPLACE) == 0)
+    if (tools::RenameToNew (working, target))
         return committed = true;
     if (errno == EEXIST)
         return false;

@@ -12,10 +12,6 @@ enum class Existing
     replace ///< it makes room
 };
 
-/// Whether a path is a name of an open file, as /dev/stdout: a link that leads to an ordinary file where the output of a
-/// program goes into one, which must not be replaced while others write to it.
-bool NamesOpenFile (const std::filesystem::path& path);
-
 /// A file in the making: written under another name in the folder of its target, and put in the target's place when it
 /// is whole. Without Commit nothing of it stays.
 class PendingFile

@@ -120,7 +120,7 @@ AudioWriter::AudioWriter (const fs::path& path, const OutputFormat& format, cons
 {
     constexpr int kDitheredBits = 16; // the noise of recorded sound is above the steps of finer formats
     SF_INFO info = InfoFor (format, shape);
-    file.reset (sf_open (path.c_str (), SFM_WRITE, &info));
+    file.reset (sf_open (path.string ().c_str (), SFM_WRITE, &info));
     if (!file)
         throw RenderError ("cannot write to \"" + path.parent_path ().string () + "\": " + Reason (nullptr));
     if (format.integerBits != 0)

@@ -1,17 +1,13 @@
 #include "input_file.h"
 
 #include "interrupts.h"
-#include "pending_file.h"
+#include "open_files.h"
 #include "render_error.h"
 
 #include <array>
 #include <cerrno>
-#include <cstdlib>
-#include <fcntl.h>
 #include <string>
-#include <sys/stat.h>
 #include <system_error>
-#include <unistd.h>
 
 namespace tessaly::render
 {
@@ -29,22 +25,22 @@ std::string Reason ()
 int Open (const fs::path& path)
 {
     if (path == "-")
-        return dup (STDIN_FILENO);
+        return tools::DuplicateInput ();
     std::error_code ignored;
     if (!fs::exists (path, ignored))
         throw RenderError ("no such file: \"" + path.string () + "\"");
     if (fs::is_directory (path, ignored))
         throw RenderError ("\"" + path.string () + "\" is a folder, not an audio file");
-    const int file = open (path.c_str (), O_RDONLY | O_CLOEXEC);
+    const int file = tools::OpenToRead (path);
     ThrowIfInterrupted (); // opening a pipe waits for its other end
     return file;
 }
 
-bool WriteAll (int file, const char* bytes, ssize_t count)
+bool WriteAll (int file, const char* bytes, std::int64_t count)
 {
     while (count > 0)
     {
-        const ssize_t written = write (file, bytes, static_cast<std::size_t> (count));
+        const auto written = tools::WriteSome (file, bytes, static_cast<std::size_t> (count));
         if (written < 0)
             return false;
         bytes += written;
@@ -58,15 +54,11 @@ bool WriteAll (int file, const char* bytes, ssize_t count)
 InputFile::InputFile (const fs::path& path)
     : descriptor (Open (path))
 {
-    struct stat status
-    {
-    };
-    if (descriptor < 0 || fstat (descriptor, &status) != 0)
+    if (descriptor < 0)
         throw RenderError ("\"" + path.string () + "\" cannot be read: " + Reason ());
-    if (!S_ISREG (status.st_mode))
+    if (!tools::IsOrdinary (descriptor))
         Spool (path);
-    size = lseek (descriptor, 0, SEEK_END);
-    lseek (descriptor, 0, SEEK_SET);
+    size = tools::Rewind (descriptor);
 }
 
 void InputFile::Spool (const fs::path& path)
@@ -74,8 +66,8 @@ void InputFile::Spool (const fs::path& path)
     const int from = descriptor;
     descriptor = OpenUnnamedFile ();
     std::array<char, 1 << 16> bytes;
-    ssize_t count = 0;
-    while ((count = read (from, bytes.data (), bytes.size ())) > 0)
+    std::int64_t count = 0;
+    while ((count = tools::ReadSome (from, bytes.data (), bytes.size ())) > 0)
     {
         ThrowIfInterrupted ();
         if (!WriteAll (descriptor, bytes.data (), count))
@@ -84,22 +76,22 @@ void InputFile::Spool (const fs::path& path)
     ThrowIfInterrupted ();
     if (count < 0)
         throw RenderError ("\"" + path.string () + "\" cannot be read: " + Reason ());
-    close (from);
+    tools::Close (from);
 }
 
 InputFile::~InputFile ()
 {
-    close (descriptor);
+    tools::Close (descriptor);
 }
 
 bool InputFile::ReadAt (std::int64_t offset, void* bytes, std::size_t count) const
 {
-    return pread (descriptor, bytes, count, offset) == static_cast<ssize_t> (count);
+    return tools::ReadSomeAt (descriptor, offset, bytes, count) == static_cast<std::int64_t> (count);
 }
 
 bool IsStream (const fs::path& path)
 {
-    if (path == "-" || host::NamesOpenFile (path))
+    if (path == "-" || tools::IsNameOfOpenFile (path))
         return true;
     std::error_code ignored;
     const auto status = fs::status (path, ignored);
@@ -108,11 +100,9 @@ bool IsStream (const fs::path& path)
 
 int OpenUnnamedFile ()
 {
-    std::string name = (fs::temp_directory_path () / "strip-render-XXXXXX").string ();
-    const int file = mkostemp (name.data (), O_CLOEXEC);
+    const int file = tools::OpenTemporary ();
     if (file < 0)
         throw RenderError ("no temporary file can be made: " + Reason ());
-    unlink (name.c_str ());
     return file;
 }
 

@@ -9,7 +9,7 @@ struct Interrupted
     int signalNumber;
 };
 
-/// Takes SIGINT, SIGTERM and SIGHUP as a wish to stop, instead of an end on the spot; and a file that may not grow as
+/// Takes the signals that ask for an end (SIGINT, SIGTERM, SIGHUP) as a wish to stop, instead of an end on the spot; and a file that may not grow as
 /// an error of writing. Call once, before there is anything to clear away.
 void CatchInterrupts ();
 

@@ -1,8 +1,9 @@
 #include "progress.h"
 
+#include "process.h"
+
 #include <algorithm>
 #include <iostream>
-#include <unistd.h>
 
 namespace tessaly::render
 {
@@ -19,7 +20,7 @@ constexpr const char* kWipeLine = "\r\x1b[K";
 
 Progress::Progress (std::int64_t allOfIt)
     : total (allOfIt)
-    , enabled (isatty (STDERR_FILENO) != 0)
+    , enabled (tools::IsErrorTerminal ())
     , nextDraw (Clock::now () + kQuietTime)
 {
 }

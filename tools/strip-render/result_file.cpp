@@ -2,14 +2,13 @@
 
 #include "input_file.h"
 #include "interrupts.h"
+#include "open_files.h"
 #include "render_error.h"
 
 #include <array>
 #include <cerrno>
-#include <fcntl.h>
 #include <string>
 #include <system_error>
-#include <unistd.h>
 
 namespace tessaly::render
 {
@@ -19,7 +18,7 @@ namespace
 
 int OpenStream (const std::filesystem::path& target)
 {
-    const int file = target == "-" ? dup (STDOUT_FILENO) : open (target.c_str (), O_WRONLY | O_CLOEXEC);
+    const int file = target == "-" ? tools::DuplicateOutput () : tools::OpenToWrite (target);
     ThrowIfInterrupted (); // opening a pipe waits for its other end
     return file;
 }
@@ -28,12 +27,12 @@ int OpenStream (const std::filesystem::path& target)
 bool Copy (int from, int to)
 {
     std::array<char, 1 << 16> bytes;
-    ssize_t count = 0;
-    for (off_t at = 0; (count = pread (from, bytes.data (), bytes.size (), at)) > 0; at += count)
-        for (ssize_t done = 0; done < count;)
+    std::int64_t count = 0;
+    for (std::int64_t at = 0; (count = tools::ReadSomeAt (from, at, bytes.data (), bytes.size ())) > 0; at += count)
+        for (std::int64_t done = 0; done < count;)
         {
             ThrowIfInterrupted ();
-            const ssize_t written = write (to, bytes.data () + done, static_cast<std::size_t> (count - done));
+            const auto written = tools::WriteSome (to, bytes.data () + done, static_cast<std::size_t> (count - done));
             if (written < 0 && errno != EINTR)
                 return false;
             done += written < 0 ? 0 : written;
@@ -51,14 +50,9 @@ ResultFile::ResultFile (const std::filesystem::path& wanted, host::Existing exis
         pending.emplace (target, existing);
         return;
     }
-    spoolFile = OpenUnnamedFile ();
-    spool = "/proc/self/fd/" + std::to_string (spoolFile);
-}
-
-ResultFile::~ResultFile ()
-{
-    if (spoolFile >= 0)
-        close (spoolFile);
+    spool.emplace ();
+    if (spool->Descriptor () < 0)
+        throw RenderError ("no temporary file can be made: " + std::generic_category ().message (errno));
 }
 
 void ResultFile::Commit ()
@@ -69,7 +63,7 @@ void ResultFile::Commit ()
         return;
     }
     const int stream = OpenStream (target);
-    if (stream < 0 || !Copy (spoolFile, stream) || close (stream) != 0)
+    if (stream < 0 || !Copy (spool->Descriptor (), stream) || !tools::Close (stream))
         throw RenderError ("the result does not go into \"" + target.string () +
                            "\": " + std::generic_category ().message (errno));
 }

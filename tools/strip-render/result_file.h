@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pending_file.h"
+#include "spool_file.h"
 
 #include <filesystem>
 #include <optional>
@@ -15,13 +16,12 @@ class ResultFile
 public:
     /// @throws RenderError, HostError when it cannot be written there or may not
     ResultFile (const std::filesystem::path& target, host::Existing existing);
-    ~ResultFile ();
 
     ResultFile (const ResultFile&) = delete;
     ResultFile& operator= (const ResultFile&) = delete;
 
     /// Where to write meanwhile.
-    const std::filesystem::path& WorkingPath () const { return pending ? pending->WorkingPath () : spool; }
+    const std::filesystem::path& WorkingPath () const { return pending ? pending->WorkingPath () : spool->Path (); }
 
     /// @throws RenderError, HostError, Interrupted when the result does not arrive
     void Commit ();
@@ -29,8 +29,7 @@ public:
 private:
     std::filesystem::path target;
     std::optional<host::PendingFile> pending; // null for a stream
-    std::filesystem::path spool;
-    int spoolFile = -1; // keeps what was written in reach under its path in /proc
+    std::optional<tools::SpoolFile> spool;    // null for a file
 };
 
 } // namespace tessaly::render
