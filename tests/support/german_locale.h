@@ -10,8 +10,20 @@ namespace tessaly::test
 class GermanLocale
 {
 public:
-    GermanLocale () { REQUIRE (std::setlocale (LC_ALL, "de_DE.UTF-8") != nullptr); }
-    ~GermanLocale () { std::setlocale (LC_ALL, "C"); }
+#ifdef _WIN32
+    static constexpr const char* kName = "German_Germany";
+#else
+    static constexpr const char* kName = "de_DE.UTF-8";
+#endif
+
+    GermanLocale ()
+    {
+        REQUIRE (std::setlocale (LC_ALL, kName) != nullptr);
+    }
+    ~GermanLocale ()
+    {
+        std::setlocale (LC_ALL, "C");
+    }
     GermanLocale (const GermanLocale&) = delete;
     GermanLocale& operator= (const GermanLocale&) = delete;
 };

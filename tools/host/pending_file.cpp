@@ -2,7 +2,7 @@
 
 #include "host_error.h"
 #include "open_files.h"
-#include "process.h"
+#include "running_process.h"
 
 #include <atomic>
 #include <cerrno>

@@ -222,6 +222,7 @@ int RunCommandLine (int argc, const char* const* argv)
     Arguments arguments;
     CLI::App app ("Key-point sets of the plug-in Tessaly Bench [m]: the sounds that its morph dial goes through.",
                   "keypoints");
+    app.allow_windows_style_options (false); // a slash begins a path, on Windows, too
     app.set_version_flag ("--version", KEYPOINTS_VERSION);
     app.footer (kExamples);
     app.require_subcommand (1);

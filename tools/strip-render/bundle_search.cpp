@@ -1,6 +1,6 @@
 #include "bundle_search.h"
 
-#include "process.h"
+#include "running_process.h"
 #include "render_error.h"
 
 namespace tessaly::render

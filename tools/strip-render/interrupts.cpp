@@ -1,6 +1,6 @@
 #include "interrupts.h"
 
-#include "process.h"
+#include "running_process.h"
 
 #include <csignal>
 

@@ -204,6 +204,7 @@ ParsedOptions ParseOptions (int argc, const char* const* argv)
     Texts texts;
     CLI::App app ("Runs a recording through the plug-in Tessaly Bench [m], one instance for each channel.",
                   "strip-render");
+    app.allow_windows_style_options (false); // a slash begins a path, on Windows, too
     app.set_version_flag ("--version", STRIP_RENDER_VERSION);
     app.footer (kExamples);
     Describe (app, options, texts);

@@ -1,6 +1,6 @@
 #include "progress.h"
 
-#include "process.h"
+#include "running_process.h"
 
 #include <algorithm>
 #include <iostream>

@@ -1,6 +1,6 @@
 #include "open_files.h"
 
-#include "process.h"
+#include "running_process.h"
 #include "temporary_name.h"
 #include <algorithm>
 #include <cerrno>

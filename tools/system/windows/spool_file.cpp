@@ -1,7 +1,7 @@
 #include "spool_file.h"
 
 #include "open_files.h"
-#include "process.h"
+#include "running_process.h"
 #include "temporary_name.h"
 #include <atomic>
 #include <fcntl.h>

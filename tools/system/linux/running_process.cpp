@@ -1,4 +1,4 @@
-#include "process.h"
+#include "running_process.h"
 
 #include <csignal>
 #include <cstdlib>
