@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <doctest/doctest.h>
+#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
@@ -38,8 +39,10 @@ TEST_CASE ("FixedText and IntegerText: write what printf writes in the C locale"
             for (const auto& [width, precision] : { std::pair{ 0, 0 }, { 5, 1 }, { 5, 2 }, { 10, 3 } })
             {
                 std::snprintf (expected.data (), expected.size (), "%*.*f", width, precision, number);
-                REQUIRE (FixedText (number, width, precision) == expected.data ());
+                if (!std::isnan (number)) // its sign is written by some libraries only
+                    REQUIRE (FixedText (number, width, precision) == expected.data ());
             }
+    CHECK (FixedText (std::numeric_limits<double>::quiet_NaN (), 5, 1) == "  nan");
     for (const int number : { 0, -7, 42, -1234, 2147483647, -2147483647 - 1 })
     {
         std::snprintf (expected.data (), expected.size (), "%3d", number);
@@ -70,7 +73,8 @@ TEST_CASE ("ParseNumber: takes as much of a text as strtod does, and the same va
         const auto number = ParseNumber (text);
         CHECK (number.length == static_cast<std::size_t> (end - text.c_str ()));
         CHECK ((number.value == expected || (std::isnan (number.value) && std::isnan (expected))));
-        CHECK (std::signbit (number.value) == std::signbit (expected));
+        if (number.length != 0) // otherwise libraries differ
+            CHECK (std::signbit (number.value) == std::signbit (expected));
     }
 }
 

@@ -3,8 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
-#include <stdlib.h>
+#include <random>
 #include <string>
 
 namespace tessaly::test
@@ -16,10 +15,10 @@ class TempFolder
 public:
     TempFolder ()
     {
-        std::string pattern = (std::filesystem::temp_directory_path () / "tessaly-test-XXXXXX").string ();
-        if (!mkdtemp (pattern.data ()))
-            throw std::runtime_error ("no folder for the test");
-        path = pattern;
+        std::random_device chance;
+        do
+            path = std::filesystem::temp_directory_path () / ("tessaly-test-" + std::to_string (chance ()));
+        while (!std::filesystem::create_directory (path));
     }
     ~TempFolder ()
     {
