@@ -138,7 +138,9 @@ void ZChannel_StripEditor::FocusMoved (const ZPane* newPane, ZPane* oldPane)
         return;
     const auto toGraph = newPane == panel->eqGraph;
     const auto toMorph = newPane->GetId () == kMorph;
-    const auto band = toGraph ? panel->eqGraph->GetCurrentBand () : std::int32_t{ kNoBand };
+    // A wheel beside the markers touches no band: what the old pane had lit must not stay.
+    const auto touchesBand = toGraph && panel->eqGraph->IsTouched ();
+    const auto band = touchesBand ? panel->eqGraph->GetCurrentBand () : std::int32_t{ kNoBand };
 
     if (oldPane->GetId () == kDrive)
     {

@@ -40,7 +40,8 @@ public:
 
     // The band that is shown as touched
     std::int32_t GetCurrentBand () const { return currentBand; }
-    void SetCurrentBand (std::int32_t band); ///< kNoBand, kAllBands or one of them
+    bool IsTouched () const { return IsEditing () || dragMode != kUndecided; } ///< by mouse, wheel or key
+    void SetCurrentBand (std::int32_t band);                                   ///< kNoBand, kAllBands or one of them
     bool IsCurrentBand (std::int32_t band) const { return band == currentBand || currentBand == kAllBands; }
     bool IsHoverBand (std::int32_t band) const { return band == hoverBand; }
     ZColor GetCurveColor (std::int32_t band) const;

@@ -278,6 +278,18 @@ TEST_CASE ("Strip editor: what the wheel has lit under the pointer goes out by a
     }
 }
 
+TEST_CASE ("Strip editor: a wheel beside the graph's markers leaves none of the lights of \"Morph\"")
+{
+    Panel panel;
+    panel.Wait (600);
+    const auto before = panel.Shown ();
+    panel.Wheel (panel.At ("morph"), 0);
+    CHECK_FALSE (panel.Looks (before, kEqGraph));
+    panel.Wheel ({ 450, 120 }, 1);
+    panel.Wait (60);
+    CHECK (panel.Looks (before, kEqGraph));
+}
+
 TEST_CASE ("Strip editor: a value that departs from the morph shows on its dial")
 {
     Panel panel (MakeTwoSets ());
