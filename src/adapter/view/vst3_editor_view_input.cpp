@@ -3,6 +3,7 @@
 #include "host_call.h"
 #include "overlay_control.h"
 #include "parameter_storage_base.h"
+#include "truncate.h"
 #include "vst3_editor_view_wrapper.h"
 #include "vst_keys.h"
 #include <algorithm>
@@ -157,6 +158,7 @@ void ZVst3EditorViewWrapper::OnMouseDown (const WindowMouse& mouse)
         if (menuWanted)
             return;
     }
+    releaseExpected = false; // of a drag before this one
     ZEvent event (BeginInput ());
     editor->SetDialMode (GetDialMode ());
     EndInput (editor->MouseDown (event, InputOf (event, mouse)));
@@ -181,8 +183,7 @@ bool ZVst3EditorViewWrapper::OnWheel (ZPoint pixel, double notches)
 {
     const HostCall call;
     ZEvent event (BeginInput ());
-    const bool taken =
-        editor->MouseWheel (event, { ToPanel (pixel), static_cast<std::int32_t> (notches), event.GetTime () });
+    const bool taken = editor->MouseWheel (event, { ToPanel (pixel), Truncate (notches), event.GetTime () });
     EndInput (taken);
     return taken;
 }
