@@ -170,6 +170,21 @@ TEST_CASE ("Gestures: a drag goes on outside of the window and ends there")
     CHECK (panel.Value (kMorph) == released);
 }
 
+TEST_CASE ("Gestures: a drag that is over before the panel looks arrives whole")
+{
+    PanelInWindow panel;
+    const auto& user = Desktop::Get ().user;
+    panel.MoveTo (kDriveDial + Place{ -20, 0 });
+    user.Press (UserInput::left);
+    for (const Place to : { Place{ -14, -14 }, Place{ 0, -20 }, Place{ 14, -14 }, Place{ 20, 0 } })
+        user.MoveTo (kDriveDial.x + to.x, kDriveDial.y + to.y);
+    user.Release (UserInput::left);
+    user.MoveTo (kEmpty.x, kEmpty.y);
+    panel.Settle ();
+    CHECK (panel.Value (kDrive) == doctest::Approx (0.8).epsilon (0.01)); // a quarter turn right of upright
+    panel.CheckOneEdit (kDrive);
+}
+
 TEST_CASE ("Gestures: neither wheel and keys nor two seconds of rest divide a drag's edit")
 {
     PanelInWindow panel;

@@ -47,15 +47,16 @@ xcb_window_t IdOf (const CFrame& frame)
     return dynamic_cast<X11::IX11Frame*> (frame.getPlatformFrame ())->getX11WindowID ();
 }
 
-/// Keys come through our own client, which can hand on what the panel does not take.
-void LeaveKeysAlone (xcb_window_t window)
+/// What VSTGUI is not to hear: keys come through our own client, which can hand on what the panel does not take. And
+/// of moves it asks for hints alone, one for all that come until it looks: the last ones of a quick drag would be lost.
+void NarrowEvents (xcb_window_t window)
 {
     auto* const connection = X11::RunLoop::instance ().getXcbConnection ();
     const XcbReply<xcb_get_window_attributes_reply_t> now (
         xcb_get_window_attributes_reply (connection, xcb_get_window_attributes (connection, window), nullptr));
     if (now == nullptr)
         return;
-    const std::uint32_t events = now->your_event_mask & ~kKeyEvents;
+    const std::uint32_t events = now->your_event_mask & ~(kKeyEvents | XCB_EVENT_MASK_POINTER_MOTION_HINT);
     xcb_change_window_attributes (connection, window, XCB_CW_EVENT_MASK, &events);
     xcb_flush (connection);
 }
@@ -104,7 +105,7 @@ std::unique_ptr<PanelWindow> PanelWindow::Open (void* parent, ZPoint size, doubl
     shown.setMouseEnabled (true);
     TellDevice ();
     const auto id = IdOf (shown);
-    LeaveKeysAlone (id);
+    NarrowEvents (id);
     X11WindowListener& hears = *opened; // made here: make_unique has no access to a private base
     opened->window = std::make_unique<X11Window> (std::move (connection), id, pixels, hears);
     opened->window->MarkMapped ();
