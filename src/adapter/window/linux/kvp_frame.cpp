@@ -2,6 +2,8 @@
 
 #include "vst3_control_wrapper.h"
 #include "vstgui/lib/events.h"
+#include "vstgui/lib/platform/linux/x11platform.h"
+#include <xcb/xcb.h>
 
 namespace tessaly
 {
@@ -52,6 +54,19 @@ void ZKVPFrame::onMouseEvent (MouseEvent& event, CFrame* /*of*/)
     else if (event.type == EventType::MouseUp)
         control->onMouseUp (where, buttons);
     event.consumed = true;
+    if (event.type == EventType::MouseMove)
+        ForgetHistory ();
+}
+
+/// After each move VSTGUI asks for the pointer's history and never reads it: the answers would stay in memory for as long
+/// as the connection. It asks as soon as this move has been handled, so its request is the next one; it can be thrown
+/// away once it has been made.
+void ZKVPFrame::ForgetHistory ()
+{
+    auto* const connection = X11::RunLoop::instance ().getXcbConnection ();
+    if (historyAsked != 0)
+        xcb_discard_reply (connection, historyAsked);
+    historyAsked = xcb_no_operation (connection).sequence + 1;
 }
 
 } // namespace tessaly

@@ -2,6 +2,7 @@
 
 #include "native_key.h"
 #include "vstgui/lib/cframe.h"
+#include <cstdint>
 
 namespace tessaly
 {
@@ -36,10 +37,12 @@ private:
     void onMouseEntered (VSTGUI::CView* view, VSTGUI::CFrame* of) override;
     void onMouseExited (VSTGUI::CView* view, VSTGUI::CFrame* of) override;
     void onMouseEvent (VSTGUI::MouseEvent& event, VSTGUI::CFrame* of) override;
+    void ForgetHistory ();
 
     VSTGUI::SharedPointer<VSTGUI::CFrame> frame;
     ZVst3ControlWrapper* control = nullptr; // not owned: the frame; null when it has closed
     bool mouseInside = false;
+    std::uint32_t historyAsked = 0; // the request for the pointer's history whose answer nobody reads; 0: none
 };
 
 } // namespace tessaly
