@@ -55,3 +55,23 @@ function(house_library name)
     set_target_properties(${name} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
     target_link_libraries(${name} PUBLIC ${arg_LINKS} PRIVATE house_flags)
 endfunction()
+
+# Link-time optimization, of the module alone and in it of the libraries named: see optimize_at_link. The archives hold
+# ordinary code as well, which all programs link; without -fno-lto each of them would be optimized at its link, too.
+set(TESSALY_LTO OFF)
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT CMAKE_CROSSCOMPILING
+    AND NOT TESSALY_SANITIZE)
+    set(TESSALY_LTO ON)
+    add_link_options($<$<NOT:$<STREQUAL:$<TARGET_PROPERTY:TYPE>,MODULE_LIBRARY>>:-fno-lto>)
+endif()
+
+# optimize_at_link(MODULE library...)
+# Calls between these libraries are inlined where MODULE is linked. Release builds with g++ only.
+function(optimize_at_link module)
+    if(TESSALY_LTO)
+        foreach(library IN LISTS ARGN)
+            target_compile_options(${library} PRIVATE -flto -ffat-lto-objects)
+        endforeach()
+        target_link_options(${module} PRIVATE -flto=auto)
+    endif()
+endfunction()
