@@ -19,19 +19,12 @@ bool isFinite (const BiquadCoefs& c)
 
 void BlendBiquad::startUp (const BiquadCoefs& coefs, double sampleRate)
 {
-    pending.store (false, std::memory_order_relaxed);
     fadeLength = sampleRate * 10 / 1000;
     wholeFadeLength = static_cast<std::int32_t> (fadeLength);
     fadeCounter = wholeFadeLength + 1;
     if (isFinite (coefs))
         liveCoefs = coefs;
     clearState ();
-}
-
-bool BlendBiquad::takesChange ()
-{
-    return isSteady () && pending.load (std::memory_order_relaxed) &&
-           pending.exchange (false, std::memory_order_acquire);
 }
 
 void BlendBiquad::crossfadeTo (const BiquadCoefs& coefs)

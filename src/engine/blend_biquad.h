@@ -4,7 +4,6 @@
 #include "fade_weights.h"
 #include "recursions.h"
 
-#include <atomic>
 #include <cstddef>
 #include <cstdint>
 
@@ -15,28 +14,25 @@ namespace tessaly
 /// run, and their outputs are blended along a logistic curve,
 ///     w[i] = 1 / (1 + exp (-10 (i - L/2) / L)),   i = 0 ... N - 1,   L = 0.01 * sampleRate,   N = L truncated
 /// from w = 0.0067 to 0.9933; then the new filter runs alone. The new one starts from zero state, the old one rings on.
-/// A change asked for during a crossfade is taken up after its end, and of several only the last is heard.
 ///
-/// The owner designs the coefficients when they are taken up, from its settings at that moment. The samples run through
+/// A change during a crossfade waits for its end: the owner designs the coefficients then, from its settings at that
+/// moment, so of several only the last is heard. The samples run through
 /// BlockMath::run, in stretches that end with a crossfade at the latest:
-///     if (takesChange ()) crossfadeTo (coefs);   gather for up to samplesToGo () samples;   run;   scatter
+///     if (isSteady () and settings have changed) crossfadeTo (coefs);   gather for up to samplesToGo () samples;   run;   scatter
 ///
-/// Threads: `change` any; `startUp` during set-up; the rest on the audio thread. No lock, no allocation.
+/// Threads: `startUp` during set-up; the rest on the audio thread. No lock, no allocation.
 class BlendBiquad
 {
 public:
-    /// Asks for a new design; a crossfade follows even if it turns out equal to the present one. The settings that it
-    /// is made of are stored before.
-    void change () { pending.store (true, std::memory_order_release); }
-
     /// Clears the state and runs `coefs` at once, without a crossfade.
     /// @param coefs       not finite: the section keeps its own
     /// @param sampleRate  Hz, above 0; sets the length of later crossfades
     void startUp (const BiquadCoefs& coefs, double sampleRate);
 
-    /// Whether a change has been asked for that can begin now. Forgets it: `crossfadeTo` has to follow.
-    bool takesChange ();
-    void crossfadeTo (const BiquadCoefs& coefs); ///< not finite: what was there goes on
+    bool isSteady () const { return fadeCounter >= wholeFadeLength; } ///< no crossfade runs
+
+    /// Begins a crossfade, even to the same coefficients; none may run. @param coefs  not finite: what was there goes on
+    void crossfadeTo (const BiquadCoefs& coefs);
 
     /// How many samples the running crossfade still lasts; without one as many as there are.
     std::size_t samplesToGo () const;
@@ -47,9 +43,6 @@ public:
     void clearState (); ///< forgets the sound, of both filters during a crossfade
 
 private:
-    bool isSteady () const { return fadeCounter >= wholeFadeLength; }
-
-    std::atomic<bool> pending = false;
     BiquadState liveState{};
     BiquadCoefs liveCoefs{}; // of the filter in use, during a crossfade the incoming one
     BiquadState fadingState{};

@@ -21,6 +21,12 @@ constexpr std::int32_t kOutputMeter = 1;
 constexpr double kLowestRate = 20;
 constexpr double kHighestRate = 1e9;
 
+/// Of a section's bypass, of whose step 16 bits count.
+bool isOn (std::int32_t step)
+{
+    return static_cast<std::uint16_t> (step) != 0;
+}
+
 } // namespace
 
 Channel_Strip::Channel_Strip (ZEffect* owner)
@@ -60,26 +66,8 @@ std::int32_t Channel_Strip::GetTail ()
 void Channel_Strip::SetParameterOld (std::int32_t index, float step)
 {
     const auto parameter = static_cast<StripParameter> (index);
-    const std::int32_t wholeStep = Truncate (static_cast<double> (step));
-    compressor.setParameter (parameter, wholeStep);
-    equalizer.setParameter (parameter, wholeStep);
-    switch (parameter)
-    {
-    case StripParameter::totalGain:
-        totalGainDb = gainDb (wholeStep);
-        break;
-    case StripParameter::equalizerBypass:
-        eqBypassed = static_cast<std::uint16_t> (wholeStep);
-        break;
-    case StripParameter::compressorBypass:
-        compressorBypassed = static_cast<std::uint16_t> (wholeStep);
-        break;
-    case StripParameter::bypass:
-        bypassTarget = step == 0.0F ? 0.0 : 1.0;
-        break;
-    default:
-        break;
-    }
+    const bool isSwitch = parameter == StripParameter::bypass; // on for less than a step, too
+    steps.set (parameter, isSwitch ? std::int32_t{ step != 0.0F } : Truncate (static_cast<double> (step)));
 }
 
 void Channel_Strip::Process (float** in, float** out, std::int32_t n)
@@ -140,7 +128,8 @@ bool Channel_Strip::processChunk (const float* in, float* out, std::size_t count
     double y[kChunkSamples];
     const bool finite = math.addNoise (in, noiseState, dry, count);
     std::copy_n (dry, count, y);
-    const Stages stages{ .compress = compressorBypassed == 0, .equalize = eqBypassed == 0 };
+    const Stages stages{ .compress = !isOn (steps[StripParameter::compressorBypass]),
+                         .equalize = !isOn (steps[StripParameter::equalizerBypass]) };
     double smallestGain = 1.0;
     for (std::size_t at = 0; at < count;)
     {
@@ -179,7 +168,8 @@ double Channel_Strip::processStretch (double* y, std::size_t count, Stages stage
         smallestGain = runPieces (r, y, count, stages);
     else
     {
-        math.scale (y, totalGain.next (count, totalGainTarget (totalGainDb), glideLaw), count);
+        math.scale (y, totalGain.next (count, totalGainTarget (gainDb (steps[StripParameter::totalGain])), glideLaw),
+                    count);
         if (stages.equalize)
             math.run (r, nullptr, nullptr, y, count);
     }
@@ -198,7 +188,7 @@ double Channel_Strip::runPieces (Recursions& r, double* y, std::size_t count, St
     double sideChain[kChunkSamples];
     double level[kChunkSamples];
     std::copy_n (y, count, sideChain);
-    const double gainTarget = totalGainTarget (totalGainDb);
+    const double gainTarget = totalGainTarget (gainDb (steps[StripParameter::totalGain]));
 
     const auto lengthAt = [count] (std::size_t at) { return at < count ? std::min (kPiece, count - at) : 0; };
     math.run (r, nullptr, sideChain, nullptr, lengthAt (0));
@@ -228,7 +218,7 @@ double Channel_Strip::runPieces (Recursions& r, double* y, std::size_t count, St
 
 void Channel_Strip::blendBypass (const double* dry, double* y, std::size_t count)
 {
-    const double target = bypassTarget;
+    const double target = steps[StripParameter::bypass]; // 0 processed, 1 dry
     if (bypass.hasLanded (target) && target == 0.0)
         return;
     double share[kChunkSamples];

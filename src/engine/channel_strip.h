@@ -8,6 +8,7 @@
 #include "old_plugin_core.h"
 #include "shared_value.h"
 #include "strip_meter.h"
+#include "strip_steps.h"
 
 #include <cstdint>
 
@@ -64,13 +65,10 @@ private:
 
     // Settings, written by SetParameterOld.
     SharedValue<double> sampleRate = 44100.0; // Hz
-    SharedValue<double> totalGainDb = 0.0;
-    SharedValue<double> bypassTarget = 0.0; // 0 processed, 1 dry
-    SharedValue<std::uint16_t> eqBypassed = 0;
-    SharedValue<std::uint16_t> compressorBypassed = 0;
+    StripSteps steps;
 
-    Compressor compressor;
-    Equalizer equalizer;
+    Compressor compressor{ steps };
+    Equalizer equalizer{ steps };
 
     // The audio thread's own.
     std::uint32_t noiseState = kNoiseSeed;

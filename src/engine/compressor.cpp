@@ -2,7 +2,6 @@
 
 #include "detector_floor.h"
 #include "equalizer_design.h"
-#include "step_ranges.h"
 #include "value_scales.h"
 
 #include <algorithm>
@@ -11,50 +10,10 @@
 namespace tessaly
 {
 
-namespace
+Compressor::Compressor (StripSteps& settings)
+    : steps (settings)
 {
-
-/// Of a parameter: the step before one is set, and how many, from 0 up, have a meaning.
-struct OwnParameter
-{
-    std::int32_t initialStep;
-    std::uint64_t meaningfulSteps;
-};
-
-constexpr std::uint64_t kAnyStep = std::uint64_t{ 1 } << 32; // those below 0, too
-
-constexpr std::array<OwnParameter, Compressor::kOwnParameters> kOwn{ {
-    { 0, kAnyStep }, // drive: a threshold of 0 dB
-    { StepsOf (StripParameter::attack).init, attackMs.size () },
-    { StepsOf (StripParameter::release).init, releaseMs.size () },
-    { StepsOf (StripParameter::ratio).init, ratioValue.size () },
-    { kMiddleKnee, kAnyStep },
-    { StepsOf (StripParameter::driveOffset).init, kAnyStep },
-    { StepsOf (StripParameter::makeupAmount).init, kAnyStep },
-    { 44, kAnyStep },  // side chain: 200 Hz
-    { 180, kAnyStep }, //   0 dB
-    { 12, kAnyStep },  //   q of 1
-} };
-
-} // namespace
-
-Compressor::Compressor ()
-{
-    for (std::size_t i = 0; i < kOwnParameters; ++i)
-        steps[i] = kOwn[i].initialStep;
     startUp (sampleRate);
-}
-
-void Compressor::setParameter (StripParameter parameter, std::int32_t step)
-{
-    const auto index = static_cast<std::size_t> (parameter);
-    if (index >= kOwnParameters || static_cast<std::uint32_t> (step) >= kOwn[index].meaningfulSteps)
-        return;
-    steps[index] = step;
-    if (parameter >= StripParameter::sideChainFreq)
-        sideChainEq.change ();
-    else
-        stepsChanged.store (true, std::memory_order_release);
 }
 
 /// A negative offset fades out as the threshold of "Drive" nears 0 dB, so that "Drive" 0 is always a threshold of 0.
@@ -62,8 +21,8 @@ double Compressor::thresholdDb () const
 {
     constexpr double kFadeStartDb = -6.2;
     constexpr double kLowestDb = -54;
-    const double drive = driveThreshold (stepOf (StripParameter::drive));
-    const double offset = driveOffset (stepOf (StripParameter::driveOffset));
+    const double drive = driveThreshold (steps[StripParameter::drive]);
+    const double offset = driveOffset (steps[StripParameter::driveOffset]);
     const bool fades = offset < 0 && drive >= kFadeStartDb;
     const double sum = fades ? (offset + drive) * drive / kFadeStartDb : drive + offset;
     return std::clamp (sum, kLowestDb, 0.0);
@@ -71,7 +30,7 @@ double Compressor::thresholdDb () const
 
 double Compressor::slopeOfRatio () const
 {
-    return 1 - 1 / stepToValue (ratioValue, stepOf (StripParameter::ratio));
+    return 1 - 1 / stepToValue (ratioValue, steps[StripParameter::ratio]);
 }
 
 /// 1 / (time in samples), at most 1.
@@ -84,15 +43,16 @@ double Compressor::coefOfTime (double timeMs) const
 
 BiquadCoefs Compressor::sideChainPeak () const
 {
-    return designPeaking (sampleRate, stepToValue (frequencyHz, stepOf (StripParameter::sideChainFreq)),
-                          gainDb (stepOf (StripParameter::sideChainGain)),
-                          stepToValue (qValue, stepOf (StripParameter::sideChainQ)), sideChainSlope, sideChainMaxDb);
+    return designPeaking (sampleRate, stepToValue (frequencyHz, steps[StripParameter::sideChainFreq]),
+                          gainDb (steps[StripParameter::sideChainGain]),
+                          stepToValue (qValue, steps[StripParameter::sideChainQ]), sideChainSlope, sideChainMaxDb);
 }
 
 void Compressor::startUp (double newSampleRate)
 {
     sampleRate = newSampleRate;
-    stepsChanged.store (true, std::memory_order_release); // the times in samples have
+    timesAreOld = true;
+    steps.take (StripPart::sideChain); // before the design, which has them
     sideChainHighPass.designHighPass (1, newSampleRate, sideChainHighPassFreq);
     glideLaw = GlideLaw (newSampleRate);
     sideChainEq.startUp (sideChainPeak (), newSampleRate);
@@ -100,23 +60,23 @@ void Compressor::startUp (double newSampleRate)
 
 std::size_t Compressor::takeUpSettings ()
 {
-    if (stepsChanged.load (std::memory_order_relaxed) && stepsChanged.exchange (false, std::memory_order_acquire))
+    if (steps.take (StripPart::dynamics) || timesAreOld)
         workOut ();
-    if (sideChainEq.takesChange ())
+    if (sideChainEq.isSteady () && steps.take (StripPart::sideChain))
         sideChainEq.crossfadeTo (sideChainPeak ());
     return sideChainEq.samplesToGo ();
 }
 
 void Compressor::workOut ()
 {
+    timesAreOld = false;
     detectedThresholdDb = thresholdDb ();
     thresholdLinear = thresholdGain (detectedThresholdDb);
     kneeInForce = kneeCurve (detectedThresholdDb, knee ());
     slopeTarget = slopeOfRatio ();
-    makeupTarget =
-        makeupGain (-slopeTarget * detectedThresholdDb * makeupAmount (stepOf (StripParameter::makeupAmount)));
-    detector.setTimes (coefOfTime (stepToValue (attackMs, stepOf (StripParameter::attack))),
-                       coefOfTime (stepToValue (releaseMs, stepOf (StripParameter::release))));
+    makeupTarget = makeupGain (-slopeTarget * detectedThresholdDb * makeupAmount (steps[StripParameter::makeupAmount]));
+    detector.setTimes (coefOfTime (stepToValue (attackMs, steps[StripParameter::attack])),
+                       coefOfTime (stepToValue (releaseMs, steps[StripParameter::release])));
 }
 
 void Compressor::gather (Recursions& r, FadeWeights& weights) const

@@ -8,10 +8,8 @@
 #include "glide.h"
 #include "level_detector.h"
 #include "shared_value.h"
-#include "strip_parameter.h"
+#include "strip_steps.h"
 
-#include <array>
-#include <atomic>
 #include <cstddef>
 #include <cstdint>
 
@@ -23,18 +21,13 @@ namespace tessaly
 ///     makeup = 10^(-slope * thresholdDb * makeupAmount / 20),   slope = 1 - 1/ratio
 /// "Drive" lowers the threshold and so raises the makeup: the level stays and the compression grows.
 ///
-/// A setting is noted as its step; what follows from the steps is worked out once a chunk, however many have changed.
+/// What follows from the steps is worked out once a chunk, however many have changed.
 ///
-/// Threads: `setParameter` and `compressorCurveDb` any; `startUp` during set-up; the rest on the audio thread.
+/// Threads: `compressorCurveDb` any; `startUp` during set-up; the rest on the audio thread.
 class Compressor
 {
 public:
-    static constexpr std::size_t kOwnParameters = 10; ///< "Drive" to "Side Chain Q"
-
-    Compressor ();
-
-    /// Any parameter of the strip may come; others than its own, and a step without a time or a ratio, change nothing.
-    void setParameter (StripParameter parameter, std::int32_t step);
+    explicit Compressor (StripSteps& settings); ///< not owned: the strip's, outlives this
 
     /// Scales the times to the rate and designs the side chain anew, without a crossfade. The detector, the high-pass
     /// and the glides go on from where they are.
@@ -61,10 +54,9 @@ public:
     double compressorCurveDb (double inputDb) const;
 
 private:
-    std::int32_t stepOf (StripParameter parameter) const { return steps[static_cast<std::size_t> (parameter)]; }
     double thresholdDb () const;
     double slopeOfRatio () const;
-    std::uint16_t knee () const { return static_cast<std::uint16_t> (stepOf (StripParameter::knee)); }
+    std::uint16_t knee () const { return static_cast<std::uint16_t> (steps[StripParameter::knee]); }
     double coefOfTime (double timeMs) const;
     void workOut ();
     BiquadCoefs sideChainPeak () const;
@@ -73,8 +65,7 @@ private:
     static constexpr double sideChainSlope = 0.70;
     static constexpr double sideChainMaxDb = 18.0;
 
-    std::array<SharedValue<std::int32_t>, kOwnParameters> steps;
-    std::atomic<bool> stepsChanged = true; // of those that do not belong to sideChainEq; raised after they are stored
+    StripSteps& steps;                        // not owned: the strip's
     SharedValue<double> sampleRate = 44100.0; // Hz
 
     // The audio thread's own.
@@ -84,6 +75,7 @@ private:
     GlideLaw glideLaw{ 44100.0 };
     GlideRow slope{ 0.0 };    // on its way to slopeTarget
     GlideRow makeup{ 0.0 };   // on its way to makeupTarget
+    bool timesAreOld = true;  // the rate has changed since they were worked out in samples
     double slopeTarget = 0.0; // 1 - 1/ratio
     double makeupTarget = 1.0;
     double detectedThresholdDb = 0.0; // in force since takeUpSettings; thresholdLinear is the same

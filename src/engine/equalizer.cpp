@@ -13,57 +13,37 @@ namespace
 {
 
 constexpr double kNoValue = -1.0;
-constexpr auto kFirstOwn = static_cast<std::size_t> (StripParameter::highFreq);
 
 } // namespace
 
-Equalizer::Equalizer ()
-    : steps{ 44, 180, 44, 180, 12, 32, 180 } // high and mid at 200 Hz, low at 100, all at 0 dB, q of 1
+Equalizer::Equalizer (StripSteps& settings)
+    : steps (settings)
 {
     startUp (sampleRate);
 }
 
-void Equalizer::setParameter (StripParameter parameter, std::int32_t step)
-{
-    const auto index = static_cast<std::size_t> (parameter) - kFirstOwn; // before the first: beyond the last
-    if (index >= kOwnParameters)
-        return;
-    steps[index] = step;
-    if (parameter >= StripParameter::lowFreq)
-        eqLow.change ();
-    else if (parameter >= StripParameter::midFreq)
-        eqMid.change ();
-    else
-        eqHigh.change ();
-}
-
-std::int32_t Equalizer::stepOf (StripParameter parameter) const
-{
-    return steps[static_cast<std::size_t> (parameter) - kFirstOwn];
-}
-
 double Equalizer::frequencyOf (StripParameter parameter) const
 {
-    return stepToValue (frequencyHz, stepOf (parameter));
+    return stepToValue (frequencyHz, steps[parameter]);
 }
 
 double Equalizer::gainOf (StripParameter parameter) const
 {
-    return gainDb (stepOf (parameter));
+    return gainDb (steps[parameter]);
 }
 
 double Equalizer::midQ () const
 {
-    return stepToValue (qValue, stepOf (StripParameter::midQ));
+    return stepToValue (qValue, steps[StripParameter::midQ]);
 }
 
 std::size_t Equalizer::takeUpDesigns ()
 {
-    if (eqLow.takesChange ())
+    if (eqLow.isSteady () && steps.take (StripPart::lowBand))
         eqLow.crossfadeTo (lowShelf ());
-    if (eqMid.takesChange ())
+    if (eqMid.isSteady () && steps.take (StripPart::midBand))
         eqMid.crossfadeTo (midPeak ());
-    if (eqHigh.takesChange ())
+    if (eqHigh.isSteady () && steps.take (StripPart::highBand))
         eqHigh.crossfadeTo (highShelf ());
     return std::min ({ eqLow.samplesToGo (), eqMid.samplesToGo (), eqHigh.samplesToGo () });
 }
@@ -110,6 +90,8 @@ BiquadCoefs Equalizer::highShelf () const
 void Equalizer::startUp (double newSampleRate)
 {
     sampleRate = newSampleRate;
+    for (const auto band : { StripPart::lowBand, StripPart::midBand, StripPart::highBand })
+        steps.take (band); // before the designs, which have them
     eqLow.startUp (lowShelf (), newSampleRate);
     eqMid.startUp (midPeak (), newSampleRate);
     eqHigh.startUp (highShelf (), newSampleRate);

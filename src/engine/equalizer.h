@@ -3,26 +3,22 @@
 #include "blend_biquad.h"
 #include "recursions.h"
 #include "shared_value.h"
-#include "strip_parameter.h"
+#include "strip_steps.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 
 namespace tessaly
 {
 
-/// Three bands in series: a low shelf, a peak, a high shelf. A setting's step is stored at once; the audio thread designs the
-/// band that it belongs to when no crossfade of that band runs (any more), however many settings have changed by then.
+/// Three bands in series: a low shelf, a peak, a high shelf. The audio thread designs a band whose
+/// steps have changed when no crossfade of that band runs (any more), however many settings have changed by then.
 ///
-/// Threads: `startUp` during set-up; setParameter and all reads any; the rest on the audio thread.
+/// Threads: `startUp` during set-up; all reads any; the rest on the audio thread.
 class Equalizer
 {
 public:
-    Equalizer ();
-
-    /// Any parameter of the strip may come; others than its own change nothing.
-    void setParameter (StripParameter parameter, std::int32_t step);
+    explicit Equalizer (StripSteps& settings); ///< not owned: the strip's, outlives this
 
     /// Designs all bands anew and clears their state, without a crossfade.
     /// @param newSampleRate  Hz, above 0
@@ -46,7 +42,6 @@ public:
     double value (StripParameter parameter) const;  ///< Hz, dB or q; -1 if it is none of the equalizer's
 
 private:
-    std::int32_t stepOf (StripParameter parameter) const;
     double frequencyOf (StripParameter parameter) const; // Hz
     double gainOf (StripParameter parameter) const;      // dB
     double midQ () const;
@@ -61,8 +56,7 @@ private:
     static constexpr double highSlope = 0.32;
     static constexpr double highMaxDb = 18.0;
 
-    static constexpr std::size_t kOwnParameters = 7; // "High F" to "Low G"
-    std::array<SharedValue<std::int32_t>, kOwnParameters> steps;
+    StripSteps& steps;                        // not owned: the strip's
     SharedValue<double> sampleRate = 44100.0; // Hz
     BlendBiquad eqLow;
     BlendBiquad eqMid;

@@ -18,13 +18,14 @@ double thresholdDb (const Compressor& compressor)
     return compressor.compressorCurveDb (0.0) * 3000 / 2999; // at 0 dB in, but for 1/3000, the threshold comes out
 }
 
-struct HardCompressor : Compressor
+struct HardCompressor : StripSteps, Compressor
 {
     HardCompressor (std::int32_t drive, std::int32_t offset)
+        : Compressor (static_cast<StripSteps&> (*this))
     {
-        setParameter (StripParameter::knee, 2);
-        setParameter (StripParameter::drive, drive);
-        setParameter (StripParameter::driveOffset, offset);
+        set (StripParameter::knee, 2);
+        set (StripParameter::drive, drive);
+        set (StripParameter::driveOffset, offset);
     }
 };
 
@@ -60,8 +61,8 @@ TEST_CASE ("Compressor: makeup undoes its amount of a full-scale reduction")
     for (const int amount : { 0, 100, 200 })
     {
         HardCompressor compressor (100, 100); // -20 dB
-        compressor.setParameter (StripParameter::ratio, 60);
-        compressor.setParameter (StripParameter::makeupAmount, amount);
+        compressor.set (StripParameter::ratio, 60);
+        compressor.set (StripParameter::makeupAmount, amount);
         const double reductionDb = -compressor.compressorCurveDb (0.0);
         CHECK (20 * std::log10 (landedMakeup (compressor)) == Approx (reductionDb * amount / 200));
     }
@@ -74,7 +75,7 @@ TEST_CASE ("Compressor: a setting of the side chain is crossfaded, one of anothe
         HardCompressor compressor (100, 100);
         compressor.startUp (48000);
         const double makeup = landedMakeup (compressor);
-        compressor.setParameter (static_cast<StripParameter> (index), 40);
+        compressor.set (static_cast<StripParameter> (index), 40);
         const bool isOfSideChain = index >= 7 && index <= 9;
         const bool isOfMakeup = index == 0 || index == 3 || index == 5 || index == 6;
         CAPTURE (index);

@@ -11,9 +11,10 @@ using doctest::Approx;
 
 TEST_CASE ("Equalizer: bands beyond 0.48 of the rate are drawn as at 0.48 of it")
 {
-    Equalizer equalizer;
+    StripSteps steps;
+    Equalizer equalizer (steps);
     equalizer.startUp (44100);
-    equalizer.setParameter (StripParameter::highGain, 360);
+    steps.set (StripParameter::highGain, 360);
     CHECK (equalizer.responseDb (22000, 3) == equalizer.responseDb (0.48 * 44100, 3));
     CHECK (equalizer.responseDb (0.479 * 44100, 3) != equalizer.responseDb (0.48 * 44100, 3));
 }
@@ -22,9 +23,10 @@ TEST_CASE ("Equalizer: each setting crossfades its own band from the next stretc
 {
     for (int index = int (StripParameter::drive); index <= int (StripParameter::bypass); ++index)
     {
-        Equalizer equalizer;
+        StripSteps steps;
+        Equalizer equalizer (steps);
         equalizer.startUp (48000);
-        equalizer.setParameter (static_cast<StripParameter> (index), 40);
+        steps.set (static_cast<StripParameter> (index), 40);
         const bool isOurs = index >= int (StripParameter::highFreq) && index <= int (StripParameter::lowGain);
         CAPTURE (index);
         CHECK (equalizer.takeUpDesigns () == (isOurs ? 480 : std::numeric_limits<std::size_t>::max ()));
@@ -40,15 +42,16 @@ TEST_CASE ("Equalizer: each setting crossfades its own band from the next stretc
 TEST_CASE ("Equalizer: settings from another thread give whole designs")
 {
     // Whatever gain and frequency a design meets, a low shelf has that gain at 0 Hz: 0 or 18 dB, nothing else.
-    Equalizer equalizer;
+    StripSteps steps;
+    Equalizer equalizer (steps);
     std::atomic<bool> done = false;
     std::thread setter (
         [&]
         {
             for (int i = 0; i < 20000; ++i)
             {
-                equalizer.setParameter (StripParameter::lowGain, i % 2 == 0 ? 180 : 360);
-                equalizer.setParameter (StripParameter::lowFreq, 4 + i % 60);
+                steps.set (StripParameter::lowGain, i % 2 == 0 ? 180 : 360);
+                steps.set (StripParameter::lowFreq, 4 + i % 60);
             }
             done = true;
         });

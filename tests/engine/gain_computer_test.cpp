@@ -14,13 +14,14 @@ namespace
 
 constexpr double kThresholdDb = -30.0;
 
-struct CompressorWith : Compressor
+struct CompressorWith : StripSteps, Compressor
 {
     CompressorWith (std::uint16_t shape, std::int32_t ratioStep)
+        : Compressor (static_cast<StripSteps&> (*this))
     {
-        setParameter (StripParameter::knee, shape);
-        setParameter (StripParameter::ratio, ratioStep);
-        setParameter (StripParameter::drive, std::int32_t (-5 * kThresholdDb));
+        set (StripParameter::knee, shape);
+        set (StripParameter::ratio, ratioStep);
+        set (StripParameter::drive, std::int32_t (-5 * kThresholdDb));
     }
 };
 
