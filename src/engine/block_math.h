@@ -13,6 +13,9 @@ struct Recursions;
 /// for the first-level cache.
 inline constexpr std::size_t kChunkSamples = 256;
 
+/// The values of a glide that are worked out at once.
+inline constexpr std::size_t kGlideLanes = 8;
+
 /// The inner loops of the strip, built for several widths of vectors. The logarithm and the power are polynomials in
 /// double precision, within 2e-13 (levels, absolute; gains, relative) of the exact function; a test holds them to it.
 /// The widths differ by the rounding of fused multiply-adds alone.
@@ -40,6 +43,11 @@ struct BlockMath
     ///     weight[i] = 1 / (1 + 2^-(start + i * step))
     /// @param start, step  `start + i * step` from -1000 to 1000
     void (*logistic) (double* weight, double start, double step, std::size_t count);
+
+    /// The next values of a glide, by the closed form of glide.h.
+    /// @param beyond  K there
+    /// @param left    (1 - c)^n for n = 1 to kGlideLanes
+    void (*glide) (double* value, std::size_t count, double current, double target, double beyond, const double* left);
 
     /// Multiplies each sample by its factor.
     void (*scale) (double* samples, const double* factor, std::size_t count);

@@ -189,6 +189,27 @@ void logistic (double* __restrict weight, double start, double step, std::size_t
         weight[i] = 1.0 / (1.0 + exp2Of (-(start + static_cast<double> (static_cast<std::int32_t> (i)) * step)));
 }
 
+void glide (double* __restrict value, std::size_t count, double current, double target, double beyond,
+            const double* __restrict left)
+{
+    const double direction = target > current ? 1.0 : -1.0;
+    double distance = (target - current) * direction + beyond;
+    const auto valueAt = [&] (std::size_t lane)
+    {
+        const double toGo = distance * left[lane] - beyond;
+        return target - direction * (toGo > 0.0 ? toGo : 0.0);
+    };
+    std::size_t i = 0;
+    for (; i + kGlideLanes <= count; i += kGlideLanes)
+    {
+        for (std::size_t lane = 0; lane < kGlideLanes; ++lane)
+            value[i + lane] = valueAt (lane);
+        distance *= left[kGlideLanes - 1];
+    }
+    for (std::size_t lane = 0; i < count; ++lane, ++i)
+        value[i] = valueAt (lane);
+}
+
 /// Two sections in one step.
 using Pair = double __attribute__ ((vector_size (16)));
 
@@ -404,6 +425,6 @@ double roundToOutput (const double* __restrict y, float* __restrict out, std::si
 
 } // namespace
 
-const BlockMath TESSALY_BLOCK_MATH = { addNoise, levels, gains, logistic, scale, run, roundToOutput };
+const BlockMath TESSALY_BLOCK_MATH = { addNoise, levels, gains, logistic, glide, scale, run, roundToOutput };
 
 } // namespace tessaly

@@ -14,10 +14,8 @@ struct GlideLaw
 {
     explicit GlideLaw (double sampleRate); ///< Hz, above 0
 
-    static constexpr std::size_t kLanes = 8;
-
-    double beyond;                   ///< K of Glide, 1.2e-7 / c
-    std::array<double, kLanes> left; ///< (1 - c)^n, n = 1 to 8
+    double beyond;                        ///< K of Glide, 1.2e-7 / c
+    std::array<double, kGlideLanes> left; ///< (1 - c)^n, n = 1 to 8
 };
 
 /// A value on its way to its target: each sample takes a part of the distance, and a small fixed step that makes it

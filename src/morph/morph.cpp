@@ -37,7 +37,7 @@ KeyPointRow Between (const KeyPointRow& lower, const KeyPointRow& upper, double 
 {
     KeyPointRow steps;
     for (std::size_t j = 0; j < steps.size (); ++j)
-        steps[j] = TruncateToInt16 (lower[j] + fraction * (upper[j] - lower[j]));
+        steps[j] = static_cast<std::int16_t> (lower[j] + fraction * (upper[j] - lower[j])); // fits: between two that do
     return steps;
 }
 
