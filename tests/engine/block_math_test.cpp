@@ -1,6 +1,7 @@
 #include "block_math_versions.h"
 
 #include "gain_computer.h"
+#include "glide.h"
 #include "noise_generator.h"
 #include "recursions.h"
 
@@ -144,6 +145,33 @@ TEST_CASE ("BlockMath: the logistic weights are exact to 2e-13")
         }
         CHECK (worst < 2e-13);
     }
+}
+
+TEST_CASE ("BlockMath: a glide goes the way of its recursion and lands")
+{
+    const GlideLaw law (48000.0);
+    const double c = 1 - std::exp (-1 / 480.0);
+    for (const BlockMath* math : blockMathVersions ())
+        for (const double target : { -1.0, 2.0 })
+        {
+            Row value{};
+            double current = 0.5;
+            double expected = current;
+            double worst = 0.0;
+            for (int run = 0; run < 120; ++run)
+            {
+                math->glide (value.data (), 61, current, target, law.beyond, law.left.data ());
+                for (std::size_t i = 0; i < 61; ++i)
+                {
+                    const double to = target - expected;
+                    expected += std::copysign (std::min (c * std::abs (to) + 1.2e-7, std::abs (to)), to);
+                    worst = std::max (worst, std::abs (value[i] - expected));
+                }
+                current = value[60];
+            }
+            CHECK (worst < 1e-11);
+            CHECK (current == target);
+        }
 }
 
 namespace
