@@ -1,3 +1,4 @@
+#include "effect_listener.h"
 #include "strip_in_host.h"
 #include <atomic>
 #include <doctest/doctest.h>
@@ -67,4 +68,45 @@ TEST_CASE ("The timer fires while a worker ends the instance")
         worker.join ();
         CHECK (OpenEdits (strip.calls) == 0);
     }
+}
+
+TEST_CASE ("The editor is left alone when its disconnection returns, in the midst of automation")
+{
+    struct Slow final : ZEffectListener
+    {
+        bool OnEffectEvent (std::int32_t, void*) override
+        {
+            ++events; // plain memory: a race, too, if anybody comes late
+            isInside = true;
+            std::this_thread::yield ();
+            isInside = false;
+            return true;
+        }
+        bool OnEffectEvent2 (std::int32_t, void*) override { return false; }
+        std::atomic<bool> isInside = false;
+        long events = 0;
+    };
+    StripInHost strip;
+    strip.Start (Vst::kOffline);
+    std::atomic<bool> done = false;
+    std::thread audio (
+        [&]
+        {
+            for (double position = 0.0; !done; position = 1.0 - position)
+                strip.Run (0.5f, 64, { { kMorph, position, 0 } }); // seventeen events
+        });
+    long events = 0;
+    for (int i = 0; i < 300; ++i)
+    {
+        Slow editor;
+        ZEffectListener* const pointer = &editor;
+        CHECK (Send (&strip.instance.Component (), "ConnectEditorPointer", &pointer, sizeof (pointer)) == kResultOk);
+        std::this_thread::yield ();
+        CHECK (Send (&strip.instance.Component (), "DisconnectEditorPointer", &pointer, 1) == kResultOk);
+        CHECK_FALSE (editor.isInside);
+        events += editor.events;
+    }
+    done = true;
+    audio.join ();
+    CHECK (events > 0);
 }
