@@ -77,6 +77,21 @@ TEST_CASE ("BlendBiquad: a crossfade lasts 10 ms along the logistic curve")
     }
 }
 
+TEST_CASE ("BlendBiquad: the new filter begins in silence while the old one rings on")
+{
+    const BiquadCoefs ringing{ 1.0, 0.0, 0.0, 0.99, 0.0 }; // 1, 0.99, 0.99^2, ...
+    FilterUnderTest test (ringing, 44100);
+    std::vector<double> impulse (1000);
+    impulse[0] = 1.0;
+    test.run (impulse);
+    test.change (ringing);
+    const std::vector<double> heard = test.run (std::vector<double> (1000));
+    for (const std::size_t i : { 0U, 220U, 440U })
+        CHECK (heard[i] ==
+               Approx (std::pow (0.99, 1000.0 + double (i)) / (1 + std::exp ((double (i) - 220.5) / 44.1))));
+    CHECK (heard[441] == 0.0);
+}
+
 TEST_CASE ("BlendBiquad: a change during a crossfade waits for its end, and only the last is heard")
 {
     FilterUnderTest test (gainOf (1.0), 48000);

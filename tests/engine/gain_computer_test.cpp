@@ -27,6 +27,27 @@ struct CompressorWith : StripSteps, Compressor
 
 } // namespace
 
+TEST_CASE ("Gain computer: a knee is the textbook's parabola between its two straight lines")
+{
+    for (const auto& [knee, widthDb] : { std::pair (kSoftKnee, 52.0), { kMiddleKnee, 20.0 }, { kHardKnee, 0.0 } })
+        for (const double overDb : { -27.0, -15.0, -9.9, -1.0, 0.0, 1.0, 9.9, 15.0, 27.0, 30.0 })
+        {
+            const double into = std::max (overDb + widthDb / 2, 0.0);
+            const double parabola = widthDb > 0 ? into * into / (2 * widthDb) : 0.0;
+            CAPTURE (knee);
+            CAPTURE (overDb);
+            CHECK (20 * shapedLevel (overDb / 20, kneeCurve (-1.0, knee)) ==
+                   Approx (2 * overDb > widthDb ? overDb : parabola).epsilon (2e-5));
+        }
+}
+
+TEST_CASE ("Gain computer: at a threshold of 0 dB every knee is hard")
+{
+    for (const std::uint16_t knee : { kSoftKnee, kMiddleKnee, kHardKnee })
+        CHECK (shapedLevel (-0.1, kneeCurve (0.0, knee)) == 0.0);
+    CHECK (shapedLevel (-0.1, kneeCurve (-0.2, kSoftKnee)) > 0.0);
+}
+
 TEST_CASE ("Gain computer: a standing level sounds as the curve draws it")
 {
     for (const std::uint16_t knee : { kSoftKnee, kMiddleKnee, kHardKnee })

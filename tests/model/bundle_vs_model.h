@@ -5,12 +5,6 @@
 #include "named_host.h"
 #include "plugin_instance.h"
 
-#include <algorithm>
-#include <cmath>
-#include <cstddef>
-#include <span>
-#include <vector>
-
 namespace tessaly::model
 {
 
@@ -29,19 +23,13 @@ public:
         blockMode = mode;
         instance.Setup (rateHz, maxBlockSize, static_cast<Steinberg::int32> (mode));
         model.Setup (rateHz);
-        Resume ();
+        SetActive (true);
     }
 
-    void Resume () ///< as it was set up
+    void SetActive (bool active) ///< as it was set up
     {
-        instance.Activate ();
-        model.SetActive (true);
-    }
-
-    void Stop ()
-    {
-        instance.Deactivate ();
-        model.SetActive (false);
+        active ? instance.Activate () : instance.Deactivate ();
+        model.SetActive (active);
     }
 
     void SetFromController (Change change)
@@ -60,21 +48,19 @@ public:
         float* const out = played.data ();
         const auto size = static_cast<Steinberg::int32> (input.size ());
         std::vector<host::ParameterPoint> points;
-        for (const auto& [parameter, value] : queue)
-            points.push_back (
-                { parameter, value, std::min (static_cast<int> (points.size ()), std::max (size, 1) - 1) });
+        for (const auto& [id, value] : queue)
+            points.push_back ({ id, value, std::min (static_cast<int> (points.size ()), std::max (size, 1) - 1) });
         std::vector<host::ParameterPoint> answers;
         instance.Process ({ { &in, 1 }, { &out, 1 }, size, points }, &answers);
         model.Process (queue, blockMode, input, expected);
 
         for (std::size_t i = 0; i < input.size (); ++i)
         {
-            const double difference = std::abs (static_cast<double> (played[i]) - expected[i]);
             const double level = std::abs (expected[i]);
+            const double difference = std::abs (static_cast<double> (played[i]) - expected[i]) / std::max (level, 1.0);
             loudestSample = std::max (loudestSample, level);
-            // Written so that a NaN counts as the largest.
-            if (const double relative = difference / std::max (level, 1.0); !(relative <= largestDifference))
-                largestDifference = relative;
+            if (!(difference <= largestDifference)) // so that a NaN counts as the largest
+                largestDifference = difference;
         }
         constexpr Steinberg::Vst::ParamID kFirstMeterId = 0x10000000;
         const auto isMeter = [&] (unsigned i)

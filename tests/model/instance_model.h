@@ -4,10 +4,6 @@
 
 #include "strip_model.h"
 
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <span>
 #include <utility>
 
 namespace tessaly::model
@@ -27,12 +23,8 @@ struct Change
     double value = 0.0;     // normalized
 };
 
-struct Range
-{
-    int minimum, maximum, initial; // steps
-};
-
-constexpr std::array<Range, kParameterCount> kRanges{ {
+/// Lowest, highest and initial step.
+constexpr std::array<std::array<int, 3>, kParameterCount> kRanges{ {
     { 0, 200, 100 }, { 57, 283, 221 }, { 24, 300, 164 }, { 0, 120, 120 }, { 0, 2, 1 },      { 0, 200, 100 },
     { 0, 200, 100 }, { 4, 124, 60 },   { 0, 360, 180 },  { 0, 60, 20 },   { 60, 124, 112 }, { 0, 360, 180 },
     { 4, 124, 84 },  { 0, 360, 180 },  { 0, 60, 20 },    { 4, 72, 32 },   { 0, 360, 180 },  { 0, 360, 180 },
@@ -77,7 +69,7 @@ public:
     InstanceModel ()
     {
         for (unsigned i = 0; i < kParameterCount; ++i)
-            SetParameter (i, ToNormalized (i, kRanges[i].initial)); // the morph among them, after what it moves
+            SetParameter (i, ToNormalized (i, kRanges[i][2])); // the morph among them, after what it moves
         std::copy (values.begin (), values.end (), shown.begin ());
     }
 

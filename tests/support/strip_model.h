@@ -47,6 +47,24 @@ struct Glide
     }
 };
 
+/// Rises by a square law, falls at a constant number of decibels a second and lands softly. Levels in log10 units.
+struct Detector
+{
+    double value = -1.5;
+
+    /// @param attack, release  1 / (time in samples)
+    double Next (double level, double attack, double release)
+    {
+        const double distance = level - value;
+        const double a = attack * 6.25;
+        const double r = std::sqrt (0.00018 / a);
+        const double s = std::max (r + (distance > 0.0 ? distance : 0.125 * distance), 0.0);
+        const double rise = std::min (a * s * s - 0.00018, 0.925 * distance);
+        const double fall = std::max (8.0 * (a * s * s - 0.00018), -0.4 * release);
+        return value += distance > 0.0 ? rise : fall;
+    }
+};
+
 /// Holds the peak of a block, and falls by a factor a block.
 struct PeakFollower
 {
@@ -211,30 +229,11 @@ private:
         bypass.target = steps[kBypass] == 0 ? 0.0 : 1.0;
     }
 
-    /// Rises by a square law, falls at a constant number of decibels a second and lands softly.
-    double Detect (double u)
-    {
-        const double level = std::abs (u) >= 0.0316 ? std::log10 (std::abs (u)) : -1.5;
-        const double distance = level - detector;
-        const double a = attack * 6.25;
-        const double r = std::sqrt (0.00018 / a);
-        if (distance > 0.0)
-        {
-            const double s = r + distance;
-            detector += std::min (a * s * s - 0.00018, 0.925 * distance);
-        }
-        else
-        {
-            const double s = std::max (r + 0.125 * distance, 0.0);
-            detector += std::max (8.0 * (a * s * s - 0.00018), -0.4 * release);
-        }
-        return detector;
-    }
-
     double CompressorGain (double x)
     {
         const double threshold = std::pow (10.0, thresholdDb / 20.0);
-        const double level = Detect (sideChainPeak.Process (sideChainHighPass.Process (x)) / threshold);
+        const double u = std::abs (sideChainPeak.Process (sideChainHighPass.Process (x)) / threshold);
+        const double level = detector.Next (u >= 0.0316 ? std::log10 (u) : -1.5, attack, release);
         slope.Next (glideCoefficient);
         return std::pow (10.0, -slope.value * ShapedLevel (level, thresholdDb == 0.0 ? kHard : steps[kKnee]));
     }
@@ -264,12 +263,12 @@ private:
     ExampleRand noise;
     Section sideChainHighPass;
     FadingSection sideChainPeak, low, mid, high;
+    Detector detector; // of the level over the threshold
     Glide makeup, slope, totalGain{ 1.0, 1.0 }, bypass;
     PeakFollower reductionMeter, outputMeter;
     std::array<float, 2> readings{};
 
     double thresholdDb = 0.0, attack = 0.0, release = 0.0, glideCoefficient = 0.0; // the rates per sample
-    double detector = -1.5;                                                        // log10 of level over threshold
 };
 
 } // namespace tessaly::model
