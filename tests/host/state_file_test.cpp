@@ -54,22 +54,3 @@ TEST_CASE_FIXTURE (StateFiles, "State files: what cannot be one is refused with 
                           host::HostError);
     CHECK_THROWS_AS (host::WriteStateFile (folder / "nowhere" / "a.vstpreset", uid, {}), host::HostError);
 }
-
-TEST_CASE_FIXTURE (StripRender,
-                   "strip-render: a saved state renders like the settings that made it, as preset and as chunk")
-{
-    const Words made{ "--set", "Morph=52", "--set", "Mid G=-7.5", "--set", "Equalizer Bypass=On" };
-    for (const auto& file : { Path ("made.vstpreset"), Path ("made.bin") })
-    {
-        CAPTURE (file);
-        const auto first = Render (kVoice, "a.wav", With (made, { "--save-state", file }));
-        CHECK (Render (kVoice, "b.wav", { "--state", file }).samples == first.samples);
-        RunWell ({ "--state", file, "--save-state", Path ("again.bin"), "--force" });
-        CHECK (host::ReadStateFile (file) == host::ReadStateFile (Path ("again.bin")));
-    }
-
-    // A setting comes after the state, and the list shows what both make
-    const auto list = RunWell ({ "--state", Path ("made.bin"), "--set", "Drive=2.5", "--list" });
-    CHECK (Says (list, "-7.5"));
-    CHECK (Says (list, "2.50"));
-}

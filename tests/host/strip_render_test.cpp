@@ -1,15 +1,8 @@
 #include "loaded_strip.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
-#include <cstdio>
-#include <filesystem>
-#include <iterator>
 #include <numbers>
-#include <signal.h>
-#include <sstream>
-#include <thread>
 #include <tuple>
 
 using namespace tessaly::test;
@@ -28,31 +21,7 @@ Recording Sine (double frequencyHz, double peak)
     return sine;
 }
 
-std::vector<std::string> Lines (const std::string& text)
-{
-    std::vector<std::string> lines;
-    std::istringstream in (text);
-    for (std::string line; std::getline (in, line);)
-        lines.push_back (line);
-    return lines;
-}
-
 } // namespace
-
-TEST_CASE_FIXTURE (StripRender, "Both roads of a setting give the same audio, before the first sample and within")
-{
-    folder.Write ("moves.csv", "time,parameter,value\n0.2003,Morph,90\n0.2003,Mid G,-6\n0.71,Total Gain,-3\n"
-                               "0.9,Knee,Hard\n1.1,Bypass,On\n");
-    for (const Words& settings :
-         { Words{ "--set", "Morph=47", "--set", "Mid F=2k", "--set", "Attack=1.5", "--set", "Drive=8" },
-           Words{ "--set", "Drive=8", "--automate", Path ("moves.csv") },
-           Words{ "--set", "Mid F=1k", "--set", "Morph=30", "--set", "Mid F=4k", "--block", "64" } })
-    {
-        Render (kDrums, "offline.wav", settings);
-        Render (kDrums, "realtime.wav", With (settings, { "--realtime" }));
-        CHECK (ReadFile (Path ("offline.wav")) == ReadFile (Path ("realtime.wav")));
-    }
-}
 
 TEST_CASE_FIXTURE (StripRender, "Automation takes effect at its sample, whatever the block size")
 {
@@ -96,20 +65,6 @@ TEST_CASE_FIXTURE (StripRender, "The tail is silence run through the strip, for 
     Save ({ .channels = 2 }, Path ("empty.wav"));
     CHECK (Render (Path ("empty.wav"), "out.wav").Frames () == 0);
     CHECK (Render (Path ("empty.wav"), "tail.wav", { "--tail", "0.01" }).Frames () == 480);
-}
-
-TEST_CASE_FIXTURE (StripRender, "The meters are written a line a block, in dB of each channel")
-{
-    Render (kDrums, "out.wav", { "--set", "Drive=10", "--block", "1000", "--meters", Path ("meters.csv") });
-    const auto lines = Lines (ReadFile (Path ("meters.csv")));
-    const std::size_t frames = Load (kDrums).Frames ();
-    REQUIRE (lines.size () == 1 + (frames + 999) / 1000);
-    CHECK (lines[0] == "time_s,gain_reduction_db_1,output_db_1,gain_reduction_db_2,output_db_2");
-    double second = 0.0;
-    double reductionDb = 0.0;
-    CHECK (std::sscanf (lines[3].c_str (), "%lf,%lf", &second, &reductionDb) == 2);
-    CHECK (second == doctest::Approx (2000.0 / 44100.0).epsilon (1e-4));
-    CHECK (reductionDb > 3.0);
 }
 
 TEST_CASE_FIXTURE (StripRender,
@@ -161,121 +116,4 @@ TEST_CASE_FIXTURE (StripRender, "Samples beyond full scale clip in an integer fo
     for (std::size_t i = 0; i < whole.samples.size (); ++i)
         error = std::fmax (error, std::abs (std::clamp (whole.samples[i], -1.0F, 1.0F) - clipped.samples[i]));
     CHECK (error <= 1.0 / 32768.0); // the last step below full scale
-}
-
-TEST_CASE_FIXTURE (StripRender, "The list shows every parameter with range, unit, default and present text")
-{
-    const auto lines = Lines (RunWell ({ "--list", "--set", "Mid F=2k" }));
-    REQUIRE (lines.size () == 1 + kParameterCount + 2);
-    std::istringstream midF (lines[1 + 12]);
-    // A new instance holds the first key point of the built-in set, whose steps are the defaults too.
-    CHECK (Words (std::istream_iterator<std::string> (midF), {}) ==
-           Words{ "Mid", "F", "20.0", "to", "20.0k", "Hz", "1.00k", "2.00k" });
-    CHECK (Says (lines[1 + 4], "Soft, Middle, Hard"));
-    CHECK (lines.back ().starts_with ("VU  "));
-}
-
-TEST_CASE_FIXTURE (StripRender, "A mistake ends with status 1, one clear line and no file")
-{
-    folder.Write ("text.wav", "no audio in here");
-    folder.Write ("moves.csv", "0,Mid F,loud\n");
-    folder.Write ("other.vstpreset", "VST3 or so");
-    fs::create_directory (folder / "folder");
-    const std::size_t before = folder.FileCount ();
-    const std::string out = Path ("out.wav");
-
-    const std::vector<std::pair<Words, std::string>> mistakes{
-        { { Path ("nowhere.wav"), out }, "no such file: \"" + Path ("nowhere.wav") + "\"" },
-        { { Path ("text.wav"), out }, "is not an audio file" },
-        { { kVoice, Path ("folder") + "/", "--format", "wav" }, "is a folder, not a file to write" },
-        { { kVoice, Path ("nofolder/out.wav") }, "there is no folder \"" + Path ("nofolder") + "\"" },
-        { { kVoice, Path ("out.xyz") }, "does not tell a format" },
-        { { kVoice, out, "--format", "flac:float" }, "FLAC does not hold 32-bit float samples" },
-        { { kVoice, out, "--automate", Path ("moves.csv") }, Path ("moves.csv") + ", line 1: \"loud\" is no value" },
-        { { kVoice, out, "--meters", kVoice }, "--meters would write over" },
-        { { kVoice, out, "--save-state", out }, "--save-state would write over" },
-        { { kVoice, out, "--state", Path ("other.vstpreset") }, "damaged preset" },
-        { { "--save-state", Path ("nofolder/a.bin") }, "nofolder" },
-    };
-    for (const auto& [arguments, message] : mistakes)
-    {
-        const auto run = Run (arguments);
-        INFO (message << " / " << run.err);
-        CHECK (run.exitStatus == 1);
-        CHECK (run.err.starts_with ("strip-render: "));
-        CHECK (Says (run.err, message));
-        CHECK (Lines (run.err).size () == 1);
-        CHECK (run.out.empty ());
-        CHECK (folder.FileCount () == before);
-    }
-}
-
-TEST_CASE ("A mistake in the command line itself ends with a status of its own")
-{
-    for (const Words& arguments :
-         { Words{ "in.wav" }, Words{ "in.wav", "out.wav", "--block", "0" },
-           Words{ "in.wav", "out.wav", "--tail", "-1" }, Words{ "in.wav", "out.wav", "--set", "Morph" },
-           Words{ "in.wav", "--save-state", "a.bin" }, Words{ "--nonsense" }, Words{ "--list", "in.wav", "out.wav" } })
-    {
-        const auto run = RunProgram (STRIP_RENDER, arguments);
-        CHECK (run.exitStatus == 2);
-        CHECK_FALSE (run.err.empty ());
-    }
-    CHECK (RunProgram (STRIP_RENDER, { "--help" }).exitStatus == 0);
-    CHECK (RunProgram (STRIP_RENDER, { "--version" }).out == "1.1.2.4\n");
-}
-
-TEST_CASE_FIXTURE (StripRender, "An output that is there is replaced when told to, and when the new one is whole")
-{
-    folder.Write ("out.wav", "precious");
-    CHECK (Says (Run ({ kVoice, Path ("out.wav") }).err, "--force"));
-    CHECK (Run ({ kVoice, Path ("out.wav"), "--force", "--set", "Knee=Medium" }).exitStatus == 1);
-    CHECK (Run ({ kVoice, Path ("out.wav"), "--force", "--dry-run" }).exitStatus == 0);
-    CHECK (ReadFile (Path ("out.wav")) == "precious");
-
-    constexpr auto kOwnersOnly = fs::perms::owner_read | fs::perms::owner_write;
-    fs::permissions (folder / "out.wav", kOwnersOnly);
-    fs::create_symlink (folder / "out.wav", folder / "link.wav");
-    const auto rendered = Render (kVoice, "link.wav").samples;
-    CHECK (fs::is_symlink (folder / "link.wav"));
-    CHECK (fs::status (folder / "out.wav").permissions () == kOwnersOnly);
-    CHECK (Load (Path ("out.wav")).samples == rendered);
-    CHECK (folder.FileCount () == 2);
-}
-
-TEST_CASE_FIXTURE (StripRender, "No input is written over, under any of its names, told to or not")
-{
-    fs::copy_file (kVoice, folder / "voice.wav");
-    fs::create_symlink (folder / "voice.wav", folder / "link.wav");
-    fs::create_hard_link (folder / "voice.wav", folder / "twin.wav");
-    RunWell ({ "--save-state", Path ("a.vstpreset") });
-    const auto state = ReadFile (Path ("a.vstpreset"));
-    for (const auto& words : std::vector<Words>{
-             { Path ("voice.wav"), Path ("voice.wav") },
-             { Path ("voice.wav"), Path ("link.wav") },
-             { Path ("link.wav"), Path ("twin.wav") },
-             { kVoice, Path ("a.vstpreset"), "--format", "wav", "--state", Path ("a.vstpreset") },
-             { "--state", Path ("a.vstpreset"), "--save-state", (folder / "./a.vstpreset").string () } })
-    {
-        const auto run = Run (With (words, { "--force" }));
-        CHECK (run.exitStatus == 1);
-        CHECK (Says (run.err, "would write over"));
-    }
-    CHECK (ReadFile (Path ("voice.wav")) == ReadFile (kVoice));
-    CHECK (ReadFile (Path ("a.vstpreset")) == state);
-}
-
-TEST_CASE_FIXTURE (StripRender, "A signal ends the render with the shell's status for it and leaves nothing behind")
-{
-    for (const int signalNumber : { SIGINT, SIGTERM, SIGHUP })
-    {
-        // Half an hour of tail: it does not end by itself meanwhile.
-        const RunningProgram running (STRIP_RENDER, { kVoice, Path ("out.wav"), "--tail", "1800", "--meters",
-                                                      Path ("meters.csv"), "--plugin", TESSALY_BUNDLE });
-        for (int i = 0; i < 60000 && folder.FileCount () < 2; ++i)
-            std::this_thread::sleep_for (std::chrono::milliseconds (1));
-        ::kill (running.Id (), signalNumber);
-        CHECK (running.Wait () == 128 + signalNumber);
-        CHECK (folder.FileCount () == 0);
-    }
 }

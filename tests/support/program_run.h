@@ -13,51 +13,10 @@
 namespace tessaly::test
 {
 
-/// A program that runs concurrently with the test, its output kept in files.
-class RunningProgram
-{
-public:
-    RunningProgram (const std::string& program, std::vector<std::string> words)
-    {
-        words.insert (words.begin (), program);
-        std::vector<char*> pointers;
-        for (std::string& word : words)
-            pointers.push_back (word.data ());
-        pointers.push_back (nullptr);
-
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init (&actions);
-        constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC;
-        posix_spawn_file_actions_addopen (&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-        posix_spawn_file_actions_addopen (&actions, STDOUT_FILENO, (folder / "out").c_str (), kFlags, 0600);
-        posix_spawn_file_actions_addopen (&actions, STDERR_FILENO, (folder / "err").c_str (), kFlags, 0600);
-        const int failed = posix_spawn (&id, program.c_str (), &actions, nullptr, pointers.data (), environ);
-        posix_spawn_file_actions_destroy (&actions);
-        if (failed)
-            throw std::runtime_error ("cannot run " + program);
-    }
-
-    /// Waits for the end. @return the exit status, or minus the number of the signal that ended it
-    int Wait () const
-    {
-        int status = 0;
-        waitpid (id, &status, 0);
-        return WIFEXITED (status) ? WEXITSTATUS (status) : -WTERMSIG (status);
-    }
-
-    pid_t Id () const { return id; }
-    std::string Out () const { return ReadFile (folder / "out"); }
-    std::string Err () const { return ReadFile (folder / "err"); }
-
-private:
-    TempFolder folder;
-    pid_t id = 0;
-};
-
 /// What a program that has ended leaves to look at.
 struct ProgramRun
 {
-    int exitStatus;
+    int exitStatus; ///< or minus the number of the signal that ended it
     std::string out;
     std::string err;
 };
@@ -70,11 +29,29 @@ inline Words With (Words words, const Words& more)
     return words;
 }
 
-inline ProgramRun RunProgram (const std::string& program, const Words& arguments)
+inline ProgramRun RunProgram (const std::string& program, Words words)
 {
-    const RunningProgram running (program, arguments);
-    const int status = running.Wait ();
-    return { status, running.Out (), running.Err () };
+    words.insert (words.begin (), program);
+    std::vector<char*> pointers;
+    for (std::string& word : words)
+        pointers.push_back (word.data ());
+    pointers.push_back (nullptr);
+
+    const TempFolder folder;
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init (&actions);
+    constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC;
+    posix_spawn_file_actions_addopen (&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_addopen (&actions, STDOUT_FILENO, (folder / "out").c_str (), kFlags, 0600);
+    posix_spawn_file_actions_addopen (&actions, STDERR_FILENO, (folder / "err").c_str (), kFlags, 0600);
+    pid_t id = 0;
+    const int failed = posix_spawn (&id, program.c_str (), &actions, nullptr, pointers.data (), environ);
+    posix_spawn_file_actions_destroy (&actions);
+    int status = 0;
+    if (failed || waitpid (id, &status, 0) != id)
+        throw std::runtime_error ("cannot run " + program);
+    return { WIFEXITED (status) ? WEXITSTATUS (status) : -WTERMSIG (status), ReadFile (folder / "out"),
+             ReadFile (folder / "err") };
 }
 
 } // namespace tessaly::test
