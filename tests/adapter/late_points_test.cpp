@@ -3,7 +3,6 @@
 #include "late_delivery.h"
 #include "late_points.h"
 #include "parameter_storage_base.h"
-#include <doctest/doctest.h>
 #include <thread>
 
 // What reaches the strip of the points that Ardour sends with its blocks, by a clock of the test's own.
@@ -22,10 +21,9 @@ struct Late
     Late ()
     {
         handClockMs = 1000;
-        CHECK (halves.controller->GetInfo (kCodeEffect, &effect));
         CHECK (halves.controller->GetInfo (kCodeStorage, &storage));
         points = std::make_unique<ardour::LatePoints> (
-            *effect, *storage, [this] { ++moves; }, [] { return handClockMs.load (); });
+            *halves.Effect (), *storage, [this] { ++moves; }, [] { return handClockMs.load (); });
         points->OnBlock (false);
     }
     float Value (std::uint32_t id) const { return storage->GetNormalized (static_cast<std::int32_t> (id)); }
@@ -36,7 +34,6 @@ struct Late
     }
 
     JoinedHalves halves;
-    ZEffect* effect = nullptr;
     ZParameterStorageBase* storage = nullptr;
     int moves = 0;
     std::unique_ptr<ardour::LatePoints> points;
@@ -50,7 +47,7 @@ TEST_CASE ("A late point reaches the strip once, the newest of its id")
     late.points->Note (kMidGain, 0.25f);
     late.Send (kMidGain, 0.75f);
     CHECK (late.Value (kMidGain) == 0.75f);
-    late.effect->SetParameter (kMidGain, 0.5f);
+    late.halves.Effect ()->SetParameter (kMidGain, 0.5f);
     late.points->Deliver ();
     CHECK (late.Value (kMidGain) == 0.5f);
     CHECK (late.moves == 1);
@@ -79,6 +76,13 @@ TEST_CASE ("An echo of the user's own drag is dropped, held or just let go")
     handClockMs += ardour::LatePoints::kAfterEditMs - 1;
     late.Send (kMidGain, 0.25f);
     CHECK (late.Value (kMidGain) == 0.5f);
+    late.points->OnToldByHost (kMidGain, 0.5f);
+    handClockMs += 2 + ardour::LatePoints::kAfterToldMs;
+    late.points->OnEdited (kMidGain);
+    late.points->OnToldByHost (kMidGain, 0.5f); // a shorter time, which does not cut that one
+    handClockMs += ardour::LatePoints::kAfterEditMs - 1;
+    late.Send (kMidGain, 0.25f);
+    CHECK (late.Value (kMidGain) == 0.5f);
     handClockMs += 2;
     late.Send (kMidGain, 0.25f);
     CHECK (late.Value (kMidGain) == 0.25f);
@@ -102,10 +106,10 @@ TEST_CASE ("A host that tells of a lane itself, late, is left alone; one that is
 TEST_CASE ("A value that the host was made to read is dropped when it comes back, another one is not")
 {
     Late late;
-    late.points->OnRead (kMidGain, 0.25f);
-    late.points->OnRead (kMidGain, 0.75f);
-    late.Send (kMidGain, 0.25f);
-    late.Send (kMidGain, 0.75f);
+    for (const float value : { 0.25f, 0.75f, 0.3f, 0.35f })
+        late.points->OnRead (kMidGain, value);
+    for (const float value : { 0.25f, 0.75f, 0.3f, 0.35f, 0.25f }) // every time
+        late.Send (kMidGain, value);
     CHECK (late.Value (kMidGain) == 0.5f);
     late.Send (kMidGain, 0.8f);
     CHECK (late.Value (kMidGain) == 0.8f);
@@ -125,11 +129,12 @@ TEST_CASE ("What a host told while no blocks ran comes with the first one, whene
         handClockMs += 60000;
         late.points->Note (kMidGain, 0.25f);
         late.points->OnBlock (isOffline);
-        if (isOffline)
-            late.points->DeliverOffline ();
-        else
-            late.points->Deliver ();
+        isOffline ? late.points->DeliverOffline () : late.points->Deliver ();
         CHECK (late.Value (kMidGain) == moved);
+        late.Send (kMidGain, 0.25f);
+        CHECK (late.Value (kMidGain) == 0.25f);
+        late.points->OnEachTold (kMidGain, 0.25f); // its point has come already
+        late.halves.Effect ()->SetParameter (kMidGain, 0.5f);
         late.Send (kMidGain, 0.25f);
         CHECK (late.Value (kMidGain) == 0.25f);
     }
@@ -158,11 +163,14 @@ TEST_CASE ("A bounce is told from playback by its pace, and from bursts of it")
     for (int i = 0; i < 1000; ++i) // four blocks in a row, then nothing for as long
         found += pace.IsAhead (1024, now += i % 4 == 0 ? 4 * kBlockNs : 0) ? 1 : 0;
     CHECK (found == 0);
-    int until = 0;
-    while (!pace.IsAhead (1024, now += kBlockNs / 50))
-        ++until;
-    CHECK (until < 8);
-    for (int i = 0; i < 40; ++i)
-        pace.IsAhead (1024, now += kBlockNs);
-    CHECK_FALSE (pace.IsAhead (1024, now += kBlockNs));
+    for (int round = 0; round < 2; ++round)
+    {
+        // Of blocks at one time each adds one to 0.95 of what was ahead before: 1, 1.95, 2.85, 3.71, 4.52 blocks.
+        pace.IsAhead (1024, now += 1'000'000'000);
+        for (int i = 1; i < 100; ++i)
+            CHECK (pace.IsAhead (1024, now) == (i >= 5));
+        for (int i = 1; i <= 14; ++i) // from the most, eight blocks: 8 * 0.95^13 is 4.1
+            CHECK (pace.IsAhead (1024, now += kBlockNs) == (i < 14));
+    }
+    CHECK_FALSE (pace.IsAhead (0, 1));
 }
