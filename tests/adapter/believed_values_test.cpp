@@ -1,5 +1,4 @@
 #include "strip_in_host.h"
-#include <doctest/doctest.h>
 
 // Values that the host holds, the parameter objects show, and the storage and the engine have: they must not part.
 

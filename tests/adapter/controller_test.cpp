@@ -1,6 +1,5 @@
 #include "joined_halves.h"
 #include "strip_in_host.h"
-#include <doctest/doctest.h>
 #include <thread>
 
 using namespace Steinberg;
@@ -40,11 +39,11 @@ TEST_CASE ("The host sees the parameters and two read-only meters, as stored pro
         CHECK (info.flags == (id == 21 ? (Vst::ParameterInfo::kCanAutomate | Vst::ParameterInfo::kIsBypass)
                                        : Vst::ParameterInfo::kCanAutomate));
     }
-    for (const Vst::ParamID meter : { 0u, 1u })
+    for (Vst::ParamID i = kParameterCount; i < list.size (); ++i)
     {
-        CHECK (list[kParameterCount + meter].id == 0x10000000 + meter);
-        CHECK (list[kParameterCount + meter].title == "VU");
-        CHECK (list[kParameterCount + meter].flags == Vst::ParameterInfo::kIsReadOnly);
+        CHECK (list[i].id == 0x10000000 + i - kParameterCount);
+        CHECK (list[i].title == "VU");
+        CHECK (list[i].flags == Vst::ParameterInfo::kIsReadOnly);
     }
     CHECK (access.Text (3, 1.0) == " INF");
     CHECK (access.Text (4, 0.5) == "Middle");

@@ -1,5 +1,4 @@
 #include "strip_in_host.h"
-#include <doctest/doctest.h>
 
 using namespace tessaly;
 using namespace tessaly::test;

@@ -47,6 +47,13 @@ struct JoinedHalves
         controller->disconnect (processor);
     }
 
+    ZEffect* Effect () const
+    {
+        ZEffect* effect = nullptr;
+        controller->GetInfo (kCodeEffect, &effect);
+        return effect;
+    }
+
     std::vector<Steinberg::Vst::ParamID> Ids (host::HandlerCall::Kind kind) const
     {
         std::vector<Steinberg::Vst::ParamID> ids;

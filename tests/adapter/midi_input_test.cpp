@@ -3,7 +3,6 @@
 #include "parameter_ids.h"
 #include "public.sdk/source/vst/hosting/eventlist.h"
 #include "public.sdk/source/vst/hosting/parameterchanges.h"
-#include <doctest/doctest.h>
 
 using namespace Steinberg;
 using namespace tessaly;
@@ -12,11 +11,9 @@ using namespace tessaly::test;
 TEST_CASE ("Notes, controllers and pitch bend of a block reach an effect that has MIDI")
 {
     JoinedHalves halves;
-    ZEffect* effect = nullptr;
-    REQUIRE (halves.controller->GetInfo (kCodeEffect, &effect));
-    effect->CreateMidiEvent (); // the strip has none of its own
+    halves.Effect ()->CreateMidiEvent (); // the strip has none of its own
     ZMidiEvent* midi = nullptr;
-    REQUIRE (effect->GetInfo (kCodeMidiEvent, &midi));
+    REQUIRE (halves.Effect ()->GetInfo (kCodeMidiEvent, &midi));
 
     Vst::EventList events;
     const auto add = [&events] (std::uint16_t type, int16 pitch, float velocity)

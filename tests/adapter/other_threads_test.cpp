@@ -1,7 +1,6 @@
 #include "effect_listener.h"
 #include "strip_in_host.h"
 #include <atomic>
-#include <doctest/doctest.h>
 #include <thread>
 
 // Hosts that end an instance, or one half of it, on one thread while another one is at it. Looked at by ThreadSanitizer.

@@ -1,7 +1,6 @@
 #include "strip_in_host.h"
 #include <atomic>
 #include <cstdlib>
-#include <doctest/doctest.h>
 #include <random>
 #include <thread>
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "effect_listener.h"
 #include "hand_run_loop.h"
 #include "known_ids.h"
 #include "plugin_instance.h"
@@ -42,6 +43,25 @@ struct Relay final
     std::function<Steinberg::tresult (Steinberg::Vst::IMessage*)> onMessage;
 };
 
+/// An editor's ear for the effect, with a record of what it hears.
+struct RecordingEditor final : ZEffectListener
+{
+    bool OnEffectEvent (std::int32_t code, void* data) override
+    {
+        log += std::to_string (code) + (data == nullptr ? "- " : " ");
+        if (code == 5)
+            rate = *static_cast<double*> (data);
+        else if (code == 9)
+            bypasses.push_back (*static_cast<bool*> (data));
+        return true;
+    }
+    bool OnEffectEvent2 (std::int32_t, void*) override { return false; }
+
+    std::string log; ///< the codes; "-" for null data
+    std::vector<bool> bypasses;
+    double rate = 0.0;
+};
+
 /// One channel of a level, processed in place, as a host hands it in.
 struct MonoBlock
 {
@@ -76,6 +96,11 @@ public:
     {
     }
 
+    explicit StripInHost (const char* hostName)
+        : StripInHost ({}, nullptr, hostName)
+    {
+    }
+
     void Start (Steinberg::int32 mode = Steinberg::Vst::kRealtime, double rateHz = 48000.0)
     {
         instance.Setup (rateHz, 4096, mode);
@@ -85,12 +110,11 @@ public:
     /// Runs a constant level through and gives the output back.
     std::vector<float> Run (float level, int samples, std::vector<host::ParameterPoint> points = {})
     {
-        std::vector<float> in (static_cast<std::size_t> (samples), level);
-        std::vector<float> out (in.size ());
-        const std::array<const float*, 1> inputs{ in.data () };
-        const std::array<float*, 1> outputs{ out.data () };
-        instance.Process ({ inputs, outputs, samples, points }, &meters);
-        return out;
+        std::vector<float> played (static_cast<std::size_t> (samples), level);
+        float* const channel = played.data ();
+        const float* const input = channel; // in place
+        instance.Process ({ { &input, 1 }, { &channel, 1 }, samples, points }, &meters);
+        return played;
     }
 
     double Value (Steinberg::Vst::ParamID id) const { return instance.Parameters ().Normalized (id); }
