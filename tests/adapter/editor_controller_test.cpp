@@ -115,15 +115,7 @@ TEST_CASE ("A host that ends all edits on hearing of one still hears each within
     halves.controller->setComponentHandler (&ending);
     halves.controller->BeginHeldEdit (kMorph);
     halves.controller->SetParameterFromEditor (kMorph, 0.3f);
-    std::vector<Vst::ParamID> open;
-    for (const auto& call : halves.calls)
-        if (call.kind == Kind::beginEdit)
-            open.push_back (call.id);
-        else if (call.kind == Kind::endEdit)
-            CHECK (std::erase (open, call.id) == 1);
-        else if (call.kind == Kind::performEdit)
-            CHECK (std::ranges::count (open, call.id) == 1);
-    CHECK (open.empty ());
+    CHECK (OpenEdits (halves.calls) == 0);
     CHECK (halves.Ids (Kind::performEdit).size () > 10);
     halves.controller->setComponentHandler (&halves.handler);
 }

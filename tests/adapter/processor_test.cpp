@@ -98,6 +98,7 @@ TEST_CASE ("The output never counts as silent, doubles or a channel without memo
     {
         Vst::AudioBusBuffers none;
         none.channelBuffers32 = list;
+        none.numChannels = list == nullptr ? 1 : 0;
         block.data.inputs = &none;
         block.samples.fill (0.25f);
         CHECK (strip.instance.Processor ().process (block.data) == kResultOk);

@@ -158,7 +158,7 @@ private:
     }
 };
 
-/// The begun edits less the ended ones, none of which ends before it begins.
+/// The begun edits less the ended ones, none of which ends, or changes a value, before it begins.
 inline int OpenEdits (const std::vector<host::HandlerCall>& calls)
 {
     std::array<int, kParameterCount> open{};
@@ -166,7 +166,7 @@ inline int OpenEdits (const std::vector<host::HandlerCall>& calls)
     {
         using Kind = host::HandlerCall::Kind;
         open[call.id % kParameterCount] += call.kind == Kind::beginEdit ? 1 : call.kind == Kind::endEdit ? -1 : 0;
-        CHECK (open[call.id % kParameterCount] >= 0);
+        CHECK (open[call.id % kParameterCount] >= (call.kind == Kind::performEdit ? 1 : 0));
     }
     return std::accumulate (open.begin (), open.end (), 0);
 }

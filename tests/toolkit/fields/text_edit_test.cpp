@@ -125,6 +125,7 @@ TEST_CASE ("ZCanvasTextEditImp: keys edit and copy, characters arrive byte by by
         { { { 3, kControl, kKeyEnter }, end }, "2.50", "2.50" }, // C as the code of the key
         { { { 0, kControl, kKeyInsert }, home, { 0, kShift, kKeyInsert } }, "2.502.50", "2.50" },
         { { { 127, kShift, kKeyDelete }, { 24, kControl } }, "", "2.50" }, // X as a control character
+        { { end, { 1, kControl }, { '4' } }, "4" },                        // likewise A
         { { home, { 'v', kCommand } }, "782.50" },                         // the line break is left out
         { { end, { 'a', kControl }, { ' ', 0, kKeySpace }, { '3', 0, kKeyNumPad0 + 3 } }, " 3" },
         { { { '@', kControl | kAlt } }, "@" }, // a third level of the keyboard
