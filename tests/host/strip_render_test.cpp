@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <tuple>
 
 using namespace tessaly::test;
 namespace fs = std::filesystem;
@@ -57,16 +56,6 @@ TEST_CASE_FIXTURE (StripRender, "Each channel goes through an instance of its ow
     }
 }
 
-TEST_CASE_FIXTURE (StripRender, "The tail is silence run through the strip, for a time or as long as the strip sounds")
-{
-    const std::size_t frames = Load (kVoice).Frames ();
-    CHECK (Render (kVoice, "half.wav", { "--tail", "0.5" }).Frames () == frames + 24000);
-    CHECK (Render (kVoice, "full.wav", { "--tail", "full" }).Frames () == frames + 7 * 48000);
-    Save ({ .channels = 2 }, Path ("empty.wav"));
-    CHECK (Render (Path ("empty.wav"), "out.wav").Frames () == 0);
-    CHECK (Render (Path ("empty.wav"), "tail.wav", { "--tail", "0.01" }).Frames () == 480);
-}
-
 TEST_CASE_FIXTURE (StripRender,
                    "Bypass lets a tone through, and the summary tells files, levels and the largest gain reduction")
 {
@@ -80,22 +69,6 @@ TEST_CASE_FIXTURE (StripRender,
                "\n         WAV, 32-bit float, 1.000 s\n"
                "         peak -6.02 dBFS, RMS -9.03 dBFS\n"
                "Largest gain reduction: 0.0 dB\n");
-}
-
-TEST_CASE_FIXTURE (StripRender, "The format follows the extension and the input's samples unless told otherwise")
-{
-    Save (Sine (1000.0, 0.5), Path ("float.wav"));
-    for (const auto& [input, output, told, format] :
-         { std::tuple{ std::string (kVoice), "b.flac", Words{}, SF_FORMAT_FLAC | SF_FORMAT_PCM_16 },
-           { kVoice, "b.aif", {}, SF_FORMAT_AIFF | SF_FORMAT_PCM_16 },
-           { Path ("float.wav"), "b.wav", {}, SF_FORMAT_WAV | SF_FORMAT_FLOAT },
-           { Path ("float.wav"), "c.flac", {}, SF_FORMAT_FLAC | SF_FORMAT_PCM_24 },
-           { kVoice, "a.wav", { "--format", "16" }, SF_FORMAT_WAV | SF_FORMAT_PCM_16 },
-           { kVoice, "noextension", { "--format", "flac:16" }, SF_FORMAT_FLAC | SF_FORMAT_PCM_16 } })
-    {
-        RunWell (With ({ input, Path (output) }, told));
-        CHECK ((Load (Path (output)).format & (SF_FORMAT_TYPEMASK | SF_FORMAT_SUBMASK)) == format);
-    }
 }
 
 TEST_CASE_FIXTURE (StripRender, "Samples beyond full scale clip in an integer format and stay in a float one")
