@@ -1,10 +1,10 @@
 #include "block_math_versions.h"
 
-#include "filter_model.h"
 #include "gain_computer.h"
 #include "glide.h"
 #include "noise_generator.h"
 #include "recursions.h"
+#include "strip_model.h"
 
 #include <algorithm>
 #include <array>
@@ -157,17 +157,13 @@ TEST_CASE ("BlockMath: a glide goes the way of its recursion and lands")
         {
             Row value{};
             double current = 0.5;
-            double expected = current;
+            model::Glide expected{ current, target };
             double worst = 0.0;
             for (int run = 0; run < 120; ++run)
             {
                 math->glide (value.data (), 61, current, target, law.beyond, law.left.data ());
                 for (std::size_t i = 0; i < 61; ++i)
-                {
-                    const double to = target - expected;
-                    expected += std::copysign (std::min (c * std::abs (to) + 1.2e-7, std::abs (to)), to);
-                    worst = std::max (worst, std::abs (value[i] - expected));
-                }
+                    worst = std::max (worst, std::abs (value[i] - expected.Next (c)));
                 current = value[60];
             }
             CHECK (worst < 1e-11);
