@@ -216,6 +216,12 @@ TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: capture makes a key point of each 
         Fails ({ "capture", other, Write ("short", low.substr (0, length)) }, "");
     CHECK (Run ({ "capture", other, "-", "-", "-", "-", "-", "-", "-", "-", "-", first }).exitStatus != 0);
     CHECK_FALSE (fs::exists (other));
+
+    Fails ({ "capture", first, "-", first, "--force" }, "which is read");
+    CHECK (ReadFile (first) == low);
+    const auto table = Write ("own.csv", kHeader + kRow);
+    Fails ({ "make", table, "--from", (folder / "./own.csv").string (), "--force" }, "which is read");
+    CHECK (ReadFile (table) == kHeader + kRow);
 }
 
 TEST_CASE_FIXTURE (KeyPointsTool, "keypoints: install puts a set where list and path find it")

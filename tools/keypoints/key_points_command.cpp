@@ -56,6 +56,14 @@ struct Arguments
     Existing Present () const { return force ? Existing::replace : Existing::keep; }
 };
 
+/// With --force, too. @param written  compared by device and inode, links followed
+void RefuseOwnSource (const fs::path& written, const fs::path& read)
+{
+    std::error_code error;
+    if (fs::equivalent (written, read, error) && !error)
+        throw SetError ("\"" + written.string () + "\" would be written over, which is read");
+}
+
 void Show (const Arguments& arguments)
 {
     const auto set = FindSet (arguments.set.string ());
@@ -73,6 +81,7 @@ void Show (const Arguments& arguments)
 void Plot (const Arguments& arguments)
 {
     plot::RequirePlots ();
+    RefuseOwnSource (arguments.picture, arguments.set);
     const auto set = FindSet (arguments.set.string ());
     TellAlike ("keypoints", set);
     plot::PageFile (arguments.picture, arguments.Present ()).Commit (PlotOf (set.name, set.table));
@@ -88,6 +97,7 @@ void Write (const Arguments& arguments, const KeyPointSet& table)
 
 void Make (const Arguments& arguments)
 {
+    RefuseOwnSource (arguments.set, arguments.table);
     std::ifstream in (arguments.table);
     if (!in || fs::is_directory (arguments.table))
         throw SetError ("cannot read \"" + arguments.table.string () + "\"");
@@ -105,6 +115,8 @@ void Make (const Arguments& arguments)
 
 void Capture (const Arguments& arguments)
 {
+    for (const auto& file : arguments.files)
+        RefuseOwnSource (arguments.set, file);
     const Panel panel;
     auto table = EmptySet ();
     for (std::size_t row = 0; row < arguments.files.size (); ++row)
