@@ -94,18 +94,24 @@ Bytes ReadStateFile (const fs::path& file, const std::optional<VST3::UID>& compo
     return chunk;
 }
 
-void WriteStateFile (const fs::path& file, const VST3::UID& component, std::span<const std::byte> chunk,
-                     Existing existing)
+std::unique_ptr<PendingFile> PrepareStateFile (const fs::path& file, const VST3::UID& component,
+                                               std::span<const std::byte> chunk, Existing existing)
 {
-    PendingFile pending (file, existing);
+    auto pending = std::make_unique<PendingFile> (file, existing);
     const auto bytes =
         file.extension () == ".vstpreset" ? AsPreset (component, chunk) : Bytes (chunk.begin (), chunk.end ());
-    std::ofstream out (pending.WorkingPath (), std::ios::binary);
+    std::ofstream out (pending->WorkingPath (), std::ios::binary);
     out.write (reinterpret_cast<const char*> (bytes.data ()), static_cast<std::streamsize> (bytes.size ()));
     out.close ();
     if (!out)
         throw HostError ("cannot write " + Quoted (file));
-    pending.Commit ();
+    return pending;
+}
+
+void WriteStateFile (const fs::path& file, const VST3::UID& component, std::span<const std::byte> chunk,
+                     Existing existing)
+{
+    PrepareStateFile (file, component, chunk, existing)->Commit ();
 }
 
 } // namespace tessaly::host

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
@@ -21,8 +22,13 @@ std::vector<std::byte> ReadStateFile (const std::filesystem::path& file,
                                       const std::optional<VST3::UID>& component = std::nullopt);
 
 /// Writes a state chunk: as a preset of the class `component` where the extension is ".vstpreset", by itself under any
-/// other name. The file appears whole or not at all.
+/// other name.
+/// @return the file, whole, to be committed when all else is done
 /// @throws HostError when it cannot be written or may not
+std::unique_ptr<PendingFile> PrepareStateFile (const std::filesystem::path& file, const VST3::UID& component,
+                                               std::span<const std::byte> chunk, Existing existing = Existing::replace);
+
+/// As PrepareStateFile, and commits. The file appears whole or not at all.
 void WriteStateFile (const std::filesystem::path& file, const VST3::UID& component, std::span<const std::byte> chunk,
                      Existing existing = Existing::replace);
 

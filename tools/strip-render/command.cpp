@@ -10,6 +10,7 @@
 #include "report.h"
 
 #include <iostream>
+#include <memory>
 
 namespace tessaly::render
 {
@@ -42,6 +43,9 @@ int RunCommand (const Options& options)
     if (options.plot)
         plot::RequirePlots ();
     RenderSession session (options);
+    std::unique_ptr<host::PendingFile> state; // ahead of the render, so that neither comes without the other
+    if (options.saveState && !options.dryRun)
+        state = session.PrepareState (*options.saveState, Present (options));
     if (options.list && options.json)
         Print (std::cout, ToJson (session.Parameters ()));
     else if (options.list)
@@ -50,8 +54,8 @@ int RunCommand (const Options& options)
         return RenderBatch (session, options);
     if (options.Renders ())
         RenderOne (session, options);
-    if (options.saveState && !options.dryRun)
-        session.Save (*options.saveState, Present (options));
+    if (state)
+        state->Commit ();
     return 0;
 }
 

@@ -66,9 +66,9 @@ RenderSession::RenderSession (const Options& options)
         Parameters ().SetNormalized (setting.id, setting.normalized);
 }
 
-void RenderSession::Save (const fs::path& file, host::Existing existing) const
+std::unique_ptr<host::PendingFile> RenderSession::PrepareState (const fs::path& file, host::Existing existing) const
 {
-    host::WriteStateFile (file, bundle.FirstAudioEffect ().ID (), instance.SaveState (), existing);
+    return host::PrepareStateFile (file, bundle.FirstAudioEffect ().ID (), instance.SaveState (), existing);
 }
 
 std::unique_ptr<ChannelBank> RenderSession::MakeBank (const Options& options, int channels, int sampleRateHz)

@@ -25,8 +25,8 @@ public:
 
     host::ParameterAccess Parameters () const { return instance.Parameters (); }
 
-    /// Writes the instance's state. @throws HostError
-    void Save (const std::filesystem::path& file, host::Existing existing) const;
+    /// Writes the instance's state, to be committed. @throws HostError
+    std::unique_ptr<host::PendingFile> PrepareState (const std::filesystem::path& file, host::Existing existing) const;
 
     /// Instances for a recording, in the state that --state and --keypoints make. Any thread.
     std::unique_ptr<ChannelBank> MakeBank (const Options& options, int channels, int sampleRateHz);
