@@ -56,6 +56,7 @@ public:
     {
         if (stopped)
             std::rethrow_exception (stopped);
+        progress.Wipe ();
         if (!options.quiet && options.json)
             Print (std::cout, ToJson (outcomes, options.dryRun));
         else if (!options.quiet)
@@ -99,9 +100,10 @@ private:
                 fs::create_directories (item.output.parent_path (), ignored);
             outcome.summary = RenderFile (session, single);
         }
-        catch (const NotAudio&)
+        catch (const NotAudio& error)
         {
-            outcome.fate = Fate::noAudio;
+            outcome.fate = IsNamedAsAudio (item.input) ? Fate::failed : Fate::noAudio;
+            outcome.failure = error.what ();
         }
         catch (const std::exception& error)
         {

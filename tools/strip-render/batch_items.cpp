@@ -64,8 +64,9 @@ public:
     void AddFolder (const fs::path& folder)
     {
         std::vector<fs::path> files;
+        const bool holdsResults = IsBelow (options.outFolder, folder) && Place (options.outFolder) != Place (folder);
         for (const auto& entry : Iterator (folder, fs::directory_options::skip_permission_denied))
-            if (entry.is_regular_file () && !IsBelow (entry.path (), options.outFolder))
+            if (entry.is_regular_file () && !(holdsResults && IsBelow (entry.path (), options.outFolder)))
                 files.push_back (entry.path ());
         std::ranges::sort (files);
         for (const auto& file : files)
@@ -87,6 +88,14 @@ void FindFaults (std::vector<BatchItem>& items)
 }
 
 } // namespace
+
+bool IsNamedAsAudio (const fs::path& file)
+{
+    constexpr std::array<std::string_view, 15> kRead{ ".wav",  ".wave", ".bwf", ".rf64", ".w64",
+                                                      ".flac", ".aiff", ".aif", ".aifc", ".au",
+                                                      ".caf",  ".ogg",  ".oga", ".opus", ".mp3" };
+    return std::ranges::find (kRead, Lowered (file.extension ().string ())) != kRead.end ();
+}
 
 std::vector<BatchItem> BatchItems (const Options& options)
 {

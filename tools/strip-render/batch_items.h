@@ -20,9 +20,12 @@ struct BatchItem
 };
 
 /// The files that a batch renders, in a fixed order: those that are named, and of folders those in them or below, whose
-/// places are mirrored. What lies in the folder of the results is no input. Names stay; the extension is that of the
+/// places are mirrored. What lies in a folder of results below them is no input. Names stay; the extension is that of the
 /// wanted format, and .wav where the input has one that is not written. An output that would take the place of an input
 /// or of another output is a fault of that file.
 std::vector<BatchItem> BatchItems (const Options& options);
+
+/// Whether the extension promises a recording, so that a file that holds none is a damaged one.
+bool IsNamedAsAudio (const std::filesystem::path& file);
 
 } // namespace tessaly::render

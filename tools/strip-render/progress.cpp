@@ -27,8 +27,14 @@ Progress::Progress (std::int64_t allOfIt)
 
 Progress::~Progress ()
 {
+    Wipe ();
+}
+
+void Progress::Wipe ()
+{
     if (drawn)
         std::cerr << kWipeLine << std::flush;
+    drawn = false;
 }
 
 void Progress::Update (std::int64_t done, const std::string& note)

@@ -13,13 +13,16 @@ class Progress
 public:
     /// @param total  in any unit, the same as that of Update; 0 for a bar that is not to be seen
     explicit Progress (std::int64_t total);
-    ~Progress (); ///< wipes the bar away
+    ~Progress (); ///< wipes
 
     Progress (const Progress&) = delete;
     Progress& operator= (const Progress&) = delete;
 
     /// @param note  what else to show, behind the bar
     void Update (std::int64_t done, const std::string& note = {});
+
+    /// Wipes the bar away, ahead of other output.
+    void Wipe ();
 
 private:
     using Clock = std::chrono::steady_clock;
