@@ -85,6 +85,27 @@ std::string ChunkedDamage (const InputFile& file, const HeaderReader& header, st
     return {};
 }
 
+/// Names of 16 bytes, of which the first four tell, and sizes of 8, which count name and size; chunks begin at multiples
+/// of 8.
+std::string Wave64Damage (const InputFile& file, const HeaderReader& header)
+{
+    constexpr std::int64_t kWideHeader = 24;
+    constexpr std::int64_t kUnknownFrom = std::int64_t{ 1 } << 62; // ffmpeg into a pipe
+    std::int64_t place = 40;
+    for (int i = 0; i < kMostChunks; ++i)
+    {
+        const auto size = header.Number (place + 16, 8);
+        if (!size)
+            return "it ends ahead of its audio";
+        if (*size < kWideHeader || *size >= kUnknownFrom)
+            return {};
+        if (header.Has (place, "data"))
+            return Missing (*size - kWideHeader, file.Size () - place - kWideHeader);
+        place += (*size + 7) / 8 * 8;
+    }
+    return {};
+}
+
 /// The last page of a stream is marked as such, and is as long as its table of segments says.
 std::string OggDamage (const InputFile& file)
 {
@@ -114,6 +135,8 @@ std::string AudioDamage (const InputFile& file)
     const HeaderReader big (file, true);
     if (little.Has (0, "RIFF") || little.Has (0, "RF64"))
         return little.Has (8, "WAVE") ? ChunkedDamage (file, little, "data") : "";
+    if (little.Has (0, "riff"))
+        return Wave64Damage (file, little);
     if (big.Has (0, "FORM"))
         return ChunkedDamage (file, big, "SSND");
     if (big.Has (0, ".snd"))

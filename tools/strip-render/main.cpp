@@ -3,9 +3,26 @@
 #include "options.h"
 #include "render_error.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+
+namespace
+{
+
+int Run (int argc, char** argv)
+{
+    using namespace tessaly::render;
+    const ParsedOptions parsed = ParseOptions (argc, argv);
+    const int status = parsed.options ? RunCommand (*parsed.options) : parsed.exitStatus;
+    // The plug-in's own C++ library may have flushed already, and lost what did not fit
+    if (!std::cout.flush () || std::ferror (stdout) != 0)
+        throw RenderError ("what was to be printed could not be written");
+    return status;
+}
+
+} // namespace
 
 int main (int argc, char** argv)
 {
@@ -15,13 +32,7 @@ int main (int argc, char** argv)
     CatchInterrupts ();
     try
     {
-        const ParsedOptions parsed = ParseOptions (argc, argv);
-        if (!parsed.options)
-            return parsed.exitStatus;
-        const int status = RunCommand (*parsed.options);
-        if (!std::cout.flush ())
-            throw tessaly::render::RenderError ("what was to be printed could not be written");
-        return status;
+        return Run (argc, argv);
     }
     catch (const Interrupted& interrupted)
     {
