@@ -13,7 +13,7 @@ double MatchGainDb (const std::filesystem::path& recording, const Loudness& inpu
     if (!input.IsSilent () && !output.IsSilent ())
         return input.integratedLufs - output.integratedLufs;
     Warn ("\"" + recording.string () + "\": the " + (input.IsSilent () ? "recording" : "result") +
-          " is silent, so its loudness is not matched");
+          " is silent or shorter than 0.4 s, so its loudness is not matched");
     return 0.0;
 }
 

@@ -141,7 +141,9 @@ void Describe (CLI::App& app, Options& options, Texts& texts)
         ->type_name ("FILE.svg|png");
     app.add_option ("--meters", options.meters, "Write what the meters show, a line a block")->type_name ("FILE.csv");
     app.add_flag ("--bypass", options.bypass, "Turn \"Bypass\" on, after all settings");
-    app.add_flag ("!--no-dither", options.dither, "Round 16-bit results without the noise that hides the steps");
+    app.add_flag_callback (
+        "--no-dither", [&options] { options.dither = false; },
+        "Round 16-bit results without the noise that hides the steps");
     app.add_flag ("--fail-on-clip", options.failOnClip, "Write nothing when the result is cut at full scale");
     app.add_flag ("--allow-damaged", options.allowDamaged,
                   "Take what there is of a recording or state that is cut off");
