@@ -14,10 +14,15 @@ data=${XDG_DATA_HOME:-$HOME/.local/share}
 own=$data/tessaly-bench
 list=$own/installed
 
+# Of the content alone: with a name, sha256sum marks lines whose name it has to escape.
+sum_of() {
+    sha256sum <"$1" | cut -d ' ' -f 1
+}
+
 uninstall() {
     [ -f "$list" ] || { echo "install.sh: nothing is installed: no $list" >&2; exit 1; }
     while read -r sum file; do
-        if [ -f "$file" ] && ! echo "$sum  $file" | sha256sum -c --status; then
+        if [ -f "$file" ] && [ "$(sum_of "$file")" != "$sum" ]; then
             echo "Changed since, and left: $file"
             continue
         fi
@@ -34,10 +39,10 @@ uninstall() {
 # target FILE: where a file of this folder goes; empty: nowhere
 target() {
     case $1 in
-    ./lib/vst3/*) echo "$HOME/.vst3/${1#./lib/vst3/}" ;;
-    ./bin/*) echo "$HOME/.local/bin/${1#./bin/}" ;;
+    ./lib/vst3/*) printf '%s\n' "$HOME/.vst3/${1#./lib/vst3/}" ;;
+    ./bin/*) printf '%s\n' "$HOME/.local/bin/${1#./bin/}" ;;
     ./share/metainfo/*) ;; # for the machine's software centre
-    ./share/*) echo "$data/${1#./share/}" ;;
+    ./share/*) printf '%s\n' "$data/${1#./share/}" ;;
     esac
 }
 
@@ -84,8 +89,8 @@ while read -r file; do
     esac
     mkdir -p "$(dirname "$to")"
     rm -f "$to" # never written into: a host may have the plug-in open
-    cp "$file" "$to"
-    sha256sum "$to" >>"$list"
+    printf '%s  %s\n' "$(sum_of "$file")" "$to" >>"$list" # ahead, so that a copy that fails is not left behind
+    cp "$file" "$to" || { rm -f "$to"; exit 1; }
 done <"$new"
 cp install.sh "$own/install.sh"
 
@@ -98,6 +103,6 @@ missing=$(missing_libraries)
 if [ -n "$missing" ]; then
     echo "This system lacks libraries that they need:" >&2
     echo "$missing" | sed 's/^/    /' >&2
-    echo "On Debian and Ubuntu: apt install libcairo2 libpangocairo-1.0-0 libpangoft2-1.0-0 libsndfile1 libxcb-cursor0" \
-        "libxcb-keysyms1 libxcb-util1 libxcb-xkb1 libxkbcommon-x11-0" >&2
+    echo "On Debian and Ubuntu: apt install libcairo2 libebur128-1 libpangocairo-1.0-0 libpangoft2-1.0-0 libsndfile1" \
+        "libxcb-cursor0 libxcb-keysyms1 libxcb-util1 libxcb-xfixes0 libxcb-xkb1 libxkbcommon-x11-0" >&2
 fi
