@@ -15,7 +15,10 @@ std::vector<std::filesystem::path> KeyPointFolders ();
 /// The user's own folder, the last of KeyPointFolders; empty when the user has no home.
 std::filesystem::path UserKeyPointFolder ();
 
-/// The back end of this system, which reads KeyPointFolders. It creates nothing.
+/// The back end of this system, which reads these folders. It creates nothing.
+std::unique_ptr<KPRD_CollectionImp> MakeCollection (std::vector<std::filesystem::path> folders);
+
+/// The one that reads KeyPointFolders.
 std::unique_ptr<KPRD_CollectionImp> MakePlatformCollection ();
 
 } // namespace tessaly

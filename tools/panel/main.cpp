@@ -1,4 +1,4 @@
-#include "kprd_linux_collection_imp.h"
+#include "key_point_folders.h"
 #include "memory_stream.h"
 #include "options.h"
 #include "panel_stage.h"
@@ -92,7 +92,7 @@ void PrintControls (PanelStage& panel)
 
 void Run (const PanelOptions& options)
 {
-    PanelStage panel (options.scale, [&] { return std::make_unique<KPRD_LinuxCollectionImp> (options.collection); });
+    PanelStage panel (options.scale, [&] { return MakeCollection (options.collection); });
     if (options.state)
         RestoreState (panel, *options.state);
     if (options.set)

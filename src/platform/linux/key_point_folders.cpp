@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tessaly
 {
@@ -60,9 +61,14 @@ std::vector<fs::path> KeyPointFolders ()
     return folders;
 }
 
+std::unique_ptr<KPRD_CollectionImp> MakeCollection (std::vector<fs::path> folders)
+{
+    return std::make_unique<KPRD_LinuxCollectionImp> (std::move (folders));
+}
+
 std::unique_ptr<KPRD_CollectionImp> MakePlatformCollection ()
 {
-    return std::make_unique<KPRD_LinuxCollectionImp> (KeyPointFolders ());
+    return MakeCollection (KeyPointFolders ());
 }
 
 } // namespace tessaly
