@@ -73,8 +73,9 @@ std::int32_t ModifiersOfMessage ()
 
 NativeKey KeyOfMessage (WPARAM wParam, LPARAM lParam)
 {
-    const auto typed = static_cast<std::int32_t> (CharacterOf (wParam, lParam));
-    const auto key = TranslateKey ({ typed, HostCodeOf (wParam, lParam), 0 });
+    const auto code = HostCodeOf (wParam, lParam);
+    const char32_t typed = code != kEnterCode ? CharacterOf (wParam, lParam) : 0; // else it would be the return key
+    const auto key = TranslateKey ({ static_cast<std::int32_t> (typed), code, 0 });
     return { static_cast<char32_t> (key.character), key.key, ModifiersOfMessage () };
 }
 
