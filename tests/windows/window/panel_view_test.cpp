@@ -113,7 +113,7 @@ TEST_CASE ("Panel: a drag of Morph is one edit, at the scale that the host tells
     }
 }
 
-TEST_CASE ("Panel: a wheel's notch is an edit, and a key that is not taken goes to the host")
+TEST_CASE ("Panel: a wheel's notch is an edit that ends by time, and other keys are the host's")
 {
     Plugin plugin;
     OpenPanel panel (plugin.instance);
@@ -126,6 +126,8 @@ TEST_CASE ("Panel: a wheel's notch is an edit, and a key that is not taken goes 
     SendMessageW (panel.Panel (), WM_MOUSEWHEEL, MAKEWPARAM (0, WHEEL_DELTA), MAKELPARAM (place.x, place.y));
     RunMessages (100);
     CHECK (std::ranges::count (plugin.calls, HandlerCall::Kind::beginEdit, &HandlerCall::kind) == 1);
+    RunMessages (3000);
+    CHECK (std::ranges::count (plugin.calls, HandlerCall::Kind::endEdit, &HandlerCall::kind) == 1);
     plugin.calls.clear ();
     SendMessageW (panel.Panel (), WM_KEYDOWN, VK_F5, 0);
     CHECK (std::ranges::count (plugin.calls, HandlerCall::Kind::beginEdit, &HandlerCall::kind) == 0);

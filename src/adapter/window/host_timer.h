@@ -8,8 +8,9 @@
 namespace tessaly
 {
 
-/// A timer on the host's own run loop, on the host's user-interface thread. A host without a run loop has none, and
-/// one that does not answer its registration has none either: `Start` then returns false and nothing ever fires.
+/// A timer on the host's user-interface thread. On Linux it is one of the host's run loop; a host without a run loop, or
+/// one that refuses, has none: `Start` then returns false and nothing ever fires. On Windows it belongs to the thread
+/// that calls `Start`, and fires from that thread's message loop.
 class HostTimer
 {
 public:
@@ -18,7 +19,7 @@ public:
     HostTimer (const HostTimer&) = delete;
     HostTimer& operator= (const HostTimer&) = delete;
 
-    /// Looks for a run loop in `context`, then in `fallbackContext`; both are the host's and may be null.
+    /// Where it is the host's, it is looked for in `context`, then in `fallbackContext`; both may be null.
     /// @param intervalMs  milliseconds between calls of `onTimer`, which must not start or stop this timer
     /// @return true if the timer runs
     bool Start (Steinberg::FUnknown* context, Steinberg::FUnknown* fallbackContext, std::uint64_t intervalMs,

@@ -9,8 +9,6 @@ namespace tessaly
 
 using namespace Steinberg;
 
-#if SMTG_OS_LINUX
-
 namespace
 {
 
@@ -76,21 +74,6 @@ void HostTimer::Stop ()
     ended->handler->Forget ();
     ended->loop->unregisterTimer (ended->handler);
 }
-
-#else
-
-struct HostTimer::Registration
-{
-};
-
-bool HostTimer::Start (FUnknown*, FUnknown*, std::uint64_t, std::function<void ()>)
-{
-    return false;
-}
-
-void HostTimer::Stop () {}
-
-#endif
 
 HostTimer::HostTimer () = default;
 
