@@ -137,11 +137,14 @@ plot::Page PlotOf (const std::string& name, const KeyPointSet& table)
                               .top = kTop,
                               .width = 262.0,
                               .height = kHeight };
-    return { .width = kPageWidth,
-             .height = kPageHeight,
-             .title = name,
-             .note = "The equalizer and the compressor at each key point, 1 (Morph at 0) to 9 (Morph at 120), in steps of 15",
-             .diagrams = { std::move (equalizer), std::move (compressor) } };
+    return {
+        .width = kPageWidth,
+        .height = kPageHeight,
+        .title = name,
+        .note =
+            "The equalizer and the compressor at each key point, 1 (Morph at 0) to 9 (Morph at 120), in steps of 15",
+        .diagrams = { std::move (equalizer), std::move (compressor) }
+    };
 }
 
 } // namespace tessaly::keypoints
