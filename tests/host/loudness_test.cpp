@@ -5,7 +5,6 @@
 #include <numbers>
 
 using namespace tessaly::test;
-namespace fs = std::filesystem;
 
 namespace
 {
@@ -74,7 +73,7 @@ TEST_CASE_FIXTURE (StripRender, "A matched result is as loud as its recording, a
     CHECK (Load (Path ("s.wav")).Frames () == 48000);
 }
 
-TEST_CASE_FIXTURE (StripRender, "A mix is the sum of its parts, and its range is told")
+TEST_CASE_FIXTURE (StripRender, "A mix is the sum of its parts")
 {
     const Words heavy{ "--set", "Morph=90", "--set", "Drive=8" };
     const auto dry = Load (kDrums).samples;
@@ -85,17 +84,4 @@ TEST_CASE_FIXTURE (StripRender, "A mix is the sum of its parts, and its range is
         error = std::fmax (error, std::abs (mixed[i] - (0.75F * dry[i] + 0.25F * wet[i])));
     CHECK (error < 1e-6);
     CHECK (Render (kDrums, "none.wav", With (heavy, { "--mix", "0" })).samples == dry);
-    CHECK (Says (Run ({ kDrums, Path ("no.wav"), "--link" }).err, "not the strip's way"));
-}
-
-TEST_CASE_FIXTURE (StripRender, "A plot of the render is drawn, as SVG or PNG by its name, and nothing else" *
-                                    doctest::skip (!TESSALY_HAS_PLOTS))
-{
-    RunWell ({ kDrums, Path ("a.wav"), "--plot", Path ("a.svg"), "--set", "Drive=8" });
-    CHECK (Says (ReadFile (Path ("a.svg")), "<svg"));
-    RunWell ({ kVoice, Path ("b.wav"), "--plot", Path ("b.png"), "--tail", "1" });
-    CHECK (ReadFile (Path ("b.png")).starts_with ("\x89PNG"));
-    CHECK (Run ({ kVoice, Path ("c.wav"), "--plot", Path ("c.pdf") }).exitStatus == 2);
-    CHECK (Says (Run ({ kVoice, Path ("c.wav"), "--plot", Path ("a.svg") }).err, "--force"));
-    CHECK_FALSE (fs::exists (folder / "c.wav"));
 }
