@@ -15,12 +15,10 @@ constexpr ZPoint kOutside{ 300, 200 };
 
 struct ReadoutFixture : MessageFixture
 {
-    ZAMX_FontTextEdit* text = nullptr; // not owned: the editor's
+    ZAMX_FontTextEdit* text = Add<ZAMX_FontTextEdit> ({ 109, 66, 134, 77 }); // not owned: the editor's
 
-    ReadoutFixture () { Open ({ 0, 0 }); }
-    void MakePanes (ZView& root) override
+    ReadoutFixture ()
     {
-        text = AddControl (root, std::make_unique<ZAMX_FontTextEdit> (this, ZRect{ 109, 66, 134, 77 }, kFreeId));
         text->SetBitmapActive (GetBitmap ("panel"), { 109, 66 });
         text->SetFontActive (GetBitmap ("font"), "05", 5, 11, 20, {});
         text->SetToText ([] (float, char* to) { PutText (to, "5"); });

@@ -15,12 +15,10 @@ constexpr ZPoint kMiddle{ 280, 254 };
 template <typename Dial>
 struct DialFixture : MessageFixture
 {
-    Dial* dial = nullptr; // not owned: the editor's
+    Dial* dial = Add<Dial> ({ 198, 214, 362, 306 }); // not owned: the editor's
 
-    DialFixture () { Open ({ 0, 0 }); }
-    void MakePanes (ZView& root) override
+    DialFixture ()
     {
-        dial = AddControl (root, std::make_unique<Dial> (this, ZRect{ 198, 214, 362, 306 }, kFreeId));
         dial->SetAnimActive (GetBitmap ("strip"), 101, 92, {});
         dial->SetAnimInactive (GetBitmap ("dim"), 101, 92, {});
         dial->SetColumns (0, 1);

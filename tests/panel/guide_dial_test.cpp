@@ -19,18 +19,14 @@ constexpr ZPoint kFarAway{ 400, 200 };
 /// A knob with its ring and two read-outs, which show one column of a font of one character.
 struct GuideFixture : MessageFixture
 {
-    ZAMX_GuideLowerDial* knob = nullptr; // not owned: the editor's panes, as all here
-    ZAMX_FontTextEdit* text = nullptr;
-    ZAMX_GuideUpperDial* ring = nullptr;
-    ZAMX_FontTextEdit* ringText = nullptr;
+    // Not owned: the editor's panes, in their order
+    ZAMX_GuideLowerDial* knob = Add<ZAMX_GuideLowerDial> (kKnob);
+    ZAMX_FontTextEdit* text = AddText ("text", 3);
+    ZAMX_GuideUpperDial* ring = Add<ZAMX_GuideUpperDial> (kKnob);
+    ZAMX_FontTextEdit* ringText = AddText ("ringtext", 0);
 
-    GuideFixture () { Open ({ 0, 0 }); }
-    void MakePanes (ZView& root) override
+    GuideFixture ()
     {
-        knob = AddControl (root, std::make_unique<ZAMX_GuideLowerDial> (this, kKnob, kFreeId));
-        text = AddText (root, "text", 3);
-        ring = AddControl (root, std::make_unique<ZAMX_GuideUpperDial> (this, kKnob, kFreeId));
-        ringText = AddText (root, "ringtext", 0);
         knob->SetBitmapActive (GetBitmap ("panel"), kKnob.TopLeft ());
         knob->SetAnimActive (GetBitmap ("knob"), 101, 13, {});
         knob->SetColumns (0, 1);
@@ -47,9 +43,9 @@ struct GuideFixture : MessageFixture
             control->SetValue (0.5f);
         SetDialMode (kDialLinear);
     }
-    ZAMX_FontTextEdit* AddText (ZView& root, std::string_view font, std::int32_t flags)
+    ZAMX_FontTextEdit* AddText (std::string_view font, std::int32_t flags)
     {
-        auto* added = AddControl (root, std::make_unique<ZAMX_FontTextEdit> (this, ZRect{ 109, 66, 134, 77 }, kFreeId));
+        auto* added = Add<ZAMX_FontTextEdit> ({ 109, 66, 134, 77 });
         added->SetFontActive (GetBitmap (font), "5", 5, 11, 20, {});
         added->SetToText ([] (float, char* to) { PutText (to, "5"); });
         added->SetFlags (flags);

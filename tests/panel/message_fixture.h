@@ -13,17 +13,21 @@ namespace tessaly
 
 inline constexpr std::int32_t kFreeId = 31000; // of no parameter: a control of it works on its own fields, step 0.01
 
-/// An editor 560 by 315 pixels large that writes down which messages its controls send.
+/// An open editor 560 by 315 pixels large that writes down which messages its controls send.
 struct MessageFixture : EditorFixture<>
 {
     using Messages = std::vector<std::int32_t>;
 
+    MessageFixture () { Open ({ 0, 0 }); }
     void CreateControls () override
     {
         AddControl (*GetRootView (), std::make_unique<ZPicture> (this, ZRect{ 0, 0, 560, 315 }, kFreeId + 1));
-        MakePanes (*GetRootView ());
     }
-    virtual void MakePanes (ZView& root) = 0;
+    template <typename Control>
+    Control* Add (const ZRect& frame)
+    {
+        return AddControl (*GetRootView (), std::make_unique<Control> (this, frame, kFreeId));
+    }
     void OnMessage (std::int32_t message, ZControl*) override { messages.push_back (message); }
     Messages TakeMessages () { return std::exchange (messages, {}); }
 

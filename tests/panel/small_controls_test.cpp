@@ -12,12 +12,10 @@ constexpr ZPoint kBesideArea{ 8, 280 };
 
 struct BypassFixture : MessageFixture
 {
-    ZAMX_AnimOnOffButton* button = nullptr; // not owned: the editor's
+    ZAMX_AnimOnOffButton* button = Add<ZAMX_AnimOnOffButton> ({ 5, 265, 76, 302 }); // not owned: the editor's
 
-    BypassFixture () { Open ({ 0, 0 }); }
-    void MakePanes (ZView& root) override
+    BypassFixture ()
     {
-        button = AddControl (root, std::make_unique<ZAMX_AnimOnOffButton> (this, ZRect{ 5, 265, 76, 302 }, kFreeId));
         button->SetAnimActive (GetBitmap ("switch"), 2, 37, {});
         button->SetActiveFramePreset (2);
         button->SetStep (1.0f);
