@@ -43,20 +43,6 @@ TEST_CASE_FIXTURE (AutomationFile, "Automation is read as table programs and edi
     CHECK_THROWS_WITH_AS (Read ("time\n"), doctest::Contains ("no rows"), RenderError);
 }
 
-TEST_CASE_FIXTURE (AutomationFile, "A bad row of automation is refused by file and line")
-{
-    const auto refusal = [&] (const std::string& content, int line, const std::string& reason)
-    {
-        const auto message = (folder / "moves.csv").string () + ", line " + std::to_string (line) + ": " + reason;
-        CHECK_THROWS_WITH_AS (Read (content), doctest::Contains (message.c_str ()), RenderError);
-    };
-    refusal ("time,parameter,value\n\n1,Mid F\n", 3, "a row has three fields");
-    refusal ("1,Mid F,1k\n-1,Mid F,2k\n", 2, "\"-1\" is no time in seconds");
-    for (const char* bad : { "1,Mid F,2,5\n", "one,Mid F,1k\n", "inf,Mid F,1k\n", "1,Mid F,loud\n", "1,Medium F,1k\n" })
-        refusal (bad, 1, "");
-    CHECK_THROWS_AS (ReadAutomation (parameters, names, folder / "nowhere.csv"), RenderError);
-}
-
 TEST_CASE ("Of settings at one sample the last of each parameter stays, in the order of these")
 {
     const auto kept = LastOfEach ({ { 12, 0.1 }, { 20, 0.5 }, { 12, 0.2 }, { 13, 0.3 } });

@@ -7,18 +7,6 @@
 using namespace tessaly::host;
 using namespace tessaly::test;
 
-TEST_CASE ("Host: what is no bundle is refused with the reason, a trailing separator is not")
-{
-    const TempFolder folder;
-    std::filesystem::create_directories (folder / "empty.vst3" / "Contents");
-    CHECK_THROWS_WITH_AS (Bundle (folder / "none.vst3"),
-                          doctest::Contains (("no plug-in bundle at \"" + (folder / "none.vst3").string ()).c_str ()),
-                          HostError);
-    CHECK_THROWS_WITH_AS (Bundle (folder.Path ()), doctest::Contains ("is not a VST 3 bundle"), HostError);
-    CHECK_THROWS_WITH_AS (Bundle (folder / "empty.vst3"), doctest::Contains ("does not load"), HostError);
-    CHECK (Bundle (std::string (TESSALY_BUNDLE) + "/").FirstAudioEffect ().name () == "Tessaly Bench [m]");
-}
-
 TEST_CASE_FIXTURE (LoadedStrip, "Host: a block outside what was set up is refused before the plug-in sees it")
 {
     instance.Setup (48000.0, 16, Steinberg::Vst::kRealtime);
