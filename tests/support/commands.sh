@@ -5,6 +5,7 @@ set -u
 program=$1
 top=$(mktemp -d)
 trap 'rm -rf "$top"' EXIT
+: >"$top/err"
 options=()
 failures=0
 
