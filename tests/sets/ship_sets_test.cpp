@@ -2,7 +2,6 @@
 #include "channel_strip_effect.h"
 #include "channel_strip_parameters.h"
 #include "channel_strip_storage.h"
-#include "key_point_file.h"
 #include "loudness.h"
 #include "recording.h"
 #include "temp_folder.h"
