@@ -104,6 +104,7 @@ TEST_CASE ("The output never counts as silent, doubles or a channel without memo
         CHECK (strip.instance.Processor ().process (block.data) == kResultOk);
         CHECK (block.samples == MonoBlock (0.0f).samples);
     }
+    block.data.inputs = &block.bus;
     block.bus.channelBuffers32 = nullptr;
     CHECK (strip.instance.Processor ().process (block.data) == kResultOk);
 }
