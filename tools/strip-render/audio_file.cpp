@@ -3,8 +3,10 @@
 #include "audio_damage.h"
 #include "interrupts.h"
 #include "render_error.h"
+#include "simd_clones.h"
 
 #include <algorithm>
+#include <type_traits>
 
 namespace tessaly::render
 {
@@ -59,6 +61,28 @@ SF_INFO InfoFor (const OutputFormat& format, const RecordingShape& shape)
     return info;
 }
 
+/// As libsndfile itself does it, but in SIMD.
+TESSALY_SIMD_CLONES void ToFloats (std::span<const short> shorts, float* floats)
+{
+    for (std::size_t i = 0; i < shorts.size (); ++i)
+        floats[i] = static_cast<float> (shorts[i]) * 0x1p-15F;
+}
+
+sf_count_t WriteSamples (SNDFILE* file, const std::vector<float>& samples)
+{
+    return sf_write_float (file, samples.data (), static_cast<sf_count_t> (samples.size ()));
+}
+
+sf_count_t WriteSamples (SNDFILE* file, const std::vector<short>& samples)
+{
+    return sf_write_short (file, samples.data (), static_cast<sf_count_t> (samples.size ()));
+}
+
+sf_count_t WriteSamples (SNDFILE* file, const std::vector<int>& samples)
+{
+    return sf_write_int (file, samples.data (), static_cast<sf_count_t> (samples.size ()));
+}
+
 } // namespace
 
 AudioReader::AudioReader (const fs::path& of, Damage whenDamaged)
@@ -69,6 +93,7 @@ AudioReader::AudioReader (const fs::path& of, Damage whenDamaged)
     file.reset (sf_open_fd (input.Descriptor (), SFM_READ, &info, SF_FALSE));
     if (!file)
         throw NotAudio ("\"" + path.string () + "\" is not an audio file that can be read: " + Reason (nullptr));
+    isOfShorts = (info.format & SF_FORMAT_SUBMASK) == SF_FORMAT_PCM_16;
     if (const auto fault = AudioDamage (input); !fault.empty ())
         Find (fault);
 }
@@ -85,10 +110,15 @@ void AudioReader::ReadAhead ()
 {
     const auto channels = static_cast<std::size_t> (info.channels);
     const std::size_t frames = std::max<std::size_t> (kSamplesAtOnce / channels, 1);
-    ahead.resize (frames * channels);
-    const sf_count_t count = sf_readf_float (file.get (), ahead.data (), static_cast<sf_count_t> (frames));
+    const auto read = [&] (auto& samples, auto* function)
+    {
+        samples.resize (frames * channels);
+        return function (file.get (), samples.data (), static_cast<sf_count_t> (frames));
+    };
+    const sf_count_t count = isOfShorts ? read (shorts, sf_readf_short) : read (floats, sf_readf_float);
     framesRead += count;
-    left = std::span (ahead).first (static_cast<std::size_t> (count) * channels);
+    next = 0;
+    end = static_cast<std::size_t> (count) * channels;
     ended = static_cast<std::size_t> (count) < frames;
     ThrowIfInterrupted (); // ahead of the complaint that the file ends early
     if (sf_error (file.get ()) != SF_ERR_NO_ERROR)
@@ -97,19 +127,27 @@ void AudioReader::ReadAhead ()
         Find ("it ends after " + std::to_string (framesRead) + " of " + std::to_string (info.frames) + " frames");
 }
 
+void AudioReader::HandOut (float* samples, std::size_t count)
+{
+    if (isOfShorts)
+        ToFloats (std::span (shorts).subspan (next, count), samples);
+    else
+        std::ranges::copy (std::span (floats).subspan (next, count), samples);
+    next += count;
+}
+
 std::int64_t AudioReader::Read (float* samples, std::int64_t frames)
 {
     const auto wanted = static_cast<std::size_t> (frames * info.channels);
     std::size_t done = 0;
     while (done < wanted)
     {
-        if (left.empty () && !ended)
+        if (next == end && !ended)
             ReadAhead ();
-        if (left.empty ())
+        if (next == end)
             break;
-        const std::size_t count = std::min (wanted - done, left.size ());
-        std::copy_n (left.begin (), count, samples + done);
-        left = left.subspan (count);
+        const std::size_t count = std::min (wanted - done, end - next);
+        HandOut (samples + done, count);
         done += count;
     }
     return static_cast<std::int64_t> (done) / info.channels;
@@ -130,31 +168,40 @@ AudioWriter::AudioWriter (const fs::path& path, const OutputFormat& format, cons
     if (ContainerOf (format) == SF_FORMAT_RF64 && shape.frames == 0)
         sf_command (file.get (), SFC_RF64_AUTO_DOWNGRADE, nullptr, SF_TRUE);
     WriteMetadata (file.get (), metadata);
-    waiting.reserve (2 * kSamplesAtOnce);
+    if (format.integerBits == kDitheredBits)
+        waiting = std::vector<short> ();
+    else if (format.integerBits != 0)
+        waiting = std::vector<int> ();
+    std::visit ([] (auto& pieces) { pieces.reserve (2 * kSamplesAtOnce); }, waiting);
 }
 
 void AudioWriter::Write (std::span<const float> samples)
 {
-    waiting.insert (waiting.end (), samples.begin (), samples.end ());
-    if (waiting.size () >= kSamplesAtOnce)
+    const auto append = [&] (auto& pieces)
+    {
+        const auto before = pieces.size ();
+        pieces.resize (before + samples.size ());
+        const auto added = std::span (pieces).subspan (before);
+        if constexpr (std::is_same_v<decltype (pieces), std::vector<float>&>)
+            std::ranges::copy (samples, added.begin ());
+        else
+            quantizer->Quantize (samples, added);
+        return pieces.size () >= kSamplesAtOnce;
+    };
+    if (std::visit (append, waiting))
         Flush ();
 }
 
 void AudioWriter::Flush ()
 {
-    const auto count = static_cast<sf_count_t> (waiting.size ());
-    sf_count_t written = 0;
-    if (quantizer)
+    const auto write = [this] (auto& pieces)
     {
-        integers.resize (waiting.size ());
-        quantizer->Quantize (waiting, integers);
-        written = sf_write_int (file.get (), integers.data (), count);
-    }
-    else
-        written = sf_write_float (file.get (), waiting.data (), count);
-    if (written != count)
+        const bool isWhole = WriteSamples (file.get (), pieces) == static_cast<sf_count_t> (pieces.size ());
+        pieces.clear ();
+        return isWhole;
+    };
+    if (!std::visit (write, waiting))
         throw RenderError ("the output cannot be written: " + Reason (file.get ()));
-    waiting.clear ();
 }
 
 void AudioWriter::Close ()

@@ -13,6 +13,7 @@
 #include <sndfile.h>
 #include <span>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace tessaly::render
@@ -60,6 +61,7 @@ public:
 
 private:
     void ReadAhead ();
+    void HandOut (float* samples, std::size_t count);
     void Find (const std::string& fault);
 
     std::filesystem::path path;
@@ -69,8 +71,11 @@ private:
     SF_INFO info{};
     SoundFile file; // reads from `input`
     std::int64_t framesRead = 0;
-    std::vector<float> ahead;    // read, in part handed out
-    std::span<const float> left; // of `ahead`, still to be handed out
+    bool isOfShorts = false;   // 16 bits: the library reads them in one piece, and floats in many small ones
+    std::vector<short> shorts; // read ahead, of such a file
+    std::vector<float> floats; // of others
+    std::size_t next = 0;      // of these, the first still to be handed out
+    std::size_t end = 0;
     bool ended = false;
 };
 
@@ -104,8 +109,8 @@ private:
 
     SoundFile file;
     std::optional<SampleQuantizer> quantizer;
-    std::vector<float> waiting; // for the next write to the file
-    std::vector<int> integers;
+    // For the next write to the file, as its format has them: the library passes shorts and floats on in one piece
+    std::variant<std::vector<float>, std::vector<short>, std::vector<int>> waiting;
 };
 
 /// The format, or RF64 in the place of WAV where the file comes to four gigabytes. Where the length is not known it is

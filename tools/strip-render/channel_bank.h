@@ -50,13 +50,13 @@ public:
     std::int64_t TailFrames () const { return instances.front ()->Processor ().getTailSamples (); }
 
 private:
-    void ProcessChannel (std::size_t channel, Steinberg::int32 frames);
+    void ProcessChannel (std::size_t channel, std::span<float> out);
 
     Road road;
     std::vector<std::unique_ptr<host::PluginInstance>> instances;
     std::vector<MeterReading> readings;
     std::vector<float> input;  // one channel of one block
-    std::vector<float> output; // likewise
+    std::vector<float> output; // of all channels, one after the other
     std::vector<host::ParameterPoint> points;
     std::vector<host::ParameterPoint> meterPoints;
 };

@@ -1,5 +1,6 @@
 #include "level_meter.h"
 
+#include "simd_clones.h"
 #include "text.h"
 
 #include <algorithm>
@@ -14,7 +15,7 @@ namespace
 {
 
 // Lanes of their own let the compiler use SIMD, which it may not for one sum: its order of additions is fixed.
-constexpr std::size_t kLanes = 8;
+constexpr std::size_t kLanes = 32;
 
 struct PieceLevels
 {
@@ -23,7 +24,7 @@ struct PieceLevels
 };
 
 /// @param piece  a multiple of kLanes; short, so that its squares may be summed as floats
-PieceLevels LevelsOf (std::span<const float> piece)
+TESSALY_SIMD_CLONES PieceLevels LevelsOf (std::span<const float> piece)
 {
     std::array<float, kLanes> peaks{};
     std::array<float, kLanes> sums{};
@@ -41,7 +42,7 @@ PieceLevels LevelsOf (std::span<const float> piece)
 
 void LevelMeter::Add (std::span<const float> samples)
 {
-    constexpr std::size_t kPiece = 64 * kLanes;
+    constexpr std::size_t kPiece = 16 * kLanes;
     count += static_cast<std::int64_t> (samples.size ());
     while (samples.size () >= kLanes)
     {

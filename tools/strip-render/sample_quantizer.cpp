@@ -1,10 +1,13 @@
 #include "sample_quantizer.h"
 
+#include "simd_clones.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <type_traits>
 
 namespace tessaly::render
 {
@@ -12,7 +15,7 @@ namespace tessaly::render
 namespace
 {
 
-constexpr std::size_t kPiece = 256; // samples whose noise is made at once, in the first cache
+constexpr std::size_t kPiece = 1024; // samples whose noise is made at once, in the first cache
 
 /// By the rounding of an addition: the C library's function is a call for each sample.
 template <typename Real>
@@ -35,18 +38,44 @@ float NoiseAt (std::uint32_t place)
 }
 
 /// @param Real  holds the steps of the format and a good deal of their fractions
-template <typename Real>
-void ToSteps (std::span<const float> samples, const float* noise, int bits, int* out)
+template <typename Real, typename Step>
+[[gnu::always_inline]] inline void ToSteps (std::span<const float> samples, const float* noise, int bits, Step* out)
 {
     const Real scale = std::ldexp (Real{ 1 }, bits - 1);
+    const int shift = std::numeric_limits<std::make_unsigned_t<Step>>::digits - bits;
     for (std::size_t i = 0; i < samples.size (); ++i)
     {
         const Real steps = static_cast<Real> (samples[i]) * scale + static_cast<Real> (noise[i]);
         const Real low = steps > -scale ? steps : -scale;
         const Real within = low < scale - 1 ? low : scale - 1;
-        const int nearest = static_cast<int> (NearestWhole (within)) << (32 - bits);
-        out[i] = std::isnan (samples[i]) ? 0 : nearest;
+        const int nearest = static_cast<int> (NearestWhole (within)) << shift;
+        out[i] = static_cast<Step> (std::isnan (samples[i]) ? 0 : nearest);
     }
+}
+
+TESSALY_SIMD_CLONES void MakeNoise (std::uint32_t place, std::span<float> noise)
+{
+    for (std::size_t i = 0; i < noise.size (); ++i)
+        noise[i] = NoiseAt (place + static_cast<std::uint32_t> (i));
+}
+
+/// Floats hold 256 places between two steps of 16 bits, and twice as many of them are worked on at once.
+TESSALY_SIMD_CLONES void ToShorts (std::span<const float> samples, const float* noise, int bits, short* out)
+{
+    ToSteps<float> (samples, noise, bits, out);
+}
+
+TESSALY_SIMD_CLONES void ToInts (std::span<const float> samples, const float* noise, int bits, int* out)
+{
+    ToSteps<double> (samples, noise, bits, out);
+}
+
+TESSALY_SIMD_CLONES bool IsAnyBeyondFullScale (std::span<const float> samples)
+{
+    int beyond = 0;
+    for (const float x : samples)
+        beyond |= std::abs (x) > 1.0F ? 1 : 0;
+    return beyond != 0;
 }
 
 } // namespace
@@ -57,30 +86,34 @@ SampleQuantizer::SampleQuantizer (int sampleBits, bool dither)
 {
 }
 
+void SampleQuantizer::Quantize (std::span<const float> samples, std::span<short> out)
+{
+    QuantizeBy (ToShorts, samples, out);
+}
+
 void SampleQuantizer::Quantize (std::span<const float> samples, std::span<int> out)
 {
-    constexpr int kBitsInFloats = 16; // twice as many at once, and still 256 places between two steps
+    QuantizeBy (ToInts, samples, out);
+}
+
+template <typename ToSteps, typename Step>
+void SampleQuantizer::QuantizeBy (ToSteps toSteps, std::span<const float> samples, std::span<Step> out)
+{
     FindClipping (samples);
     std::array<float, kPiece> noise{};
     for (std::size_t done = 0; done < samples.size (); done += kPiece)
     {
         const auto piece = samples.subspan (done, std::min (kPiece, samples.size () - done));
-        for (std::size_t i = 0; dithers && i < piece.size (); ++i)
-            noise[i] = NoiseAt (place + static_cast<std::uint32_t> (i));
+        if (dithers)
+            MakeNoise (place, std::span (noise).first (piece.size ()));
         place += static_cast<std::uint32_t> (piece.size ());
-        if (bits <= kBitsInFloats)
-            ToSteps<float> (piece, noise.data (), bits, &out[done]);
-        else
-            ToSteps<double> (piece, noise.data (), bits, &out[done]);
+        toSteps (piece, noise.data (), bits, &out[done]);
     }
 }
 
 void SampleQuantizer::FindClipping (std::span<const float> samples)
 {
-    int beyond = 0;
-    for (const float x : samples)
-        beyond |= std::abs (x) > 1.0F ? 1 : 0;
-    if (beyond == 0) // as good as always, and found out in SIMD
+    if (!IsAnyBeyondFullScale (samples)) // as good as always
         return;
     for (const float x : samples)
         if (std::abs (x) > 1.0F)

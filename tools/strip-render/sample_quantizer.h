@@ -16,13 +16,17 @@ public:
     /// @param bits  16, 24 or 32
     SampleQuantizer (int bits, bool dither);
 
-    /// @param out  as many as `samples`, the value in the high bits of 32, as libsndfile takes integers; NaN gives 0
+    /// @param out  as many as `samples`, the value in the high bits of 16 or 32, as libsndfile takes integers; NaN
+    ///             gives 0. Shorts are for 16 bits, ints for more.
+    void Quantize (std::span<const float> samples, std::span<short> out);
     void Quantize (std::span<const float> samples, std::span<int> out);
 
     std::int64_t ClippedSamples () const { return clipped; } ///< those beyond full scale
     double OverDb () const;                                  ///< by how much the largest of them; 0 without any
 
 private:
+    template <typename ToSteps, typename Step>
+    void QuantizeBy (ToSteps toSteps, std::span<const float> samples, std::span<Step> out);
     void FindClipping (std::span<const float> samples);
 
     int bits;
