@@ -1,7 +1,5 @@
 #include "state_file.h"
 
-#include "host_error.h"
-
 #include "public.sdk/source/common/memorystream.h"
 #include "public.sdk/source/vst/vstpresetfile.h"
 
@@ -60,14 +58,14 @@ Bytes ComponentChunk (const fs::path& file, Bytes& bytes, const std::optional<VS
     const auto stream = owned (new MemoryStream (bytes.data (), size));
     Vst::PresetFile preset (stream);
     if (!preset.readChunkList ())
-        throw HostError (Quoted (file) + " is a damaged preset");
+        throw DamagedPreset (Quoted (file) + " is a damaged preset");
     if (component && preset.getClassID () != FUID::fromTUID (component->data ()))
         throw HostError (Quoted (file) + " is a preset of another plug-in");
     const auto* entry = preset.getEntry (Vst::kComponentState);
     if (entry == nullptr)
         throw HostError (Quoted (file) + " is a preset without a state");
     if (entry->offset < 0 || entry->size < 0 || entry->offset > size || entry->size > size - entry->offset)
-        throw HostError (Quoted (file) + " is a damaged preset");
+        throw DamagedPreset (Quoted (file) + " is a damaged preset");
     return { bytes.begin () + entry->offset, bytes.begin () + entry->offset + entry->size };
 }
 
@@ -89,6 +87,30 @@ Bytes ReadStateFile (const fs::path& file, const std::optional<VST3::UID>& compo
 {
     auto bytes = ReadWhole (file);
     auto chunk = StartsWith (bytes, kPresetStart) ? ComponentChunk (file, bytes, component) : std::move (bytes);
+    if (!StartsWith (chunk, kChunkStart))
+        throw HostError (Quoted (file) + " holds no state of the strip");
+    return chunk;
+}
+
+Bytes SalvagePreset (const fs::path& file, const VST3::UID& component)
+{
+    // Four letters, a version, the class as text, and where the list of chunks begins; then, as all hosts write it, the
+    // component's state
+    constexpr std::ptrdiff_t kClassAt = 8;
+    constexpr std::ptrdiff_t kListAt = 40;
+    constexpr std::ptrdiff_t kHeader = 48;
+    const auto bytes = ReadWhole (file);
+    if (std::ssize (bytes) < kHeader)
+        throw HostError (Quoted (file) + " ends within its header");
+    const std::string text = component.toString ();
+    if (!std::ranges::equal (text, std::span (bytes).subspan (kClassAt, text.size ()), {},
+                             [] (char letter) { return static_cast<std::byte> (letter); }))
+        throw HostError (Quoted (file) + " is a preset of another plug-in");
+    std::ptrdiff_t list = 0;
+    for (std::ptrdiff_t i = kHeader; i-- > kListAt;)
+        list = (list & 0xFFFFFF) << 8 | std::to_integer<int> (bytes[static_cast<std::size_t> (i)]);
+    Bytes chunk (bytes.begin () + kHeader,
+                 list > kHeader && list < std::ssize (bytes) ? bytes.begin () + list : bytes.end ());
     if (!StartsWith (chunk, kChunkStart))
         throw HostError (Quoted (file) + " holds no state of the strip");
     return chunk;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host_error.h"
 #include "pending_file.h"
 
 #include "public.sdk/source/vst/utility/uid.h"
@@ -17,9 +18,20 @@ namespace tessaly::host
 /// Reads what a host keeps of the strip: a preset file (.vstpreset), whose component chunk is taken, or the component's
 /// state chunk alone. Which of the two it is, its first bytes tell.
 /// @param component  a preset of another class is refused; without, any class is taken
-/// @throws HostError with the reason when the file cannot be read, is neither of the two, or is damaged
+/// @throws HostError with the reason when the file cannot be read or is neither of the two; DamagedPreset
 std::vector<std::byte> ReadStateFile (const std::filesystem::path& file,
                                       const std::optional<VST3::UID>& component = std::nullopt);
+
+/// A preset whose list of chunks can't be read, as of one that is cut off: the list is at the end.
+class DamagedPreset : public HostError
+{
+public:
+    using HostError::HostError;
+};
+
+/// What is there of the state in such a preset, which may end anywhere.
+/// @throws HostError when it is a preset of another class, or has no state ahead of its other chunks
+std::vector<std::byte> SalvagePreset (const std::filesystem::path& file, const VST3::UID& component);
 
 /// Writes a state chunk: as a preset of the class `component` where the extension is ".vstpreset", by itself under any
 /// other name.

@@ -39,8 +39,10 @@ Examples:
   keypoints install mine.kpd
   keypoints show "Lead Vocal"
   keypoints plot "Lead Vocal" "Lead Vocal.svg"
-Exit status: 0 done; 1 an error, a set that is not as it should be, or nothing to list; 2 a mistake in the command
-line.)";
+Exit status:
+  0  done
+  1  an error, a set that is not as it should be, or nothing to list
+  2  a mistake in the command line)";
 
 /// What the line says, for all commands together.
 struct Arguments
@@ -89,6 +91,8 @@ void Plot (const Arguments& arguments)
 
 void Write (const Arguments& arguments, const KeyPointSet& table)
 {
+    if (arguments.set == "-")
+        throw SetError ("a set is a file; standard output takes none");
     WriteSetFile (arguments.set, table, arguments.Present ());
     std::cout << arguments.set.string () << ": " << CountKeyPoints (table) << " of " << kSetRows << " key points\n";
     if (!HasSetExtension (arguments.set))
@@ -122,6 +126,8 @@ void Capture (const Arguments& arguments)
     for (std::size_t row = 0; row < arguments.files.size (); ++row)
         if (arguments.files[row] != kNoSource)
             table.rows[row] = CapturedRow (arguments.files[row], panel);
+    if (CountKeyPoints (table) == 0)
+        throw SetError ("a set without a key point would do nothing; name a state at least");
     Write (arguments, table);
 }
 

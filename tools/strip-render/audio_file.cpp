@@ -167,7 +167,7 @@ AudioWriter::AudioWriter (const fs::path& path, const OutputFormat& format, cons
     sf_command (file.get (), SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE);
     if (ContainerOf (format) == SF_FORMAT_RF64 && shape.frames == 0)
         sf_command (file.get (), SFC_RF64_AUTO_DOWNGRADE, nullptr, SF_TRUE);
-    WriteMetadata (file.get (), metadata);
+    leftOut = WriteMetadata (file.get (), info.format, metadata);
     if (format.integerBits == kDitheredBits)
         waiting = std::vector<short> ();
     else if (format.integerBits != 0)

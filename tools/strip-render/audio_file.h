@@ -101,6 +101,9 @@ public:
     /// @throws RenderError when the last of the data does not reach the file
     void Close ();
 
+    /// What of the metadata the format has no room for, in words; empty for nothing.
+    const std::string& LeftOut () const { return leftOut; }
+
     /// How much an integer format has cut off; null for the others.
     const SampleQuantizer* Clipping () const { return quantizer ? &*quantizer : nullptr; }
 
@@ -108,6 +111,7 @@ private:
     void Flush ();
 
     SoundFile file;
+    std::string leftOut;
     std::optional<SampleQuantizer> quantizer;
     // For the next write to the file, as its format has them: the library passes shorts and floats on in one piece
     std::variant<std::vector<float>, std::vector<short>, std::vector<int>> waiting;

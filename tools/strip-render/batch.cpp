@@ -32,7 +32,8 @@ public:
         : session (with)
         , options (from)
         , items (BatchItems (from))
-        , progress (from.quiet ? 0 : TotalBytes ())
+        , totalBytes (TotalBytes ())
+        , progress (from.quiet ? 0 : totalBytes)
         , outcomes (items.size ())
     {
     }
@@ -57,7 +58,7 @@ public:
         if (stopped)
             std::rethrow_exception (stopped);
         progress.Wipe ();
-        if (!options.quiet && options.json)
+        if (options.json)
             Print (std::cout, ToJson (outcomes, options.dryRun));
         else if (!options.quiet)
             PrintOutcomes (std::cout, outcomes, options.dryRun);
@@ -128,7 +129,7 @@ private:
     std::string Note () const
     {
         const double elapsed = std::chrono::duration<double> (std::chrono::steady_clock::now () - start).count ();
-        const auto bytesLeft = static_cast<double> (TotalBytes () - bytesDone);
+        const auto bytesLeft = static_cast<double> (totalBytes - bytesDone);
         const double left = bytesDone > 0 ? elapsed * bytesLeft / static_cast<double> (bytesDone) : 0.0;
         return ", " + std::to_string (finished) + " of " + std::to_string (items.size ()) + " files, " +
                ToText (seconds / elapsed, 0) + " times real time, " + ToText (left, 0) + " s left";
@@ -137,6 +138,7 @@ private:
     RenderSession& session; // not owned: the caller's
     const Options& options; // not owned: the caller's
     const std::vector<BatchItem> items;
+    const std::int64_t totalBytes;
     const std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now ();
 
     std::mutex lock; // over all that follows

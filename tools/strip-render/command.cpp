@@ -23,10 +23,10 @@ void RenderOne (RenderSession& session, const Options& options)
     // Sound may go to standard output, under whatever name; what is told then goes to standard error
     std::ostream& told = IsStream (options.output) ? std::cerr : std::cout;
     const Summary summary = RenderFile (session, options);
-    if (options.quiet)
-        return;
     if (options.json)
         Print (told, ToJson (summary, options.dryRun));
+    else if (options.quiet)
+        return;
     else if (options.dryRun)
         PrintPlan (told, summary);
     else

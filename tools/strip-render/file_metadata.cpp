@@ -1,6 +1,7 @@
 #include "file_metadata.h"
 
 #include <cstdint>
+#include <string_view>
 
 namespace tessaly::render
 {
@@ -29,6 +30,42 @@ std::vector<char> ReadCues (SNDFILE* file)
     return bytes;
 }
 
+constexpr std::string_view kListName = "LIST";
+constexpr std::string_view kCueTexts = "adtl"; // the kind of list, ahead of its entries
+
+SF_CHUNK_INFO ListChunk ()
+{
+    SF_CHUNK_INFO chunk{};
+    kListName.copy (chunk.id, kListName.size ());
+    chunk.id_size = static_cast<unsigned> (kListName.size ());
+    return chunk;
+}
+
+/// libsndfile reads the labels, but writes none; chunks it passes on.
+std::vector<std::vector<char>> ReadCueTexts (SNDFILE* file)
+{
+    constexpr unsigned kLargest = 1 << 24;
+    std::vector<std::vector<char>> texts;
+    SF_CHUNK_INFO chunk = ListChunk ();
+    for (auto* at = sf_get_chunk_iterator (file, &chunk); at != nullptr; at = sf_next_chunk_iterator (at))
+    {
+        if (sf_get_chunk_size (at, &chunk) != SF_ERR_NO_ERROR || chunk.datalen > kLargest)
+            continue;
+        std::vector<char> bytes (chunk.datalen);
+        chunk.data = bytes.data ();
+        if (sf_get_chunk_data (at, &chunk) == SF_ERR_NO_ERROR &&
+            std::string_view (bytes.data (), bytes.size ()).starts_with (kCueTexts))
+            texts.push_back (std::move (bytes));
+    }
+    return texts;
+}
+
+bool IsWav (int format)
+{
+    const int container = format & SF_FORMAT_TYPEMASK;
+    return container == SF_FORMAT_WAV || container == SF_FORMAT_WAVEX || container == SF_FORMAT_RF64;
+}
+
 } // namespace
 
 FileMetadata ReadMetadata (SNDFILE* file, int channels)
@@ -39,6 +76,7 @@ FileMetadata ReadMetadata (SNDFILE* file, int channels)
             metadata.tags.emplace_back (tag, text);
     metadata.broadcast = ReadBroadcast (file);
     metadata.cues = ReadCues (file);
+    metadata.cueTexts = ReadCueTexts (file);
     metadata.channelMap.resize (static_cast<std::size_t> (channels));
     const int mapBytes = static_cast<int> (sizeof (int)) * channels;
     if (sf_command (file, SFC_GET_CHANNEL_MAP_INFO, metadata.channelMap.data (), mapBytes) != SF_TRUE)
@@ -46,7 +84,7 @@ FileMetadata ReadMetadata (SNDFILE* file, int channels)
     return metadata;
 }
 
-void WriteMetadata (SNDFILE* file, const FileMetadata& metadata)
+std::string WriteMetadata (SNDFILE* file, int format, const FileMetadata& metadata)
 {
     const auto put = [file] (int command, const auto& values)
     {
@@ -59,6 +97,19 @@ void WriteMetadata (SNDFILE* file, const FileMetadata& metadata)
     put (SFC_SET_BROADCAST_INFO, metadata.broadcast);
     put (SFC_SET_CUE, metadata.cues);
     put (SFC_SET_CHANNEL_MAP_INFO, metadata.channelMap);
+    for (auto text : IsWav (format) ? metadata.cueTexts : decltype (metadata.cueTexts){})
+    {
+        SF_CHUNK_INFO chunk = ListChunk ();
+        chunk.data = text.data ();
+        chunk.datalen = static_cast<unsigned> (text.size ());
+        sf_set_chunk (file, &chunk);
+    }
+
+    const bool keepsCues = IsWav (format) || (format & SF_FORMAT_TYPEMASK) == SF_FORMAT_AIFF;
+    std::string leftOut = metadata.broadcast.empty () || IsWav (format) ? "" : "the time reference (bext)";
+    if (!metadata.cues.empty () && !keepsCues)
+        leftOut += leftOut.empty () ? "the cue points" : " and the cue points";
+    return leftOut;
 }
 
 } // namespace tessaly::render

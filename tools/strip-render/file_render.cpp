@@ -125,6 +125,9 @@ public:
     Summary Run ()
     {
         Summary summary = Describe ();
+        if (!writer->LeftOut ().empty ())
+            Warn (format.description + " has no room for " + writer->LeftOut () + " of \"" + options.input.string () +
+                  "\"");
         if (options.dryRun)
             return summary;
         if (options.matchLoudness)

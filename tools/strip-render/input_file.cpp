@@ -102,7 +102,7 @@ int OpenUnnamedFile ()
 {
     const int file = tools::OpenTemporary ();
     if (file < 0)
-        throw RenderError ("no temporary file can be made: " + Reason ());
+        throw RenderError ("no temporary file can be made: " + Reason () + "; TMPDIR names the folder for them");
     return file;
 }
 

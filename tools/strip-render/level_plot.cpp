@@ -83,11 +83,14 @@ double TopDb (const LevelTrace& trace)
 
 Diagram LevelDiagram (const LevelTrace& trace, int rateHz, const plot::Axis& time)
 {
+    constexpr double kTickDb = 12.0;
+    constexpr double kMostTicks = 10.0; // floats reach 770 dB above full scale
     const double top = TopDb (trace);
+    const double tick = kTickDb * std::ceil ((top - kFloorDb) / (kTickDb * kMostTicks));
     return {
         .title = "Level",
         .x = time,
-        .y = { .title = "Level, dBFS", .first = kFloorDb, .last = top, .ticks = plot::StepTicks (kFloorDb, top, 12.0) },
+        .y = { .title = "Level, dBFS", .first = kFloorDb, .last = top, .ticks = plot::StepTicks (kFloorDb, top, tick) },
         .curves = LevelCurves (trace, rateHz),
         .left = kLeft,
         .top = 88.0,

@@ -27,6 +27,7 @@ int Run (int argc, char** argv)
 int main (int argc, char** argv)
 {
     using namespace tessaly::render;
+    constexpr int kMistakeInLine = 2;
     constexpr int kSignalBase = 128; // as a shell tells of a program that a signal has ended
 
     CatchInterrupts ();
@@ -42,6 +43,6 @@ int main (int argc, char** argv)
     catch (const std::exception& error)
     {
         std::cerr << "strip-render: " << error.what () << '\n';
-        return EXIT_FAILURE;
+        return dynamic_cast<const MistakeInLine*> (&error) != nullptr ? kMistakeInLine : EXIT_FAILURE;
     }
 }

@@ -28,7 +28,23 @@ Examples:
   strip-render loop.flac strip.flac --automate moves.csv --tail full --meters meters.csv
   strip-render drums.wav parallel.wav --keypoints "Room Smash" --set Drive=6 --mix 35
   strip-render mix.wav b.wav --set Morph=60 --match-loudness --plot mix.svg
-Exit status: 0 done; 1 an error, with nothing written (of a batch: some files failed); 2 a mistake in the command line; 128 + N ended by signal N.)";
+Exit status:
+  0        done
+  1        an error, with nothing written; of a batch: some files have failed
+  2        a mistake in the command line
+  128 + N  ended by signal N)";
+
+/// With a line for each use, where the library puts one for all.
+class UsageOfEach : public CLI::Formatter
+{
+public:
+    std::string make_usage (const CLI::App*, std::string name) const override
+    {
+        return "Usage: " + name + " [OPTIONS] IN OUT\n  or:  " + name +
+               " [OPTIONS] --out-dir DIR IN...\n  or:  " + name + " [OPTIONS] --list\n  or:  " + name +
+               " [OPTIONS] --save-state FILE\n";
+    }
+};
 
 std::string CheckSetting (const std::string& text)
 {
@@ -148,7 +164,8 @@ void Describe (CLI::App& app, Options& options, Texts& texts)
     app.add_flag ("--allow-damaged", options.allowDamaged,
                   "Take what there is of a recording or state that is cut off");
     app.add_flag ("--dry-run", options.dryRun, "Read and check everything, tell what would be written, write nothing");
-    app.add_flag ("-q,--quiet", options.quiet, "Neither summary nor progress; warnings and errors remain");
+    app.add_flag ("-q,--quiet", options.quiet,
+                  "Neither summary nor progress; warnings, errors and what --json prints remain");
     app.add_flag ("--json", options.json, "Summary, or list, as JSON");
     app.add_option ("--plugin", options.plugin, "Bundle to load; otherwise the one beside this program or installed")
         ->type_name ("PATH");
@@ -180,7 +197,10 @@ void TakeFiles (const CLI::App& app, Options& options)
 /// An option that would do nothing is a mistake: its user believes in it.
 void CheckCombination (const CLI::App& app, const Options& options)
 {
-    if (options.quiet && options.loudness)
+    for (const char* name : { "--meters", "--save-state" })
+        if (app.count (name) > 0 && app.get_option (name)->results ().back () == "-")
+            throw CLI::ValidationError (std::string (name) + " writes a file; /dev/stdout is not one, ./- would be");
+    if (options.quiet && options.loudness && !options.json)
         throw CLI::ValidationError ("--loudness tells nothing with --quiet");
     if (options.RendersBatch ())
         return;
@@ -209,6 +229,7 @@ ParsedOptions ParseOptions (int argc, const char* const* argv)
     app.allow_windows_style_options (false); // a slash begins a path, on Windows, too
     app.set_version_flag ("--version", STRIP_RENDER_VERSION);
     app.footer (kExamples);
+    app.formatter (std::make_shared<UsageOfEach> ());
     Describe (app, options, texts);
     try
     {

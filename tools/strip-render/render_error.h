@@ -12,6 +12,13 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// A mistake in the command line that only the plug-in could tell.
+class MistakeInLine : public RenderError
+{
+public:
+    using RenderError::RenderError;
+};
+
 /// A file that holds no audio at all.
 class NotAudio : public RenderError
 {

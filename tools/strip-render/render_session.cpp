@@ -22,10 +22,25 @@ constexpr const char* kHostName = "strip-render";
 
 using State = std::vector<std::byte>;
 
+State ReadOrSalvage (const fs::path& file, const VST3::UID& component, bool allowDamaged)
+{
+    try
+    {
+        return host::ReadStateFile (file, component);
+    }
+    catch (const host::DamagedPreset& error)
+    {
+        if (!allowDamaged)
+            throw host::DamagedPreset (std::string (error.what ()) + "; --allow-damaged takes what is there");
+        Warn (error.what ());
+        return host::SalvagePreset (file, component);
+    }
+}
+
 /// @throws RenderError when the state is cut off and that is not allowed
 State ReadState (const fs::path& file, const VST3::UID& component, bool allowDamaged)
 {
-    auto state = host::ReadStateFile (file, component);
+    auto state = ReadOrSalvage (file, component, allowDamaged);
     if (const auto damage = keypoints::StateDamage (state); !damage.empty ())
     {
         const auto text = "\"" + file.string () + "\" is damaged: " + damage;
@@ -85,8 +100,15 @@ std::vector<Setting> ReadSettings (const Options& options, const host::Parameter
 {
     const ParameterNames names (parameters);
     std::vector<Setting> settings;
-    for (const std::string& text : options.settings)
-        settings.push_back (ReadSetting (parameters, names, text));
+    try
+    {
+        for (const std::string& text : options.settings)
+            settings.push_back (ReadSetting (parameters, names, text));
+    }
+    catch (const RenderError& error)
+    {
+        throw MistakeInLine (error.what ());
+    }
     if (options.bypass)
         settings.push_back (ReadSetting (parameters, names, "Bypass=On"));
     return settings;

@@ -52,7 +52,8 @@ ResultFile::ResultFile (const std::filesystem::path& wanted, host::Existing exis
     }
     spool.emplace ();
     if (spool->Descriptor () < 0)
-        throw RenderError ("no temporary file can be made: " + std::generic_category ().message (errno));
+        throw RenderError ("no temporary file can be made: " + std::generic_category ().message (errno) +
+                           "; TMPDIR names the folder for them");
 }
 
 void ResultFile::Commit ()

@@ -1,5 +1,6 @@
 #include "open_files.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -80,7 +81,13 @@ bool Close (int file)
 
 int OpenTemporary ()
 {
-    std::string name = (fs::temp_directory_path () / "strip-render-XXXXXX").string ();
+    std::error_code noFolder;
+    std::string name = (fs::temp_directory_path (noFolder) / "strip-render-XXXXXX").string ();
+    if (noFolder)
+    {
+        errno = noFolder.value ();
+        return -1;
+    }
     const int file = mkostemp (name.data (), O_CLOEXEC);
     if (file >= 0)
         unlink (name.c_str ());
