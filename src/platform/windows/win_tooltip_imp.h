@@ -18,7 +18,7 @@ public:
     ZWinTooltipImp (const ZWinTooltipImp&) = delete;
     ZWinTooltipImp& operator= (const ZWinTooltipImp&) = delete;
 
-    void Show (const ZRect& area, std::string_view text) override;
+    void Show (const ZRect& area, std::string_view text) override; ///< an ampersand underlines the character after it
     void Hide () override;
     HWND Window () const { return tooltip; } ///< null when it could not be made
 
