@@ -144,6 +144,10 @@ LRESULT WinPanelWindow::OnMessage (UINT message, WPARAM wParam, LPARAM lParam)
     case WM_MOUSEMOVE:
         OnMove (wParam, lParam);
         return 0;
+    case WM_CAPTURECHANGED:
+        if (reinterpret_cast<HWND> (lParam) != handle)
+            captureLost = std::exchange (holdsPointer, false) || captureLost;
+        return 0;
     case WM_MOUSELEAVE:
         pointerInside = false;
         return 0;
@@ -179,6 +183,8 @@ void WinPanelWindow::OnPress (UINT message, LPARAM lParam)
 {
     SetFocus (window);
     SetCapture (window);
+    holdsPointer = true;
+    captureLost = false;
     WatchPointer ();
     listener.OnMouseDown ({ PlaceOf (lParam), ButtonOf (message), ModifiersOfMessage () });
 }
@@ -263,6 +269,7 @@ std::optional<ZPoint> WinPanelWindow::PointerPixel () const
 
 void WinPanelWindow::ReleasePointer ()
 {
+    holdsPointer = false;
     if (GetCapture () == window)
         ReleaseCapture ();
 }

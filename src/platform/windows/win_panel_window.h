@@ -35,8 +35,8 @@ public:
     void ReleasePointer () override;
     void TakeKeyboard () override {} ///< the edit window takes it
     void GiveKeyboardBack () override {}
-    bool HasLostFocus () override { return false; } ///< WM_KILLFOCUS tells
-    void ForgetFocus () override {}
+    bool HasLostFocus () override { return captureLost; } ///< of the keyboard WM_KILLFOCUS tells
+    void ForgetFocus () override { captureLost = false; }
     void Resize (ZPoint pixels) override;
     void MakeSurface (std::int32_t width, std::int32_t height, double scale) override;
     ZCanvas& Canvas () override { return *canvas; }
@@ -67,6 +67,8 @@ private:
     std::unique_ptr<ZOnscreenCanvas> canvas; // draws on the surface
     ChangedArea changes;                     // pixels of the surface that the window does not show yet
     bool pointerInside = false;
+    bool holdsPointer = false;   // the pointer is captured
+    bool captureLost = false;    // to another window, with a button held
     HBRUSH fieldBrush = nullptr; // owned; null before the first text field
 };
 

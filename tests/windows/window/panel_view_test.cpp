@@ -113,6 +113,28 @@ TEST_CASE ("Panel: a drag of Morph is one edit, at the scale that the host tells
     }
 }
 
+TEST_CASE ("Panel: a drag is over when another window takes the pointer")
+{
+    Plugin plugin;
+    OpenPanel panel (plugin.instance);
+    RunMessages (100);
+    panel.Send (WM_LBUTTONDOWN, { 262, 262 }, MK_LBUTTON);
+    panel.Send (WM_MOUSEMOVE, { 255, 242 }, MK_LBUTTON);
+    SetCapture (panel.Parent ());
+    RunMessages (300);
+    const auto edits = [&] (HandlerCall::Kind kind)
+    {
+        return std::ranges::count_if (plugin.calls,
+                                      [kind] (auto& call) { return call.id == kMorph && call.kind == kind; });
+    };
+    CHECK (edits (HandlerCall::Kind::beginEdit) == 1);
+    CHECK (edits (HandlerCall::Kind::endEdit) == 1);
+    const auto released = plugin.instance.Controller ().getParamNormalized (kMorph);
+    panel.Send (WM_MOUSEMOVE, { 300, 242 }, MK_LBUTTON);
+    CHECK (plugin.instance.Controller ().getParamNormalized (kMorph) == released);
+    ReleaseCapture ();
+}
+
 TEST_CASE ("Panel: a wheel's notch is an edit that ends by time, and other keys are the host's")
 {
     Plugin plugin;
