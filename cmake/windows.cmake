@@ -7,11 +7,9 @@ set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 set(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_CURRENT_LIST_DIR}/../scripts/run-windows")
 
 # Of this machine's own libraries none is taken for one of Windows': only the compiler's and scripts/build-sndfile's count.
-if(DEFINED ENV{XDG_CACHE_HOME} AND NOT "$ENV{XDG_CACHE_HOME}" STREQUAL "")
-    set(_sndfile "$ENV{XDG_CACHE_HOME}/tessaly-bench/sndfile-windows")
-else()
-    set(_sndfile "$ENV{HOME}/.cache/tessaly-bench/sndfile-windows")
-endif()
+execute_process(COMMAND "${CMAKE_CURRENT_LIST_DIR}/../scripts/cache-dir" OUTPUT_VARIABLE _cache
+    OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+set(_sndfile "${_cache}/sndfile-windows")
 set(ENV{PKG_CONFIG_LIBDIR} "${_sndfile}/lib/pkgconfig")
 set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32 "${_sndfile}")
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
