@@ -45,8 +45,10 @@ public:
 
     void Set (T* object)
     {
-        pointer.store (object);
-        WaitForOthers ();
+        // After null there is nobody to wait for: whoever took the last object back waits for its callers. Those of the
+        // new one may come so often that a slot is hardly ever seen free.
+        if (pointer.exchange (object) != nullptr)
+            WaitForOthers ();
     }
 
     /// Set (nullptr), unless another object has been set since. @param object  the one to take back

@@ -11,9 +11,12 @@ namespace
 /// Dies with what callers write to: a call that comes too late is a race to ThreadSanitizer, and a wrong sum here.
 struct Counter
 {
-    bool Add ()
+    bool Add () ///< takes its time between reading and writing
     {
-        ++calls;
+        const long before = calls;
+        for (std::atomic<int> turn = 0; turn < 50; ++turn)
+            ;
+        calls = before + 1;
         return true;
     }
     long calls = 0;
@@ -24,28 +27,35 @@ struct Counter
 TEST_CASE ("GuardedPointer: no call of another thread outlasts Set")
 {
     constexpr int kRounds = 2000;
+    constexpr int kSpins = 10000;
     GuardedPointer<Counter> guarded;
     std::atomic<bool> done = false;
-    std::atomic<long> taken = 0;
+    std::atomic<long> begun = 0;
+    const auto call = [&] (Counter& counter)
+    {
+        ++begun;
+        return counter.Add ();
+    };
     std::thread caller (
         [&]
         {
             while (!done)
-                if (guarded.Call ([] (Counter& counter) { return counter.Add (); }))
-                    ++taken;
+                guarded.Call (call);
         });
     long counted = 0;
     for (int i = 0; i < kRounds; ++i)
     {
         Counter counter; // plain memory of this thread's stack
+        const long before = begun;
         guarded.Set (&counter);
-        std::this_thread::yield ();
+        for (int spin = 0; spin < kSpins && begun == before; ++spin) // no yield: on a busy machine each costs 10 ms
+            ;
         i % 2 == 0 ? guarded.Set (nullptr) : guarded.TakeBack (&counter);
         counted += counter.calls;
     }
     done = true;
     caller.join ();
-    CHECK (counted == taken);
+    CHECK (counted == begun.load ());
 }
 
 TEST_CASE ("GuardedPointer: a thread takes back from within its own call, and only what it has set")
