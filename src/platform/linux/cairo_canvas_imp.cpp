@@ -1,12 +1,12 @@
 #include "cairo_canvas_imp.h"
 
 #include "cairo_image.h"
+#include "near_points.h"
+#include "straight_line.h"
 #include <algorithm>
 #include <cairo.h>
 #include <cmath>
-#include <cstdlib>
 #include <iterator>
-#include <limits>
 #include <numbers>
 #include <utility>
 
@@ -17,46 +17,7 @@ namespace
 {
 
 constexpr std::int32_t kWidestLine = 1000;
-constexpr std::int32_t kFarthestPoint = 100000; // beyond it nothing is seen, and Cairo's numbers overflow
-constexpr std::int32_t kDash = 3;               // line widths, as a dash shows
-constexpr std::int32_t kGap = 1;
 constexpr double kWholeTurn = 2.0 * std::numbers::pi;
-
-ZPoint Near (ZPoint point)
-{
-    return { std::clamp (point.x, -kFarthestPoint, kFarthestPoint),
-             std::clamp (point.y, -kFarthestPoint, kFarthestPoint) };
-}
-
-/// NaN goes to the edge on the left or above.
-ZPointF Near (ZPointF point, ZPoint offset)
-{
-    constexpr double kFar = kFarthestPoint;
-    return { std::fmin (std::fmax (point.x + offset.x, -kFar), kFar),
-             std::fmin (std::fmax (point.y + offset.y, -kFar), kFar) };
-}
-
-bool IsWhole (const ZPointF& point)
-{
-    return std::trunc (point.x) == point.x && std::trunc (point.y) == point.y;
-}
-
-ZPoint Whole (const ZPointF& point)
-{
-    return { static_cast<std::int32_t> (point.x), static_cast<std::int32_t> (point.y) };
-}
-
-/// The far corner of an area as large as `rect` at `from` may not fit; what does not fit is not there anyway.
-std::int32_t FarEnd (std::int32_t from, std::int32_t first, std::int32_t end)
-{
-    return static_cast<std::int32_t> (
-        std::min<std::int64_t> (std::int64_t{ from } + end - first, std::numeric_limits<std::int32_t>::max ()));
-}
-
-ZRect AreaAt (ZPoint from, const ZRect& rect)
-{
-    return { from.x, from.y, FarEnd (from.x, rect.left, rect.right), FarEnd (from.y, rect.top, rect.bottom) };
-}
 
 } // namespace
 
@@ -123,8 +84,8 @@ void ZCairoCanvasImp::SetClip (const Clip& wanted)
 
 void ZCairoCanvasImp::ClipToEllipse (const ZRect& rect)
 {
-    const ZPoint topLeft = Near ({ rect.left, rect.top }) - ZPoint{ 1, 1 };
-    const ZPoint bottomRight = Near ({ rect.right, rect.bottom });
+    const ZPoint topLeft = Near (rect.TopLeft ()) - ZPoint{ 1, 1 };
+    const ZPoint bottomRight = Near (rect.BottomRight ());
     const double radiusX = (bottomRight.x - topLeft.x) * 0.5;
     const double radiusY = (bottomRight.y - topLeft.y) * 0.5;
     if (radiusX > 0.0 && radiusY > 0.0)
@@ -243,7 +204,8 @@ void ZCairoCanvasImp::DrawSegment (ZPoint from, ZPoint to)
 {
     if (lineWidth == 1 && (from.x == to.x || from.y == to.y))
     {
-        StraightLine (from, to);
+        ForStraightLine (from, to, lineStyle == kDashedLine, [this] (const ZRect& dash) { AddRect (dash); });
+        FillPath ();
         return;
     }
     const ZPoint ends[]{ from, to };
@@ -251,29 +213,12 @@ void ZCairoCanvasImp::DrawSegment (ZPoint from, ZPoint to)
     StrokePath ();
 }
 
-/// A level or upright line of width 1: the rectangles of its coordinates, the last included.
-void ZCairoCanvasImp::StraightLine (ZPoint from, ZPoint to)
-{
-    const std::int32_t last = std::max (std::abs (to.x - from.x), std::abs (to.y - from.y));
-    const std::int32_t dash = lineStyle == kDashedLine ? kDash : last + 1;
-    const ZPoint step{ (to.x > from.x) - (to.x < from.x), (to.y > from.y) - (to.y < from.y) };
-    for (std::int32_t first = 0; first <= last; first += dash + kGap)
-    {
-        const std::int32_t end = std::min (first + dash - 1, last);
-        const ZPoint a{ from.x + step.x * first, from.y + step.y * first };
-        const ZPoint b{ from.x + step.x * end, from.y + step.y * end };
-        AddRect ({ std::min (a.x, b.x), std::min (a.y, b.y), std::max (a.x, b.x) + 1, std::max (a.y, b.y) + 1 });
-    }
-    FillPath ();
-}
-
 void ZCairoCanvasImp::FrameRect (const ZRect& rect)
 {
     if (rect.IsEmpty ())
         return;
-    const ZPoint topLeft = Near ({ rect.left, rect.top });
-    const ZPoint bottomRight = Near ({ rect.right, rect.bottom });
-    const ZRect line{ topLeft.x, topLeft.y, bottomRight.x - 1, bottomRight.y - 1 };
+    const ZRect inside = Near (rect);
+    const ZRect line{ inside.left, inside.top, inside.right - 1, inside.bottom - 1 };
     if (lineStyle == kDashedLine)
     {
         const ZPoint corners[]{

@@ -99,7 +99,6 @@ private:
     void NotePath (double margin);
     void FillPath ();
     void StrokePath ();
-    void StraightLine (ZPoint from, ZPoint to);
     void AddPoint (double x, double y);
     void AddPolygon (std::span<const ZPoint> points);
     void AddPolygon (std::span<const ZPointF> points, ZPoint offset);

@@ -1,8 +1,8 @@
 #include "clip_guard.h"
+#include "near_points.h"
 #include "win_gdiplus_bitmap_imp.h"
 #include "win_gdiplus_canvas_imp.h"
 #include <algorithm>
-#include <limits>
 
 namespace tessaly
 {
@@ -11,18 +11,6 @@ namespace
 {
 
 constexpr float kOpaque = 255.0F;
-
-/// The far corner of an area as large as `rect` at `from` may not fit; what does not fit is not there anyway.
-std::int32_t FarEnd (std::int32_t from, std::int32_t first, std::int32_t end)
-{
-    return static_cast<std::int32_t> (
-        std::min<std::int64_t> (std::int64_t{ from } + end - first, std::numeric_limits<std::int32_t>::max ()));
-}
-
-ZRect AreaAt (ZPoint from, const ZRect& rect)
-{
-    return { from.x, from.y, FarEnd (from.x, rect.left, rect.right), FarEnd (from.y, rect.top, rect.bottom) };
-}
 
 /// Scaled images are sampled well, and their edges stay where they are, for the length of one call.
 class Sampling

@@ -1,10 +1,11 @@
 #include "win_gdiplus_canvas_imp.h"
 
 #include "clip_guard.h"
+#include "near_points.h"
+#include "straight_line.h"
 #include "win_gdiplus_offscreen_canvas_imp.h"
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <utility>
 
 namespace tessaly
@@ -14,43 +15,7 @@ namespace
 {
 
 constexpr std::int32_t kWidestLine = 1000;
-constexpr std::int32_t kFarthestPoint = 100000; // beyond it nothing is seen, and GDI's numbers overflow
-constexpr std::int32_t kDash = 3;               // line widths
-constexpr std::int32_t kGap = 1;
-
 constexpr Gdiplus::ARGB kBlack = 0xFF000000;
-
-std::int32_t Near (std::int32_t coordinate)
-{
-    return std::clamp (coordinate, -kFarthestPoint, kFarthestPoint);
-}
-
-ZPoint Near (ZPoint point)
-{
-    return { Near (point.x), Near (point.y) };
-}
-
-ZRect Near (const ZRect& rect)
-{
-    return { Near (rect.left), Near (rect.top), Near (rect.right), Near (rect.bottom) };
-}
-
-/// NaN goes to the edge on the left or above.
-double Near (double coordinate)
-{
-    return std::fmin (std::fmax (coordinate, -kFarthestPoint), kFarthestPoint);
-}
-
-bool IsWhole (const ZPointF& point)
-{
-    return std::trunc (point.x) == point.x && std::trunc (point.y) == point.y;
-}
-
-ZPoint Whole (const ZPointF& point, ZPoint offset)
-{
-    return { static_cast<std::int32_t> (Near (point.x + offset.x)),
-             static_cast<std::int32_t> (Near (point.y + offset.y)) };
-}
 
 /// Smooth edges for the length of one call.
 class Smoothing
@@ -104,7 +69,7 @@ void ZWinGDIPlusCanvasImp::SetClipRect (const ZRect& rect)
 void ZWinGDIPlusCanvasImp::SetClipEllipse (const ZRect& rect)
 {
     ClearClip ();
-    const ZRect pixels = grid.Pixels ({ Near (rect.left) - 1, Near (rect.top) - 1, rect.right, rect.bottom });
+    const ZRect pixels = grid.Pixels ({ Near (rect).left - 1, Near (rect).top - 1, rect.right, rect.bottom });
     nothingShows = pixels.IsEmpty ();
     gdip::GdipAddPathEllipseI (clipPath.get (), pixels.left, pixels.top, pixels.Width (), pixels.Height ());
 }
@@ -196,26 +161,11 @@ void ZWinGDIPlusCanvasImp::DrawSegment (ZPoint from, ZPoint to)
         gdip::GdipDrawLineI (GetGraphics (), pen.get (), from.x, from.y, to.x, to.y);
     }
     else if (lineWidth == 1 && (from.x == to.x || from.y == to.y))
-        StraightLine (from, to);
+        ForStraightLine (from, to, lineStyle == kDashedLine, [this] (const ZRect& dash) { FillPixels (dash); });
     else
     {
         const Gdiplus::GpPointF ends[]{ Place (from.x, from.y), Place (to.x, to.y) };
         Outline (ends);
-    }
-}
-
-/// A level or upright line of width 1 on a denser surface: the rectangles of its coordinates.
-void ZWinGDIPlusCanvasImp::StraightLine (ZPoint from, ZPoint to)
-{
-    const std::int32_t last = std::max (std::abs (to.x - from.x), std::abs (to.y - from.y));
-    const std::int32_t dash = lineStyle == kDashedLine ? kDash : last + 1;
-    const ZPoint step{ (to.x > from.x) - (to.x < from.x), (to.y > from.y) - (to.y < from.y) };
-    for (std::int32_t first = 0; first <= last; first += dash + kGap)
-    {
-        const std::int32_t end = std::min (first + dash - 1, last);
-        const ZPoint a{ from.x + step.x * first, from.y + step.y * first };
-        const ZPoint b{ from.x + step.x * end, from.y + step.y * end };
-        FillPixels ({ std::min (a.x, b.x), std::min (a.y, b.y), std::max (a.x, b.x) + 1, std::max (a.y, b.y) + 1 });
     }
 }
 
@@ -304,8 +254,11 @@ std::span<const Gdiplus::GpPointF> ZWinGDIPlusCanvasImp::DensePoints (std::span<
 std::span<const Gdiplus::GpPointF> ZWinGDIPlusCanvasImp::DensePoints (std::span<const ZPointF> points, ZPoint offset)
 {
     densePointBuffer.clear ();
-    for (const auto& point : points)
-        densePointBuffer.push_back (Place (Near (point.x + offset.x), Near (point.y + offset.y)));
+    for (const auto& given : points)
+    {
+        const ZPointF point = Near (given, offset);
+        densePointBuffer.push_back (Place (point.x, point.y));
+    }
     return densePointBuffer;
 }
 
@@ -355,7 +308,7 @@ void ZWinGDIPlusCanvasImp::DrawPolyline (std::span<const ZPointF> points, ZPoint
         return;
     }
     for (std::size_t i = 1; i < points.size (); ++i)
-        DrawSegment (Whole (points[i - 1], offset), Whole (points[i], offset));
+        DrawSegment (Whole (Near (points[i - 1], offset)), Whole (Near (points[i], offset)));
 }
 
 void ZWinGDIPlusCanvasImp::FillPolygon (std::span<const ZPointF> points, ZPoint offset)

@@ -90,7 +90,6 @@ private:
     bool IsPlainScale () const { return grid.Scale () == 1.0; }
     void Note (const ZRect& pixels);
     void FillPixels (const ZRect& rect);
-    void StraightLine (ZPoint from, ZPoint to);
     void DrawSegment (ZPoint from, ZPoint to);
     Gdiplus::GpPointF Place (double x, double y) const;
     void Outline (std::span<const Gdiplus::GpPointF> points);
