@@ -2,8 +2,8 @@
 #include "joined_halves.h"
 #include "public.sdk/source/vst/utility/memoryibstream.h"
 #include "strip_in_host.h"
+#include "thread_count.h"
 #include <chrono>
-#include <filesystem>
 #include <thread>
 
 // A host that calls itself Ardour and does as Ardour does, and the same program under another host's name, where
@@ -22,13 +22,6 @@ constexpr auto kAnother = "Ardour's neighbour";
 using Kind = host::HandlerCall::Kind;
 
 using Strip = StripInHost;
-
-std::size_t ThreadCount ()
-{
-    std::thread ([] {}).join (); // with the first one a sanitizer makes one of its own
-    const std::filesystem::directory_iterator tasks ("/proc/self/task");
-    return static_cast<std::size_t> (std::distance (begin (tasks), end (tasks)));
-}
 
 /// Plays until the audio half's own state is `wanted`; its controller is not asked.
 bool PlaysUntil (Strip& strip, const std::vector<host::ParameterPoint>& points, const std::vector<std::byte>& wanted)

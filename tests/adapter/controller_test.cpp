@@ -76,55 +76,6 @@ TEST_CASE ("One morph step reports each parameter that it moved, once, in a brac
     CHECK (strip.calls.empty ());
 }
 
-TEST_CASE ("Open edits end after two seconds, last one first, by the run loop's timer or at the host's next call")
-{
-    HandRunLoop loop;
-    HandRunLoop refusing (false); // takes no timers, and is lived without
-    handClockMs = 0;
-    JoinedHalves timed (&loop);
-    JoinedHalves called (&refusing);
-    for (JoinedHalves* halves : { &timed, &called })
-        halves->controller->setParamNormalized (kMorph, 0.5);
-    auto begun = timed.Ids (Kind::beginEdit);
-    REQUIRE (begun.size () > 10);
-    for (const auto& [nowMs, ended] : { std::pair{ 2000u, false }, { 2001u, true } })
-    {
-        handClockMs = nowMs;
-        loop.FireTimers ();
-        called.controller->getParamNormalized (0);
-        CHECK (timed.Ids (Kind::endEdit).empty () != ended);
-        CHECK (timed.Ids (Kind::endEdit) == called.Ids (Kind::endEdit));
-    }
-    std::ranges::reverse (begun);
-    CHECK (timed.Ids (Kind::endEdit) == begun);
-}
-
-TEST_CASE ("The timer comes from either host context, goes with the controller and may fire late")
-{
-    HandRunLoop loop;
-    loop.keepsHandlers = true;
-    {
-        StripInHost strip ({}, &loop);
-        CHECK (loop.TimerCount () == 1);
-        CHECK (loop.lastInterval == 20);
-    }
-    CHECK (loop.TimerCount () == 0);
-    loop.FireLate (); // at nobody
-
-    // A loop that only the factory is told of serves as well.
-    host::NamedHost factoryContext ("loop in the factory", &loop);
-    host::NamedHost plainContext ("no loop");
-    const ContextReturn contextReturn;
-    const auto& factory = LoadedBundle ().Factory ();
-    factory.setHostContext (&factoryContext);
-    const auto controller = factory.createInstance<Vst::IEditController> (factory.classInfos ()[1].ID ());
-    REQUIRE (controller);
-    REQUIRE (controller->initialize (&plainContext) == kResultOk);
-    CHECK (loop.TimerCount () == 1);
-    controller->terminate ();
-    CHECK (loop.TimerCount () == 0);
-}
-
 TEST_CASE ("A host that answers an edit with the same change gets no second trip through the effect")
 {
     host::InstanceOptions options;

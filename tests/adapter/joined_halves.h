@@ -1,7 +1,6 @@
 #pragma once
 
 #include "component_handler.h"
-#include "hand_run_loop.h"
 #include "known_ids.h"
 #include "named_host.h"
 #include "vst3_controller_wrapper.h"
@@ -18,7 +17,7 @@ inline std::atomic<std::uint32_t> handClockMs = 0; ///< the time of every contro
 /// Both halves of an instance in the test's own program, connected to one another, by a clock that the test sets.
 struct JoinedHalves
 {
-    explicit JoinedHalves (Steinberg::Linux::IRunLoop* loop = nullptr, const char* hostName = "joined halves")
+    explicit JoinedHalves (Steinberg::FUnknown* loop = nullptr, const char* hostName = "joined halves")
         : context (hostName, loop)
     {
         CHECK (processor->initialize (&context) == Steinberg::kResultOk);

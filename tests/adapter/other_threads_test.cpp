@@ -46,29 +46,6 @@ TEST_CASE ("The processor ends on one thread while the controller is called on o
     }
 }
 
-TEST_CASE ("The timer fires while a worker ends the instance")
-{
-    for (int i = 0; i < 50; ++i)
-    {
-        HandRunLoop loop;
-        loop.keepsHandlers = true;
-        StripInHost strip ({}, &loop);
-        strip.Set (kMorph, 1.0);
-        std::atomic<bool> ended = false;
-        std::thread worker (
-            [&]
-            {
-                strip.instance.Controller ().terminate ();
-                ended = true;
-            });
-        do
-            loop.FireLate ();
-        while (!ended);
-        worker.join ();
-        CHECK (OpenEdits (strip.calls) == 0);
-    }
-}
-
 TEST_CASE ("The editor is left alone when its disconnection returns, in the midst of automation")
 {
     struct Slow final : ZEffectListener

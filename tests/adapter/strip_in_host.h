@@ -1,7 +1,6 @@
 #pragma once
 
 #include "effect_listener.h"
-#include "hand_run_loop.h"
 #include "known_ids.h"
 #include "plugin_instance.h"
 #include "pluginterfaces/base/funknownimpl.h"
@@ -89,7 +88,7 @@ inline bool AllFinite (const auto& samples)
 class StripInHost
 {
 public:
-    explicit StripInHost (host::InstanceOptions options = {}, Steinberg::Linux::IRunLoop* loop = nullptr,
+    explicit StripInHost (host::InstanceOptions options = {}, Steinberg::FUnknown* loop = nullptr,
                           const std::string& hostName = "strip test")
         : context (hostName, loop)
         , instance (LoadedBundle (), context, Listening (std::move (options)))
