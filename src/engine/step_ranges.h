@@ -45,6 +45,7 @@ inline constexpr std::array<StepRange, kStripParameterCount> kStepRanges { {
     {  0,   1,   0 }, // bypass
 } };
 // clang-format on
+static_assert (kStepRanges.back ().last > 0, "a row for each parameter");
 
 constexpr const StepRange& StepsOf (StripParameter parameter)
 {

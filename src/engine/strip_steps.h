@@ -92,6 +92,7 @@ private:
         { 0, kAnyStep, StripPart::none }, // morph: no setting of the engine
         { 0, kAnyStep, StripPart::none }, // bypass
     } };
+    static_assert (kSettings.back ().meaningfulSteps > 0, "a row for each parameter, or its steps are ignored");
 
     std::array<SharedValue<std::int32_t>, kStripParameterCount> steps;
     std::array<std::atomic<bool>, static_cast<std::size_t> (StripPart::none) + 1> changed{}; // raised after the step

@@ -95,8 +95,6 @@ float valueToStep (std::uint32_t parameterIndex, double value)
                            static_cast<float> (StepsOf (parameter).last));
     if (parameter == StripParameter::ratio && value > kLastFiniteRatio)
         value = kInfiniteRatio;
-    if (parameter > StripParameter::totalGain)
-        return 0.0F;
     return static_cast<float> (nearestStep (static_cast<std::int16_t> (parameterIndex), value));
 }
 

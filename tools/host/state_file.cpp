@@ -4,6 +4,7 @@
 #include "public.sdk/source/vst/vstpresetfile.h"
 
 #include <algorithm>
+#include <cstring>
 #include <fstream>
 #include <string_view>
 
@@ -94,23 +95,23 @@ Bytes ReadStateFile (const fs::path& file, const std::optional<VST3::UID>& compo
 
 Bytes SalvagePreset (const fs::path& file, const VST3::UID& component)
 {
-    // Four letters, a version, the class as text, and where the list of chunks begins; then, as all hosts write it, the
-    // component's state
-    constexpr std::ptrdiff_t kClassAt = 8;
-    constexpr std::ptrdiff_t kListAt = 40;
-    constexpr std::ptrdiff_t kHeader = 48;
+    // Four letters, a version, the class as text, and where the list of chunks begins, lowest byte first; then, as all
+    // hosts write it, the component's state
+    constexpr std::size_t kClassAt = 8;
+    constexpr std::size_t kListAt = 40;
+    constexpr std::size_t kHeader = 48;
     const auto bytes = ReadWhole (file);
-    if (std::ssize (bytes) < kHeader)
+    if (bytes.size () < kHeader)
         throw HostError (Quoted (file) + " ends within its header");
-    const std::string text = component.toString ();
-    if (!std::ranges::equal (text, std::span (bytes).subspan (kClassAt, text.size ()), {},
-                             [] (char letter) { return static_cast<std::byte> (letter); }))
+    char8 id[kListAt - kClassAt + 1]{};
+    FUID::fromTUID (component.data ()).toString (id);
+    if (std::memcmp (&bytes[kClassAt], id, kListAt - kClassAt) != 0)
         throw HostError (Quoted (file) + " is a preset of another plug-in");
-    std::ptrdiff_t list = 0;
-    for (std::ptrdiff_t i = kHeader; i-- > kListAt;)
-        list = (list & 0xFFFFFF) << 8 | std::to_integer<int> (bytes[static_cast<std::size_t> (i)]);
-    Bytes chunk (bytes.begin () + kHeader,
-                 list > kHeader && list < std::ssize (bytes) ? bytes.begin () + list : bytes.end ());
+    std::size_t list = 0;
+    for (std::size_t i = kHeader; i-- > kListAt;)
+        list = list << 8 | std::to_integer<std::size_t> (bytes[i]);
+    const auto end = list > kHeader ? std::min (list, bytes.size ()) : bytes.size ();
+    Bytes chunk (bytes.begin () + kHeader, bytes.begin () + static_cast<std::ptrdiff_t> (end));
     if (!StartsWith (chunk, kChunkStart))
         throw HostError (Quoted (file) + " holds no state of the strip");
     return chunk;
