@@ -1,6 +1,7 @@
 #include "file_metadata.h"
 
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace tessaly::render
@@ -60,6 +61,35 @@ std::vector<std::vector<char>> ReadCueTexts (SNDFILE* file)
     return texts;
 }
 
+void AppendNumber (std::vector<char>& bytes, std::size_t number)
+{
+    for (int shift = 0; shift < 32; shift += 8)
+        bytes.push_back (static_cast<char> (number >> shift & 0xFF));
+}
+
+/// The labels of an AIFF file's cue points as WAV has them. @return empty where there are none
+std::vector<char> LabelsOf (const std::vector<char>& cues)
+{
+    std::vector<char> list;
+    for (std::size_t at = sizeof (std::uint32_t); at < cues.size (); at += sizeof (SF_CUE_POINT))
+    {
+        SF_CUE_POINT cue;
+        std::memcpy (&cue, &cues[at], sizeof (cue));
+        const std::string_view name (cue.name, strnlen (cue.name, sizeof (cue.name) - 1));
+        if (name.empty ())
+            continue;
+        constexpr std::string_view kLabel = "labl";
+        list.insert (list.end (), kLabel.begin (), kLabel.end ());
+        AppendNumber (list, sizeof (std::uint32_t) + name.size () + 1);
+        AppendNumber (list, static_cast<std::uint32_t> (cue.indx));
+        list.insert (list.end (), name.begin (), name.end ());
+        list.resize (list.size () + 1 + (name.size () + 1) % 2); // its end, and an even length
+    }
+    if (!list.empty ())
+        list.insert (list.begin (), kCueTexts.begin (), kCueTexts.end ());
+    return list;
+}
+
 bool IsWav (int format)
 {
     const int container = format & SF_FORMAT_TYPEMASK;
@@ -77,6 +107,8 @@ FileMetadata ReadMetadata (SNDFILE* file, int channels)
     metadata.broadcast = ReadBroadcast (file);
     metadata.cues = ReadCues (file);
     metadata.cueTexts = ReadCueTexts (file);
+    if (auto labels = LabelsOf (metadata.cues); metadata.cueTexts.empty () && !labels.empty ())
+        metadata.cueTexts.push_back (std::move (labels));
     metadata.channelMap.resize (static_cast<std::size_t> (channels));
     const int mapBytes = static_cast<int> (sizeof (int)) * channels;
     if (sf_command (file, SFC_GET_CHANNEL_MAP_INFO, metadata.channelMap.data (), mapBytes) != SF_TRUE)

@@ -17,7 +17,7 @@ struct FileMetadata
     std::vector<char> broadcast;                   ///< libsndfile's record; empty for none
     std::vector<char> cues;                        ///< likewise
     std::vector<int> channelMap;                   ///< likewise, a number a channel
-    std::vector<std::vector<char>> cueTexts; ///< of WAV: the chunks ("adtl") of the cue points' labels and regions
+    std::vector<std::vector<char>> cueTexts;       ///< the cue points' labels and regions, chunks ("adtl") of WAV
 };
 
 /// @param file  not owned: the caller's, open for reading
