@@ -3,10 +3,9 @@
 #include "audio_damage.h"
 #include "interrupts.h"
 #include "render_error.h"
-#include "simd_clones.h"
 
 #include <algorithm>
-#include <type_traits>
+#include <array>
 
 namespace tessaly::render
 {
@@ -61,26 +60,31 @@ SF_INFO InfoFor (const OutputFormat& format, const RecordingShape& shape)
     return info;
 }
 
-/// As libsndfile itself does it, but in SIMD.
-TESSALY_SIMD_CLONES void ToFloats (std::span<const short> shorts, float* floats)
+std::size_t FramesAtOnce (int channels)
 {
-    for (std::size_t i = 0; i < shorts.size (); ++i)
-        floats[i] = static_cast<float> (shorts[i]) * 0x1p-15F;
+    return std::max<std::size_t> (kSamplesAtOnce / static_cast<std::size_t> (channels), 1);
 }
 
-sf_count_t WriteSamples (SNDFILE* file, const std::vector<float>& samples)
+void Fill (std::optional<SampleQuantizer>&, std::span<const float> samples, std::span<float> out)
 {
-    return sf_write_float (file, samples.data (), static_cast<sf_count_t> (samples.size ()));
+    std::ranges::copy (samples, out.begin ());
 }
 
-sf_count_t WriteSamples (SNDFILE* file, const std::vector<short>& samples)
+void Fill (std::optional<SampleQuantizer>& quantizer, std::span<const float> samples, std::span<Packed24> out)
 {
-    return sf_write_short (file, samples.data (), static_cast<sf_count_t> (samples.size ()));
+    std::array<int, 1024> piece{};
+    for (std::size_t done = 0; done < samples.size (); done += piece.size ())
+    {
+        const std::size_t count = std::min (piece.size (), samples.size () - done);
+        quantizer->Quantize (samples.subspan (done, count), std::span (piece).first (count));
+        Pack (std::span (piece).first (count), out.subspan (done, count));
+    }
 }
 
-sf_count_t WriteSamples (SNDFILE* file, const std::vector<int>& samples)
+template <typename Step>
+void Fill (std::optional<SampleQuantizer>& quantizer, std::span<const float> samples, std::span<Step> out)
 {
-    return sf_write_int (file, samples.data (), static_cast<sf_count_t> (samples.size ()));
+    quantizer->Quantize (samples, out);
 }
 
 } // namespace
@@ -93,7 +97,8 @@ AudioReader::AudioReader (const fs::path& of, Damage whenDamaged)
     file.reset (sf_open_fd (input.Descriptor (), SFM_READ, &info, SF_FALSE));
     if (!file)
         throw NotAudio ("\"" + path.string () + "\" is not an audio file that can be read: " + Reason (nullptr));
-    isOfShorts = (info.format & SF_FORMAT_SUBMASK) == SF_FORMAT_PCM_16;
+    ahead = SamplesToRead (info.format);
+    Resize (ahead, FramesAtOnce (info.channels) * static_cast<std::size_t> (info.channels));
     if (const auto fault = AudioDamage (input); !fault.empty ())
         Find (fault);
 }
@@ -109,13 +114,8 @@ void AudioReader::Find (const std::string& fault)
 void AudioReader::ReadAhead ()
 {
     const auto channels = static_cast<std::size_t> (info.channels);
-    const std::size_t frames = std::max<std::size_t> (kSamplesAtOnce / channels, 1);
-    const auto read = [&] (auto& samples, auto* function)
-    {
-        samples.resize (frames * channels);
-        return function (file.get (), samples.data (), static_cast<sf_count_t> (frames));
-    };
-    const sf_count_t count = isOfShorts ? read (shorts, sf_readf_short) : read (floats, sf_readf_float);
+    const std::size_t frames = FramesAtOnce (info.channels);
+    const sf_count_t count = ReadFrames (file.get (), ahead, frames, channels);
     framesRead += count;
     next = 0;
     end = static_cast<std::size_t> (count) * channels;
@@ -125,15 +125,6 @@ void AudioReader::ReadAhead ()
         Find ("it cannot be read on: " + Reason (file.get ()));
     else if (ended && framesRead < Frames () && !IsLengthGuessed (input))
         Find ("it ends after " + std::to_string (framesRead) + " of " + std::to_string (info.frames) + " frames");
-}
-
-void AudioReader::HandOut (float* samples, std::size_t count)
-{
-    if (isOfShorts)
-        ToFloats (std::span (shorts).subspan (next, count), samples);
-    else
-        std::ranges::copy (std::span (floats).subspan (next, count), samples);
-    next += count;
 }
 
 std::int64_t AudioReader::Read (float* samples, std::int64_t frames)
@@ -147,7 +138,8 @@ std::int64_t AudioReader::Read (float* samples, std::int64_t frames)
         if (next == end)
             break;
         const std::size_t count = std::min (wanted - done, end - next);
-        HandOut (samples + done, count);
+        ToFloats (ahead, next, std::span (samples + done, count));
+        next += count;
         done += count;
     }
     return static_cast<std::int64_t> (done) / info.channels;
@@ -168,40 +160,30 @@ AudioWriter::AudioWriter (const fs::path& path, const OutputFormat& format, cons
     if (ContainerOf (format) == SF_FORMAT_RF64 && shape.frames == 0)
         sf_command (file.get (), SFC_RF64_AUTO_DOWNGRADE, nullptr, SF_TRUE);
     leftOut = WriteMetadata (file.get (), info.format, metadata);
-    if (format.integerBits == kDitheredBits)
-        waiting = std::vector<short> ();
-    else if (format.integerBits != 0)
-        waiting = std::vector<int> ();
-    std::visit ([] (auto& pieces) { pieces.reserve (2 * kSamplesAtOnce); }, waiting);
+    waiting = SamplesToWrite (info.format, format.integerBits);
+    Resize (waiting, FramesAtOnce (shape.channels) * static_cast<std::size_t> (shape.channels));
 }
 
 void AudioWriter::Write (std::span<const float> samples)
 {
-    const auto append = [&] (auto& pieces)
+    const auto fill = [&] (auto& list)
     {
-        const auto before = pieces.size ();
-        pieces.resize (before + samples.size ());
-        const auto added = std::span (pieces).subspan (before);
-        if constexpr (std::is_same_v<decltype (pieces), std::vector<float>&>)
-            std::ranges::copy (samples, added.begin ());
-        else
-            quantizer->Quantize (samples, added);
-        return pieces.size () >= kSamplesAtOnce;
+        const std::size_t count = std::min (list.size () - waitingCount, samples.size ());
+        Fill (quantizer, samples.first (count), std::span (list).subspan (waitingCount, count));
+        samples = samples.subspan (count);
+        waitingCount += count;
+        return waitingCount == list.size ();
     };
-    if (std::visit (append, waiting))
-        Flush ();
+    while (!samples.empty ())
+        if (std::visit (fill, waiting))
+            Flush ();
 }
 
 void AudioWriter::Flush ()
 {
-    const auto write = [this] (auto& pieces)
-    {
-        const bool isWhole = WriteSamples (file.get (), pieces) == static_cast<sf_count_t> (pieces.size ());
-        pieces.clear ();
-        return isWhole;
-    };
-    if (!std::visit (write, waiting))
+    if (!WriteFirst (file.get (), waiting, waitingCount))
         throw RenderError ("the output cannot be written: " + Reason (file.get ()));
+    waitingCount = 0;
 }
 
 void AudioWriter::Close ()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "file_metadata.h"
+#include "file_samples.h"
 #include "input_file.h"
 #include "output_format.h"
 #include "sample_quantizer.h"
@@ -13,8 +14,6 @@
 #include <sndfile.h>
 #include <span>
 #include <string>
-#include <variant>
-#include <vector>
 
 namespace tessaly::render
 {
@@ -61,7 +60,6 @@ public:
 
 private:
     void ReadAhead ();
-    void HandOut (float* samples, std::size_t count);
     void Find (const std::string& fault);
 
     std::filesystem::path path;
@@ -71,10 +69,8 @@ private:
     SF_INFO info{};
     SoundFile file; // reads from `input`
     std::int64_t framesRead = 0;
-    bool isOfShorts = false;   // 16 bits: the library reads them in one piece, and floats in many small ones
-    std::vector<short> shorts; // read ahead, of such a file
-    std::vector<float> floats; // of others
-    std::size_t next = 0;      // of these, the first still to be handed out
+    FileSamples ahead;    // read
+    std::size_t next = 0; // of them, the first still to be handed out
     std::size_t end = 0;
     bool ended = false;
 };
@@ -113,8 +109,8 @@ private:
     SoundFile file;
     std::string leftOut;
     std::optional<SampleQuantizer> quantizer;
-    // For the next write to the file, as its format has them: the library passes shorts and floats on in one piece
-    std::variant<std::vector<float>, std::vector<short>, std::vector<int>> waiting;
+    FileSamples waiting; // the first of them for the next write to the file
+    std::size_t waitingCount = 0;
 };
 
 /// The format, or RF64 in the place of WAV where the file comes to four gigabytes. Where the length is not known it is
