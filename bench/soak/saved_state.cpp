@@ -21,6 +21,7 @@ constexpr std::size_t kTreeAt = 4 + 4 * kStoredValues;
 constexpr std::size_t kNameAt = 120;
 constexpr std::size_t kKeyPointsAt = 376; // the first step of the set
 constexpr std::size_t kKeyPointBytes = 10 * 17 * 2;
+constexpr std::size_t kTreeValuesAt = 724; // all values again, those of later versions at their end
 constexpr std::size_t kBypass = 21;
 
 bool Holds (const StateBytes& state, std::size_t at, std::string_view letters)
@@ -33,7 +34,7 @@ StateBytes WithPlainBypass (StateBytes state)
 {
     const bool on = StoredValues (state)[kBypass] >= 0.5F;
     std::fill_n (state.begin () + 4 + 4 * kBypass, 4, on);
-    std::fill_n (state.end () - 4, 4, on);
+    std::fill_n (state.begin () + kTreeValuesAt + 4 * kBypass, 4, on);
     return state;
 }
 

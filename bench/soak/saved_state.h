@@ -24,7 +24,7 @@ void Load (StripLife& life, const StateBytes& state);
 /// The values of the block at a state's beginning, normalized.
 std::array<float, kStoredValues> StoredValues (const StateBytes& state);
 
-/// @throws Fault unless it is 812 bytes with the header, the tree after the values, and every value from 0 to 1
+/// @throws Fault unless it is kStateBytes long, with the header, the tree after the values, and every value from 0 to 1
 void CheckReadable (const StateBytes& state);
 
 /// @throws Fault unless `after`, saved after a load of `before`, is the same. "Bypass" may have gone to the end of its

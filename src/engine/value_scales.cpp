@@ -90,6 +90,8 @@ float valueToStep (std::uint32_t parameterIndex, double value)
     constexpr double kInfiniteRatio = ratioValue.back ();
 
     const auto parameter = static_cast<StripParameter> (parameterIndex);
+    if (parameterIndex >= kStripParameterCount)
+        return 0.0F;
     if (parameter == StripParameter::drive)
         return std::clamp (static_cast<float> (value * kDriveStepsPerUnit), 0.0F,
                            static_cast<float> (StepsOf (parameter).last));
