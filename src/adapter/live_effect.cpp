@@ -53,14 +53,21 @@ std::shared_ptr<LiveEffect> LiveEffect::Find (const ZEffect* effect)
     return nullptr;
 }
 
+ardour::LatePoints::Exclusion LiveEffect::ExcludeLatePoints () const
+{
+    return latePoints ? latePoints->Exclude () : ardour::LatePoints::Exclusion ();
+}
+
 void LiveEffect::TakeStateOf (LiveEffect& other)
 {
     std::vector<std::uint8_t> bytes (static_cast<std::size_t> (other.effect->GetStateSize ()));
     const auto size = static_cast<std::int32_t> (bytes.size ());
-    ZMemoryStream written (bytes.data (), size);
-    other.effect->WriteState (&written);
-
-    const auto alone = latePoints ? latePoints->Exclude () : ardour::LatePoints::Exclusion ();
+    {
+        const auto alone = other.ExcludeLatePoints ();
+        ZMemoryStream written (bytes.data (), size);
+        other.effect->WriteState (&written);
+    }
+    const auto alone = ExcludeLatePoints ();
     if (latePoints)
         latePoints->Forget ();
     ZMemoryStream stored (bytes.data (), size, size);

@@ -48,6 +48,8 @@ public:
     /// In Ardour alone. Set once, before List.
     void SetLatePoints (std::unique_ptr<ardour::LatePoints> points) { latePoints = std::move (points); }
     ardour::LatePoints* LatePoints () const { return latePoints.get (); } ///< null in every other host
+    /// Late points wait while it lives, so that values are read and set as of one moment; holds nothing elsewhere.
+    [[nodiscard]] ardour::LatePoints::Exclusion ExcludeLatePoints () const;
 
     /// Values reached the storage by another road than the controller: points of a block, or a state. Any thread.
     void MarkValuesMoved () { valuesMoved.store (true, std::memory_order_release); }

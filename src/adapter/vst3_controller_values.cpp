@@ -82,9 +82,8 @@ bool ZVst3ControllerWrapper::IsRepeat (Vst::ParamID id, float value)
 /// Sets a value with the values before and after it.
 void ZVst3ControllerWrapper::SetInEffect (ZEffect& effect, std::int32_t index, float value)
 {
-    auto* const late = LatePoints ();
-    const auto alone = late != nullptr ? late->Exclude () : ardour::LatePoints::Exclusion ();
-    if (late != nullptr)
+    const auto alone = life->ExcludeLatePoints ();
+    if (auto* const late = LatePoints ())
         late->OnToldByHost (static_cast<Vst::ParamID> (index), value);
     storage->GetValues (snapshot);
     effect.SetParameter (index, value);

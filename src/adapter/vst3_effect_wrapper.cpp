@@ -219,7 +219,7 @@ tresult PLUGIN_API ZVst3EffectWrapper::setState (IBStream* stream)
 {
     if (storage == nullptr || !effect)
         return kResultFalse;
-    const auto alone = latePoints != nullptr ? latePoints->Exclude () : ardour::LatePoints::Exclusion ();
+    const auto alone = life->ExcludeLatePoints ();
     if (latePoints != nullptr)
         latePoints->Forget ();
     ZVst3EffectWrapperAccessorImp accessor (*this);
@@ -234,6 +234,7 @@ tresult PLUGIN_API ZVst3EffectWrapper::getState (IBStream* stream)
 {
     if (storage == nullptr || !effect)
         return kResultFalse;
+    const auto alone = life->ExcludeLatePoints (); // or the state could have a half of what "Morph" moves
     ZVst3EffectWrapperAccessorImp accessor (*this);
     return stateBlock.WriteBlock (accessor, stream);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "public.sdk/source/vst/hosting/parameterchanges.h"
 #include "strip_in_host.h"
 
 namespace tessaly::test
@@ -11,8 +12,10 @@ struct LooseHalves
     using Factory = VST3::Hosting::PluginFactory;
 
     explicit LooseHalves (const Factory& factory = LoadedBundle ().Factory (),
-                          const Factory::ClassInfos& classes = LoadedBundle ().Factory ().classInfos ())
-        : component (factory.createInstance<Steinberg::Vst::IComponent> (classes[0].ID ()))
+                          const Factory::ClassInfos& classes = LoadedBundle ().Factory ().classInfos (),
+                          const char* hostName = "odd host")
+        : context (hostName)
+        , component (factory.createInstance<Steinberg::Vst::IComponent> (classes[0].ID ()))
         , controller (factory.createInstance<Steinberg::Vst::IEditController> (classes[1].ID ()))
     {
         Begin ();
@@ -56,6 +59,10 @@ struct LooseHalves
     void Play ()
     {
         MonoBlock block;
+        Steinberg::Vst::ParameterChanges points;
+        Steinberg::int32 position = 0;
+        points.addParameterData (kMorph, position)->addPoint (0, 0.5, position); // not heard, but in Ardour
+        block.data.inputParameterChanges = &points;
         CHECK (processor->process (block.data) == Steinberg::kResultOk);
         CHECK (AllFinite (block.samples));
     }
@@ -73,7 +80,7 @@ struct LooseHalves
         CHECK (controller->setParamNormalized (kMorph, 1.0) == Steinberg::kResultFalse);
     }
 
-    host::NamedHost context{ "odd host" };
+    host::NamedHost context;
     Steinberg::IPtr<Steinberg::Vst::IComponent> component;
     Steinberg::IPtr<Steinberg::Vst::IEditController> controller;
     Steinberg::FUnknownPtr<Steinberg::Vst::IAudioProcessor> processor{ component };

@@ -26,14 +26,16 @@ TEST_CASE ("Odd hosts: calls left out, repeated or out of order leave an instanc
         { "used after its end", { &H::Connect, &H::End, &H::On, &H::SetUp, &H::Play, &H::End } },
     };
     for (const auto& [name, steps] : orders)
-    {
-        CAPTURE (name);
-        LooseHalves halves;
-        for (const auto& step : steps)
-            (halves.*step) ();
-        if (halves.processor)
-            halves.Play ();
-    }
+        for (const char* const hostName : { "odd host", "Ardour" }) // where a thread is at work on the instance, too
+        {
+            CAPTURE (name);
+            CAPTURE (hostName);
+            LooseHalves halves (LoadedBundle ().Factory (), LoadedBundle ().Factory ().classInfos (), hostName);
+            for (const auto& step : steps)
+                (halves.*step) ();
+            if (halves.processor)
+                halves.Play ();
+        }
 }
 
 TEST_CASE ("Odd hosts: every message delivered twice and to both halves, so an effect announced twice, changes nothing")
@@ -96,8 +98,11 @@ TEST_CASE ("Odd hosts: instances that are made, used and ended on threads of the
             std::this_thread::yield ();
         for (int i = 0; i < 50; ++i)
         {
-            LooseHalves halves (factory, classes);
+            LooseHalves halves (factory, classes, i % 2 == 0 ? "odd host" : "Ardour");
             halves.Connect ();
+            halves.SetUp ();
+            halves.On ();
+            halves.Play ();
             halves.SetQuarter ();
             halves.controller->setParamNormalized (kMorph, 1.0);
             halves.ShowsQuarter ();

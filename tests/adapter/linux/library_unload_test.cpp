@@ -40,8 +40,11 @@ TEST_CASE ("Odd hosts: the library goes when asked, comes back, and stands objec
         CHECK (reinterpret_cast<bool (*) (void*)> (dlsym (handle, "ModuleEntry")) (handle));
         {
             const auto getFactory = reinterpret_cast<IPluginFactory* (*)()> (dlsym (handle, "GetPluginFactory"));
-            LooseHalves halves{ VST3::Hosting::PluginFactory (owned (getFactory ())) };
+            const VST3::Hosting::PluginFactory factory (owned (getFactory ()));
+            LooseHalves halves (factory, factory.classInfos (), "Ardour"); // which has a thread of the library's
             halves.Connect ();
+            halves.SetUp ();
+            halves.On ();
             CHECK (reinterpret_cast<bool (*) ()> (dlsym (handle, "ModuleExit")) ());
             halves.Play ();
             halves.EndController ();
