@@ -10,8 +10,8 @@ namespace tessaly
 {
 
 /// An image of the panel, for ZBitmap. Images know their size at once and are unpacked when they are drawn, frame by
-/// frame; all of them that live in the process share their pixels, which are freed with the last one. Any thread but the
-/// audio thread; an image itself belongs to one thread.
+/// frame; on Windows GDI+ unpacks them, and whole. All of them that live in the process share their pixels, which are
+/// freed with the last one. Any thread but the audio thread; an image itself belongs to one thread.
 ///
 /// @param name   with its ending, in any case: "tsly_knb.png"
 /// @param scale  pixels of the surface a coordinate; above 1 the images have two
