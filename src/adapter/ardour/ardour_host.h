@@ -9,7 +9,8 @@
 ///   real-time blocks are therefore delivered late, from a thread of our own (late_points.h, late_delivery.h).
 /// - It sends every lane's value in every block, in the order of the ids. Values that change nothing are passed over,
 ///   and "Morph" goes first (late_points.h).
-/// - It bounces in the real-time mode, faster than the clock (block_pace.h).
+/// - It exports in the offline mode, plays and captures in the real-time one; and it bounces in that, too, faster than
+///   the clock (block_pace.h).
 /// - While it restores a session it sets values one by one and keeps what we answer by edits for later, when it wins
 ///   over the state. Until the first activation moved values are told by kParamValuesChanged instead. The values come as
 ///   points, too, in the first block, where they are dropped (late_points.h).
