@@ -63,7 +63,8 @@ void ZWinGDIPlusCanvasImp::SetClipRect (const ZRect& rect)
     ClearClip ();
     const ZRect pixels = grid.Pixels (rect);
     nothingShows = pixels.IsEmpty ();
-    gdip::GdipAddPathRectangleI (clipPath.get (), pixels.left, pixels.top, pixels.Width (), pixels.Height ());
+    if (!nothingShows)
+        gdip::GdipAddPathRectangleI (clipPath.get (), pixels.left, pixels.top, pixels.Width (), pixels.Height ());
 }
 
 void ZWinGDIPlusCanvasImp::SetClipEllipse (const ZRect& rect)
@@ -71,7 +72,8 @@ void ZWinGDIPlusCanvasImp::SetClipEllipse (const ZRect& rect)
     ClearClip ();
     const ZRect pixels = grid.Pixels ({ Near (rect).left - 1, Near (rect).top - 1, rect.right, rect.bottom });
     nothingShows = pixels.IsEmpty ();
-    gdip::GdipAddPathEllipseI (clipPath.get (), pixels.left, pixels.top, pixels.Width (), pixels.Height ());
+    if (!nothingShows)
+        gdip::GdipAddPathEllipseI (clipPath.get (), pixels.left, pixels.top, pixels.Width (), pixels.Height ());
 }
 
 void ZWinGDIPlusCanvasImp::ClearClip ()

@@ -36,9 +36,9 @@ ZWinGDIPlusOnscreenCanvasImp::ZWinGDIPlusOnscreenCanvasImp (HWND onWindow, doubl
 
 ZWinGDIPlusOnscreenCanvasImp::~ZWinGDIPlusOnscreenCanvasImp ()
 {
-    gdip::GdipDeleteGraphics (graphics);
     for (HGDIOBJ old : { oldBitmap, oldFont, oldBrush, oldPen })
         DeleteObject (SelectObject (memoryDC, old));
+    gdip::GdipDeleteGraphics (graphics);
     DeleteDC (memoryDC);
     ReleaseDC (window, windowDC);
 }

@@ -81,7 +81,7 @@ TEST_CASE ("Gdiplus: the clip bounds all that is drawn, an empty one everything"
                                   {
                                       canvas.SetClipRect ({ 1, 1, 3, 3 });
                                       canvas.FillRect (kAll);
-                                      canvas.SetClipRect ({ 5, 5, 5, 8 });
+                                      canvas.SetClipRect ({ 8, 5, 5, 8 });
                                       canvas.FillRect (kAll);
                                       canvas.SetClipEllipse ({ 6, 3, 12, 9 });
                                       canvas.SetColor ({ 0, 255, 0 }, 255);
