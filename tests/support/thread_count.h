@@ -4,9 +4,7 @@
 #include <thread>
 
 #ifdef _WIN32
-// Its names are not for those who include this: without these, `byte`, `min` and `max` are among them.
-#define WIN32_LEAN_AND_MEAN
-#define NOMINMAX
+#define WIN32_LEAN_AND_MEAN // else it has a `byte` of its own
 #include <windows.h>
 
 #include <tlhelp32.h>
