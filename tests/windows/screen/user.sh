@@ -12,8 +12,8 @@ fail() {
     exit 1
 }
 
-# until COMMAND...: until it succeeds.
-until_() {
+# wait_until COMMAND...: again and again until it succeeds.
+wait_until() {
     local end=$((SECONDS + patience))
     until "$@"; do
         [ "$SECONDS" -lt "$end" ] || return 1
@@ -27,7 +27,7 @@ start() {
     shift
     wine "$@" &
     program=$!
-    until_ find_window "$title" || fail "no window \"$title\""
+    wait_until find_window "$title" || fail "no window \"$title\""
 }
 find_window() {
     local place
@@ -38,7 +38,7 @@ find_window() {
 # finish: the program ends by Alt+F4, with status 0.
 finish() {
     xdotool key --delay 100 alt+F4
-    until_ ended || fail "the program does not end"
+    wait_until ended || fail "the program does not end"
     wait "$program" || fail "the program ended with $?"
 }
 ended() { ! kill -0 "$program" 2>/dev/null; }
@@ -73,7 +73,7 @@ until_shown() {
     for area in "$@"; do
         masks+=(-draw "scale $scale,$scale rectangle $area")
     done
-    until_ is_shown || fail "$name: $differ pixels differ"
+    wait_until is_shown || fail "$name: $differ pixels differ"
     echo "$name: as it should look"
 }
 is_shown() {
@@ -88,11 +88,11 @@ until_changed() {
     local before
     before=$(identify -format '%#' "$pictures/$1.png")
     changed() { picture "$1-then" "${@:2}" && [ "$(identify -format '%#' "$pictures/$1-then.png")" != "$before" ]; }
-    until_ changed "$@" || fail "$1: nothing has changed"
+    wait_until changed "$@" || fail "$1: nothing has changed"
 }
 until_same() {
     local before
     before=$(identify -format '%#' "$pictures/$1.png")
     same() { picture "$1-again" "${@:2}" && [ "$(identify -format '%#' "$pictures/$1-again.png")" = "$before" ]; }
-    until_ same "$@" || fail "$1: it does not look as before"
+    wait_until same "$@" || fail "$1: it does not look as before"
 }
