@@ -66,14 +66,16 @@ ZPoint ZVst3EditorViewWrapper::ToPanel (ZPoint pixel) const
 }
 
 /// Fits the view to the panel: its window, and what the host is told. Hosts compare that with the size
-/// that the view says, and do nothing for what it has already: so it says the old one until then.
+/// that the view says, and do nothing for what it has already: so it says the old one until then. Some tell the scale
+/// between asking for the size and attaching: they hear of the new one when the window opens.
 void ZVst3EditorViewWrapper::Resize ()
 {
+    if (window == nullptr)
+        return;
     const auto pixels = PanelPixels ();
     ViewRect wanted (0, 0, pixels.x, pixels.y);
-    if (window != nullptr)
-        window->Resize (pixels);
-    if (window != nullptr && plugFrame && !closing)
+    window->Resize (pixels);
+    if (plugFrame && !closing)
         plugFrame->resizeView (this, &wanted);
     setRect (wanted);
     if (window != nullptr)
@@ -113,7 +115,14 @@ void ZVst3EditorViewWrapper::ChooseScale (double factor)
 
 tresult PLUGIN_API ZVst3EditorViewWrapper::getSize (ViewRect* size)
 {
-    return size != nullptr ? EditorView::getSize (size) : kInvalidArgument;
+    if (size == nullptr)
+        return kInvalidArgument;
+    if (window == nullptr)
+    {
+        const auto pixels = PanelPixels ();
+        setRect ({ 0, 0, pixels.x, pixels.y });
+    }
+    return EditorView::getSize (size);
 }
 
 /// The panel has the one size that it says. Hosts that give another, which some do whatever a view says, cut it off or
