@@ -10,10 +10,11 @@ namespace tessaly
 
 /// A pointer through which any thread calls an object that its owner may take back at any time.
 ///
-/// When Set has returned, no other thread is inside a call on the object that was set before, and none will be. Each
-/// caller writes its thread's id into a slot before it reads the pointer; Set writes the pointer before it reads the
-/// slots, and waits for those that are taken. Both in sequential consistency: either the caller finds the new pointer,
-/// or Set finds the caller.
+/// When Set has returned, no other thread is inside a call on the object that it replaced, and none will be; after
+/// Set (nullptr) and TakeBack this holds for all objects that have gone, whoever took them back. Each caller writes its
+/// thread's id into a slot before it reads the pointer; Set writes the pointer before it reads the slots, and waits for
+/// those that are taken. Both in sequential consistency: either the caller finds the new pointer, or Set finds the
+/// caller.
 ///
 /// Call takes no lock, allocates nothing and waits for nobody, so it is fit for the audio thread. Set yields until the
 /// callers are out: never on the audio thread, and no call may wait for the thread that takes the object back. A thread
@@ -45,9 +46,9 @@ public:
 
     void Set (T* object)
     {
-        // After null there is nobody to wait for: whoever took the last object back waits for its callers. Those of the
-        // new one may come so often that a slot is hardly ever seen free.
-        if (pointer.exchange (object) != nullptr)
+        // An object that comes after null need not wait: whoever took the last one back waits for its callers. Those of
+        // the new one may come so often that a slot is hardly ever seen free.
+        if (pointer.exchange (object) != nullptr || object == nullptr)
             WaitForOthers ();
     }
 
