@@ -56,11 +56,14 @@ std::string Missing (std::int64_t declared, std::int64_t present)
            " bytes of audio";
 }
 
-/// What ffmpeg (all bits set) and sox (just under two gigabytes) write into a pipe.
+/// What ffmpeg (all bits set) and sox (just under two gigabytes; less in AIFF) write into a pipe.
 bool IsUnknown (std::int64_t declared)
 {
     constexpr std::int64_t kSoxFirst = 0x7FFFEF00;
-    return declared == 0xFFFFFFFF || (declared >= kSoxFirst && declared <= 0x7FFFFFFF);
+    constexpr std::int64_t kSoxLastOfAiff = 0x7F000000 + 8; // less what is no whole frame
+    constexpr std::int64_t kSoxFirstOfAiff = kSoxLastOfAiff - 0x1000;
+    return declared == 0xFFFFFFFF || (declared >= kSoxFirst && declared <= 0x7FFFFFFF) ||
+           (declared >= kSoxFirstOfAiff && declared <= kSoxLastOfAiff);
 }
 
 /// RIFF and its kin: a header of twelve bytes, then chunks, one of which holds the audio.

@@ -2,6 +2,7 @@
 
 #include "audio_damage.h"
 #include "interrupts.h"
+#include "open_files.h"
 #include "render_error.h"
 
 #include <algorithm>
@@ -94,7 +95,8 @@ AudioReader::AudioReader (const fs::path& of, Damage whenDamaged)
     , damage (whenDamaged)
     , input (of)
 {
-    file.reset (sf_open_fd (input.Descriptor (), SFM_READ, &info, SF_FALSE));
+    // libsndfile closes what it fails to open, whatever it is told; by then the number may be another thread's file.
+    file.reset (sf_open_fd (tools::Duplicate (input.Descriptor ()), SFM_READ, &info, SF_TRUE));
     if (!file)
         throw NotAudio ("\"" + path.string () + "\" is not an audio file that can be read: " + Reason (nullptr));
     ahead = SamplesToRead (info.format);

@@ -1,5 +1,6 @@
 #include "batch.h"
 
+#include "audio_file.h"
 #include "batch_items.h"
 #include "batch_report.h"
 #include "file_render.h"
@@ -83,7 +84,7 @@ private:
     {
         std::error_code ignored;
         Outcome outcome{ .fate = Fate::rendered, .input = item.input };
-        if (options.skipExisting && fs::exists (item.output, ignored))
+        if (options.skipExisting && !item.isTaken && !item.output.empty () && fs::exists (item.output, ignored))
         {
             outcome.fate = Fate::present;
             return outcome;
@@ -95,7 +96,7 @@ private:
         try
         {
             if (!item.fault.empty ())
-                throw RenderError (item.fault);
+                Refuse (item);
             CheckPaths (single);
             if (!options.dryRun)
                 fs::create_directories (item.output.parent_path (), ignored);
@@ -112,6 +113,14 @@ private:
             outcome.failure = error.what ();
         }
         return outcome;
+    }
+
+    /// What is no audio is told as such rather than as a fault.
+    [[noreturn]] static void Refuse (const BatchItem& item)
+    {
+        if (fs::is_regular_file (item.input) && !IsNamedAsAudio (item.input))
+            AudioReader (item.input, Damage::allow);
+        throw RenderError (item.fault);
     }
 
     void Finish (const BatchItem& item, Outcome outcome)

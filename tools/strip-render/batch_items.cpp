@@ -3,6 +3,7 @@
 #include "output_format.h"
 #include "render_error.h"
 #include "text.h"
+#include "warning.h"
 
 #include <algorithm>
 #include <array>
@@ -49,6 +50,7 @@ public:
     }
 
     std::vector<BatchItem> items;
+    bool leavesFoldersOut = false; // for want of --recursive
 
     void Add (const fs::path& input, const fs::path& name)
     {
@@ -65,36 +67,64 @@ public:
     {
         std::vector<fs::path> files;
         const bool holdsResults = IsBelow (options.outFolder, folder) && Place (options.outFolder) != Place (folder);
+        CheckFolder (folder);
         for (const auto& entry : Iterator (folder, fs::directory_options::skip_permission_denied))
-            if (entry.is_regular_file () && !(holdsResults && IsBelow (entry.path (), options.outFolder)))
+        {
+            std::error_code ignored;
+            if (holdsResults && IsBelow (entry.path (), options.outFolder))
+                continue;
+            if (entry.is_regular_file (ignored))
                 files.push_back (entry.path ());
+            else if (entry.is_directory (ignored) && options.recursive && !entry.is_symlink (ignored))
+                CheckFolder (entry.path ());
+            else if (entry.is_directory (ignored))
+                leavesFoldersOut = true;
+        }
         std::ranges::sort (files);
         for (const auto& file : files)
             Add (file, file.lexically_relative (folder));
     }
 
 private:
+    /// A folder that can't be looked into would be passed over in silence, with all that is below it.
+    void CheckFolder (const fs::path& folder)
+    {
+        std::error_code error;
+        fs::directory_iterator (folder, error);
+        if (error)
+            items.push_back ({ folder, {}, 0, "the folder cannot be read: " + error.message () });
+    }
+
     const Options& options; // not owned: the caller's
 };
 
 void FindFaults (std::vector<BatchItem>& items)
 {
-    std::set<fs::path> taken;
+    std::set<fs::path> inputs;
     for (const auto& item : items)
-        taken.insert (Place (item.input));
-    for (auto& item : items)
-        if (!taken.insert (Place (item.output)).second)
-            item.fault = "\"" + item.output.string () + "\" is an input or the result of another file";
+        inputs.insert (Place (item.input));
+    std::set<fs::path> results;
+    for (const bool namedAsAudio : { true, false }) // a cover beside an episode does not take its place
+        for (auto& item : items)
+        {
+            if (!item.fault.empty () || IsNamedAsAudio (item.input) != namedAsAudio)
+                continue;
+            const auto place = Place (item.output);
+            item.isTaken = !results.insert (place).second;
+            if (item.isTaken || inputs.contains (place))
+                item.fault = "\"" + item.output.string () + "\" is an input or the result of another file";
+        }
 }
 
 } // namespace
 
 bool IsNamedAsAudio (const fs::path& file)
 {
-    constexpr std::array<std::string_view, 15> kRead{ ".wav",  ".wave", ".bwf", ".rf64", ".w64",
-                                                      ".flac", ".aiff", ".aif", ".aifc", ".au",
-                                                      ".caf",  ".ogg",  ".oga", ".opus", ".mp3" };
-    return std::ranges::find (kRead, Lowered (file.extension ().string ())) != kRead.end ();
+    constexpr auto kAudio =
+        std::to_array<std::string_view> ({ ".wav", ".wave", ".bwf", ".rf64", ".w64",  ".flac", ".aiff", ".aif", ".aifc",
+                                           ".au",  ".caf",  ".ogg", ".oga",  ".opus", ".mp3",  ".mp2",  ".m4a", ".m4b",
+                                           ".aac", ".wma",  ".wv",  ".ape",  ".amr",  ".mka",  ".dsf",  ".dff" });
+    return std::ranges::find (kAudio, Lowered (file.extension ().string ())) != kAudio.end ();
 }
 
 std::vector<BatchItem> BatchItems (const Options& options)
@@ -111,6 +141,9 @@ std::vector<BatchItem> BatchItems (const Options& options)
             collector.AddFolder<fs::directory_iterator> (given);
     }
     FindFaults (collector.items);
+    const auto isNamedAsAudio = [] (const BatchItem& item) { return IsNamedAsAudio (item.input); };
+    if (collector.leavesFoldersOut && std::ranges::none_of (collector.items, isNamedAsAudio))
+        Warn ("folders in the folder are left out; --recursive takes what is in them");
     return collector.items;
 }
 

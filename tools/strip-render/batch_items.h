@@ -17,6 +17,7 @@ struct BatchItem
     std::filesystem::path output;
     std::int64_t bytes = 0; ///< of the input, for the progress
     std::string fault;      ///< why it must not be rendered; empty if it may
+    bool isTaken = false;   ///< the output is that of another item, so that one that is there says nothing of this one
 };
 
 /// The files that a batch renders, in a fixed order: those that are named, and of folders those in them or below, whose
@@ -25,7 +26,8 @@ struct BatchItem
 /// or of another output is a fault of that file.
 std::vector<BatchItem> BatchItems (const Options& options);
 
-/// Whether the extension promises a recording, so that a file that holds none is a damaged one.
+/// Whether the extension promises a recording, so that a file that can't be read as one has failed. Some such formats
+/// are not read here at all.
 bool IsNamedAsAudio (const std::filesystem::path& file);
 
 } // namespace tessaly::render

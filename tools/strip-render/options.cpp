@@ -181,6 +181,8 @@ void TakeFiles (const CLI::App& app, Options& options)
                 throw CLI::ValidationError (std::string (name) + " goes with one IN and OUT, not with --out-dir");
         if (options.batch.empty ())
             throw CLI::RequiredError ("--out-dir needs recordings or folders", CLI::ExitCodes::RequiredError);
+        if (std::ranges::find (options.batch, "-") != options.batch.end ())
+            throw CLI::ValidationError ("standard input (-) goes with one IN and OUT, not with --out-dir");
         return;
     }
     for (const char* name : { "--recursive", "--skip-existing", "--jobs" })

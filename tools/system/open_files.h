@@ -11,6 +11,7 @@ namespace tessaly::tools
 
 int OpenToRead (const std::filesystem::path& path);
 int OpenToWrite (const std::filesystem::path& path); ///< one that is there: a pipe, a device
+int Duplicate (int file);                            ///< another descriptor of one file, with one position
 int DuplicateInput ();                               ///< another descriptor of standard input, for bytes
 int DuplicateOutput ();                              ///< likewise of standard output
 

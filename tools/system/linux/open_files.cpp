@@ -23,6 +23,11 @@ int OpenToWrite (const fs::path& path)
     return open (path.c_str (), O_WRONLY | O_CLOEXEC);
 }
 
+int Duplicate (int file)
+{
+    return fcntl (file, F_DUPFD_CLOEXEC, 0);
+}
+
 int DuplicateInput ()
 {
     return dup (STDIN_FILENO);

@@ -22,14 +22,6 @@ namespace
 constexpr int kInput = 0;
 constexpr int kOutput = 1;
 
-int Duplicate (int standard)
-{
-    const int file = _dup (standard);
-    if (file >= 0)
-        _setmode (file, _O_BINARY);
-    return file;
-}
-
 unsigned AtOnce (std::size_t count)
 {
     return static_cast<unsigned> (std::min<std::size_t> (count, INT_MAX));
@@ -45,6 +37,14 @@ int OpenToRead (const fs::path& path)
 int OpenToWrite (const fs::path& path)
 {
     return _wopen (path.c_str (), _O_WRONLY | _O_BINARY | _O_NOINHERIT);
+}
+
+int Duplicate (int file)
+{
+    const int copy = _dup (file);
+    if (copy >= 0)
+        _setmode (copy, _O_BINARY);
+    return copy;
 }
 
 int DuplicateInput ()
