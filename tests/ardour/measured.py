@@ -130,6 +130,16 @@ class Session:
         chunk = base64.b64decode(re.search(r"<chunk>([^<]*)</chunk>", text).group(1))
         return struct.unpack_from(">f", chunk, chunk.index(b"2620") + 4 + 4 * index)[0]
 
+    def lanes(self):
+        """The points of each parameter's lane, as saved."""
+        text = open(os.path.join(self.folder, "s.ardour")).read()
+        lane = r'<AutomationList [^>]*automation-id="parameter-(\d+)"[^>]*>\s*<events>([^<]*)</events>'
+        return {int(index): points.split() for index, points in re.findall(lane, text)}
+
+    def undo_steps(self):
+        text = open(os.path.join(self.folder, "s.history")).read()
+        return re.findall(r'<UndoTransaction[^>]*name="([^"]*)"', text)
+
 
 failures = 0
 

@@ -3,7 +3,8 @@
 --   session.lua FOLDER NOTES make CHANNELS SECONDS
 --   session.lua FOLDER NOTES open COMMAND...
 -- NOTES is a file, which gets a line for each value read, and "done".
--- Commands: set:PARAMETER:PLAIN, lane:PARAMETER:SECOND=PLAIN,..., read:PARAMETER, play:SECONDS, bounce, wait:SECONDS, save
+-- Commands: set:PARAMETER:PLAIN, lane:PARAMETER:SECOND=PLAIN,..., touch: (as lane:, but written anew by a touch),
+-- read:PARAMETER, play:SECONDS, bounce, wait:SECONDS, save
 
 local kPlugin = "5653546373744D74657373616C792072"
 local kRate = 48000
@@ -59,14 +60,14 @@ local function make (folder, channels, seconds)
     session:save_state ("", false, false, false, false, false)
 end
 
-local function addLane (processor, parameter, points)
+local function addLane (processor, parameter, points, state)
     local lane = ARDOUR.LuaAPI.plugin_automation (processor, parameter)
     local id = Evoral.Parameter (ARDOUR.AutomationType.PluginAutomation, 0, parameter)
     lane:clear_list ()
     for second, value in points:gmatch ("([^=,]+)=([^,]+)") do
         lane:add (Temporal.timepos_t (math.floor (tonumber (second) * kRate)), tonumber (value), false, false)
     end
-    processor:to_automatable ():automation_control (id, true):set_automation_state (ARDOUR.AutoState.Play)
+    processor:to_automatable ():automation_control (id, true):set_automation_state (state)
 end
 
 local function follow (session, command)
@@ -78,7 +79,9 @@ local function follow (session, command)
         ARDOUR.LuaAPI.set_processor_param (processor, number, tonumber (rest))
         wait (0.1)
     elseif verb == "lane" then
-        addLane (processor, number, rest)
+        addLane (processor, number, rest, ARDOUR.AutoState.Play)
+    elseif verb == "touch" then
+        addLane (processor, number, rest, ARDOUR.AutoState.Touch)
     elseif verb == "read" then
         note (tostring (ARDOUR.LuaAPI.get_processor_param (processor, number)))
     elseif verb == "play" then
