@@ -39,13 +39,14 @@ PendingFile::PendingFile (const fs::path& wanted, Existing whatIsThere)
     target = fs::weakly_canonical (fs::absolute (wanted), ignored);
     if (ignored || target.empty ())
         target = fs::absolute (wanted);
+    const auto status = fs::status (target, ignored);
+    if (tools::IsNameOfOpenFile (wanted) ||
+        (fs::exists (status) && !fs::is_regular_file (status) && !fs::is_directory (status)))
+        throw HostError ("\"" + wanted.string () + "\" is no ordinary file and will not be replaced");
     if (fs::is_symlink (fs::symlink_status (target, ignored)))
         throw HostError ("\"" + wanted.string () + "\" is a link that leads nowhere");
-    const auto status = fs::status (target, ignored);
     if (fs::is_directory (status) || !target.has_filename ())
         throw HostError ("\"" + wanted.string () + "\" is a folder, not a file to write");
-    if (tools::IsNameOfOpenFile (wanted) || (fs::exists (status) && !fs::is_regular_file (status)))
-        throw HostError ("\"" + wanted.string () + "\" is no ordinary file and will not be replaced");
     if (existing == Existing::keep && fs::exists (status))
         RefuseToReplace (wanted);
     if (!fs::is_directory (target.parent_path (), ignored))

@@ -36,7 +36,7 @@ NamedSet FindSet (const std::string& fileOrName)
 {
     std::error_code ignored;
     const fs::path file = fileOrName;
-    if (fs::is_regular_file (file, ignored))
+    if (fs::exists (file, ignored) && !fs::is_directory (file, ignored))
         return { file.stem ().string (), ReadSetFile (file), {} };
 
     KPRD_Manager manager (MakePlatformCollection);

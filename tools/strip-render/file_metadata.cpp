@@ -1,5 +1,6 @@
 #include "file_metadata.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
@@ -34,11 +35,11 @@ std::vector<char> ReadCues (SNDFILE* file)
 constexpr std::string_view kListName = "LIST";
 constexpr std::string_view kCueTexts = "adtl"; // the kind of list, ahead of its entries
 
-SF_CHUNK_INFO ListChunk ()
+SF_CHUNK_INFO ChunkNamed (std::string_view name)
 {
     SF_CHUNK_INFO chunk{};
-    kListName.copy (chunk.id, kListName.size ());
-    chunk.id_size = static_cast<unsigned> (kListName.size ());
+    name.copy (chunk.id, name.size ());
+    chunk.id_size = static_cast<unsigned> (name.size ());
     return chunk;
 }
 
@@ -47,7 +48,7 @@ std::vector<std::vector<char>> ReadCueTexts (SNDFILE* file)
 {
     constexpr unsigned kLargest = 1 << 24;
     std::vector<std::vector<char>> texts;
-    SF_CHUNK_INFO chunk = ListChunk ();
+    SF_CHUNK_INFO chunk = ChunkNamed (kListName);
     for (auto* at = sf_get_chunk_iterator (file, &chunk); at != nullptr; at = sf_next_chunk_iterator (at))
     {
         if (sf_get_chunk_size (at, &chunk) != SF_ERR_NO_ERROR || chunk.datalen > kLargest)
@@ -59,6 +60,19 @@ std::vector<std::vector<char>> ReadCueTexts (SNDFILE* file)
             texts.push_back (std::move (bytes));
     }
     return texts;
+}
+
+/// Chunks of WAV and AIFF that a user may miss: production data, loops, other programs' tags.
+std::vector<std::string> ReadUnkept (SNDFILE* file)
+{
+    std::vector<std::string> unkept;
+    for (const char* name : { "iXML", "axml", "smpl", "inst", "INST", "acid", "cart", "_PMX", "id3 ", "ID3 " })
+    {
+        const SF_CHUNK_INFO chunk = ChunkNamed (name);
+        if (sf_get_chunk_iterator (file, &chunk) != nullptr)
+            unkept.push_back ("the chunk \"" + std::string (name) + "\"");
+    }
+    return unkept;
 }
 
 void AppendNumber (std::vector<char>& bytes, std::size_t number)
@@ -96,6 +110,24 @@ bool IsWav (int format)
     return container == SF_FORMAT_WAV || container == SF_FORMAT_WAVEX || container == SF_FORMAT_RF64;
 }
 
+bool HasTag (int format, int tag)
+{
+    const int container = format & SF_FORMAT_TYPEMASK;
+    if (container == SF_FORMAT_AIFF)
+        return tag == SF_STR_TITLE || tag == SF_STR_COPYRIGHT || tag == SF_STR_SOFTWARE || tag == SF_STR_ARTIST ||
+               tag == SF_STR_COMMENT;
+    return container == SF_FORMAT_FLAC || (IsWav (format) && tag != SF_STR_LICENSE);
+}
+
+/// As "a, b and c".
+std::string Joined (const std::vector<std::string>& parts)
+{
+    std::string text;
+    for (std::size_t i = 0; i < parts.size (); ++i)
+        text += (i == 0 ? "" : i + 1 == parts.size () ? " and " : ", ") + parts[i];
+    return text;
+}
+
 } // namespace
 
 FileMetadata ReadMetadata (SNDFILE* file, int channels)
@@ -113,6 +145,7 @@ FileMetadata ReadMetadata (SNDFILE* file, int channels)
     const int mapBytes = static_cast<int> (sizeof (int)) * channels;
     if (sf_command (file, SFC_GET_CHANNEL_MAP_INFO, metadata.channelMap.data (), mapBytes) != SF_TRUE)
         metadata.channelMap.clear ();
+    metadata.unkept = ReadUnkept (file);
     return metadata;
 }
 
@@ -131,17 +164,23 @@ std::string WriteMetadata (SNDFILE* file, int format, const FileMetadata& metada
     put (SFC_SET_CHANNEL_MAP_INFO, metadata.channelMap);
     for (auto text : IsWav (format) ? metadata.cueTexts : decltype (metadata.cueTexts){})
     {
-        SF_CHUNK_INFO chunk = ListChunk ();
+        SF_CHUNK_INFO chunk = ChunkNamed (kListName);
         chunk.data = text.data ();
         chunk.datalen = static_cast<unsigned> (text.size ());
         sf_set_chunk (file, &chunk);
     }
 
+    std::vector<std::string> leftOut = metadata.unkept;
+    const auto isLost = [format] (const auto& tag)
+    { return tag.first != SF_STR_SOFTWARE && !HasTag (format, tag.first); }; // the program before is no great loss
+    if (const auto lost = std::ranges::count_if (metadata.tags, isLost); lost > 0)
+        leftOut.push_back (std::to_string (lost) + (lost == 1 ? " text tag" : " text tags"));
+    if (!metadata.broadcast.empty () && !IsWav (format))
+        leftOut.emplace_back ("the time reference (bext)");
     const bool keepsCues = IsWav (format) || (format & SF_FORMAT_TYPEMASK) == SF_FORMAT_AIFF;
-    std::string leftOut = metadata.broadcast.empty () || IsWav (format) ? "" : "the time reference (bext)";
     if (!metadata.cues.empty () && !keepsCues)
-        leftOut += leftOut.empty () ? "the cue points" : " and the cue points";
-    return leftOut;
+        leftOut.emplace_back ("the cue points");
+    return Joined (leftOut);
 }
 
 } // namespace tessaly::render

@@ -9,8 +9,7 @@ namespace tessaly::render
 {
 
 /// What belongs to a recording besides its samples, and so stays with the result: text tags, the broadcast chunk
-/// ("bext") with its time reference, cue points
-/// with their labels, and which loudspeaker each channel is for.
+/// ("bext") with its time reference, cue points with their labels, and which loudspeaker each channel is for.
 struct FileMetadata
 {
     std::vector<std::pair<int, std::string>> tags; ///< libsndfile's number of the tag
@@ -18,6 +17,7 @@ struct FileMetadata
     std::vector<char> cues;                        ///< likewise
     std::vector<int> channelMap;                   ///< likewise, a number a channel
     std::vector<std::vector<char>> cueTexts;       ///< the cue points' labels and regions, chunks ("adtl") of WAV
+    std::vector<std::string> unkept;               ///< what is there and not passed on, in words
 };
 
 /// @param file  not owned: the caller's, open for reading

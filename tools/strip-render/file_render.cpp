@@ -126,7 +126,7 @@ public:
     {
         Summary summary = Describe ();
         if (!writer->LeftOut ().empty ())
-            Warn (format.description + " has no room for " + writer->LeftOut () + " of \"" + options.input.string () +
+            Warn (format.description + " gets no copy of " + writer->LeftOut () + " of \"" + options.input.string () +
                   "\"");
         if (options.dryRun)
             return summary;

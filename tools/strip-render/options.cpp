@@ -1,5 +1,6 @@
 #include "options.h"
 
+#include "output_format.h"
 #include "page_file.h"
 #include "text.h"
 #include "typed_number.h"
@@ -145,6 +146,7 @@ void Describe (CLI::App& app, Options& options, Texts& texts)
     app.add_option ("--format", options.format,
                     "wav, flac, aiff or au, with :16, :24, :32, :float or :double; or one of "
                     "these alone. Otherwise the samples are as those of IN")
+        ->check (FormatFault)
         ->type_name ("FORMAT");
     app.add_option ("--mix", texts.mix, "Part of the strip in the result; the rest is the recording, unaltered")
         ->check (CheckPercent)

@@ -74,7 +74,7 @@ struct Choice
     const Samples* samples = nullptr;     // null where it tells a container alone
 };
 
-Choice ReadChoice (const std::string& wanted)
+std::optional<Choice> ReadChoice (const std::string& wanted)
 {
     const std::string text = Lowered (wanted);
     const std::size_t colon = text.find (':');
@@ -87,9 +87,7 @@ Choice ReadChoice (const std::string& wanted)
 
     const bool understood =
         colon == std::string::npos ? choice.container || choice.samples : choice.container && choice.samples;
-    if (!understood)
-        throw RenderError ("there is no format \"" + wanted + "\"; choose " + std::string (kChoice));
-    return choice;
+    return understood ? std::optional (choice) : std::nullopt;
 }
 
 bool IsKnownToLibrary (int code)
@@ -99,6 +97,12 @@ bool IsKnownToLibrary (int code)
     probe.channels = 1;
     probe.samplerate = 48000;
     return sf_format_check (&probe) != 0;
+}
+
+std::string Unheld (const Container& container, const Samples& samples)
+{
+    return std::string (container.shown) + " does not hold " + std::string (samples.shown) +
+           " samples; choose another --format";
 }
 
 /// The samples of the input, or the nearest that lose nothing which the container can hold.
@@ -118,16 +122,25 @@ const Samples& SamplesLike (int input, const Container& container)
 
 } // namespace
 
+std::string FormatFault (const std::string& wanted)
+{
+    const auto choice = ReadChoice (wanted);
+    if (!choice)
+        return "there is no format \"" + wanted + "\"; choose " + std::string (kChoice);
+    if (choice->container && choice->samples && !IsKnownToLibrary (choice->container->code | choice->samples->code))
+        return Unheld (*choice->container, *choice->samples);
+    return "";
+}
+
 OutputFormat ChooseOutputFormat (const std::filesystem::path& file, const std::optional<std::string>& wanted, int input)
 {
-    const Choice choice = wanted ? ReadChoice (*wanted) : Choice{};
+    const Choice choice = wanted ? ReadChoice (*wanted).value_or (Choice{}) : Choice{};
     const Container& container = choice.container ? *choice.container : ContainerOfExtension (file);
     const Samples& samples = choice.samples ? *choice.samples : SamplesLike (input, container);
 
     int code = container.code | samples.code;
     if (!IsKnownToLibrary (code))
-        throw RenderError (std::string (container.shown) + " does not hold " + std::string (samples.shown) +
-                           " samples; choose another --format");
+        throw RenderError (Unheld (container, samples));
     // A WAV file says which loudspeaker a channel is for in its extended form alone.
     if (container.code == SF_FORMAT_WAV && (input & SF_FORMAT_TYPEMASK) == SF_FORMAT_WAVEX)
         code = SF_FORMAT_WAVEX | samples.code;
