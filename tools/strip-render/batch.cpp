@@ -99,7 +99,7 @@ private:
                 Refuse (item);
             CheckPaths (single);
             if (!options.dryRun)
-                fs::create_directories (item.output.parent_path (), ignored);
+                MakeFolder (item.output.parent_path ());
             outcome.summary = RenderFile (session, single);
         }
         catch (const NotAudio& error)
@@ -113,6 +113,14 @@ private:
             outcome.failure = error.what ();
         }
         return outcome;
+    }
+
+    static void MakeFolder (const fs::path& folder)
+    {
+        std::error_code error;
+        fs::create_directories (folder, error);
+        if (error)
+            throw RenderError ("the folder \"" + folder.string () + "\" cannot be made: " + error.message ());
     }
 
     /// What is no audio is told as such rather than as a fault.

@@ -75,10 +75,14 @@ public:
                 continue;
             if (entry.is_regular_file (ignored))
                 files.push_back (entry.path ());
-            else if (entry.is_directory (ignored) && options.recursive && !entry.is_symlink (ignored))
-                CheckFolder (entry.path ());
-            else if (entry.is_directory (ignored))
+            else if (!entry.is_directory (ignored))
+                continue;
+            else if (!options.recursive)
                 leavesFoldersOut = true;
+            else if (entry.is_symlink (ignored)) // may lead back here
+                Warn ("the link to a folder is not followed: \"" + entry.path ().string () + "\"");
+            else
+                CheckFolder (entry.path ());
         }
         std::ranges::sort (files);
         for (const auto& file : files)
@@ -110,8 +114,9 @@ void FindFaults (std::vector<BatchItem>& items)
             if (!item.fault.empty () || IsNamedAsAudio (item.input) != namedAsAudio)
                 continue;
             const auto place = Place (item.output);
-            item.isTaken = !results.insert (place).second;
-            if (item.isTaken || inputs.contains (place))
+            const bool isInput = inputs.contains (place);
+            item.isTaken = !isInput && !results.insert (place).second;
+            if (item.isTaken || isInput)
                 item.fault = "\"" + item.output.string () + "\" is an input or the result of another file";
         }
 }
