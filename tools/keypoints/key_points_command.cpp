@@ -261,6 +261,12 @@ int RunCommandLine (int argc, const char* const* argv)
     }
     catch (const CLI::ParseError& error)
     {
+        const auto unknown = app.remaining ();
+        if (error.get_exit_code () != 0 && app.get_subcommands ().empty () && !unknown.empty ())
+        {
+            std::cerr << "keypoints: there is no command \"" << unknown.front () << "\"; --help shows them\n";
+            return kMistakeInLine;
+        }
         return app.exit (error) == 0 ? 0 : kMistakeInLine;
     }
 
