@@ -70,6 +70,16 @@ bool IsNamed (const std::string& place, const std::string& name)
     return !name.empty () && whole.ends_with ("/" + Lowered (name));
 }
 
+std::vector<fs::path> FilesNamed (const std::string& name)
+{
+    std::vector<fs::path> files;
+    for (const auto& folder : KeyPointFolders ())
+        for (const auto& [file, place] : SetsBelow (folder))
+            if (IsNamed (place, name))
+                files.push_back (file);
+    return files;
+}
+
 bool PrintCollection (std::ostream& out, bool asJson)
 {
     KPRD_Manager manager (MakePlatformCollection);

@@ -24,6 +24,9 @@ std::vector<ListedSet> ListedSets (KPRD_Manager& manager);
 /// @return whether `name` is the place of a set or the last part of it, letter case apart
 bool IsNamed (const std::string& place, const std::string& name);
 
+/// @return the files of the collection that have such a name (IsNamed)
+std::vector<std::filesystem::path> FilesNamed (const std::string& name);
+
 /// The collection as the plug-in's dialog lists it: folders first, all of them open, entries indented; as JSON a list of
 /// places.
 /// @return whether there is any

@@ -84,6 +84,8 @@ void Plot (const Arguments& arguments)
 {
     plot::RequirePlots ();
     RefuseOwnSource (arguments.picture, arguments.set);
+    for (const auto& file : FilesNamed (arguments.set.string ()))
+        RefuseOwnSource (arguments.picture, file);
     const auto set = FindSet (arguments.set.string ());
     TellAlike ("keypoints", set);
     plot::PageFile (arguments.picture, arguments.Present ()).Commit (PlotOf (set.name, set.table));

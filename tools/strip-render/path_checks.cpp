@@ -1,5 +1,6 @@
 #include "path_checks.h"
 
+#include "collection_commands.h"
 #include "input_file.h"
 #include "render_error.h"
 
@@ -50,8 +51,11 @@ std::vector<NamedPath> PathsRead (const Options& options)
     Add (paths, "--state", options.state, kInput);
     Add (paths, "--automate", options.automation, kInput);
     if (options.keyPoints)
-        Add (paths, "--keypoints", fs::path (*options.keyPoints),
-             kInput); // the name of a set is no path of anything else
+    {
+        Add (paths, "--keypoints", fs::path (*options.keyPoints), kInput);
+        for (const auto& file : keypoints::FilesNamed (*options.keyPoints))
+            paths.push_back ({ "--keypoints", file });
+    }
     return paths;
 }
 
