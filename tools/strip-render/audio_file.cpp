@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <mutex>
 
 namespace tessaly::render
 {
@@ -26,6 +27,9 @@ std::string Reason (SNDFILE* file)
         reason.pop_back ();
     return reason;
 }
+
+/// Why a file could not be opened libsndfile keeps for all threads in one place: one of them at a time.
+std::mutex opening;
 
 int ContainerOf (const OutputFormat& format)
 {
@@ -96,9 +100,13 @@ AudioReader::AudioReader (const fs::path& of, Damage whenDamaged)
     , input (of)
 {
     // libsndfile closes what it fails to open, whatever it is told; by then the number may be another thread's file.
-    file.reset (sf_open_fd (tools::Duplicate (input.Descriptor ()), SFM_READ, &info, SF_TRUE));
-    if (!file)
-        throw NotAudio ("\"" + path.string () + "\" is not an audio file that can be read: " + Reason (nullptr));
+    const int descriptor = tools::Duplicate (input.Descriptor ());
+    {
+        const std::scoped_lock alone (opening);
+        file.reset (sf_open_fd (descriptor, SFM_READ, &info, SF_TRUE));
+        if (!file)
+            throw NotAudio ("\"" + path.string () + "\" is not an audio file that can be read: " + Reason (nullptr));
+    }
     ahead = SamplesToRead (info.format);
     Resize (ahead, FramesAtOnce (info.channels) * static_cast<std::size_t> (info.channels));
     if (const auto fault = AudioDamage (input); !fault.empty ())
@@ -152,9 +160,12 @@ AudioWriter::AudioWriter (const fs::path& path, const OutputFormat& format, cons
 {
     constexpr int kDitheredBits = 16; // the noise of recorded sound is above the steps of finer formats
     SF_INFO info = InfoFor (format, shape);
-    file.reset (sf_open (path.string ().c_str (), SFM_WRITE, &info));
-    if (!file)
-        throw RenderError ("cannot write to \"" + path.parent_path ().string () + "\": " + Reason (nullptr));
+    {
+        const std::scoped_lock alone (opening);
+        file.reset (sf_open (path.string ().c_str (), SFM_WRITE, &info));
+        if (!file)
+            throw RenderError ("cannot write to \"" + path.parent_path ().string () + "\": " + Reason (nullptr));
+    }
     if (format.integerBits != 0)
         quantizer.emplace (format.integerBits, dither && format.integerBits == kDitheredBits);
     // The chunk of peaks holds the time of day, and two renders of one input are to be the same.
