@@ -42,21 +42,23 @@ bool HasExtension (std::string_view fileName, std::size_t dot)
     return std::ranges::equal (fileName.substr (dot + 1), kExtension, {}, [] (char c) { return AsciiLower (c); });
 }
 
-void AddFile (const std::string& file, std::string_view fileName, std::uint64_t size, KPRD_Entries& list)
+/// @return the bytes that were read of it
+std::uint32_t AddFile (const std::string& file, std::string_view fileName, std::uint64_t size, KPRD_Entries& list)
 {
     const auto dot = fileName.rfind ('.');
     if (dot == fileName.npos || !HasExtension (fileName, dot))
-        return;
+        return 0;
     const std::unique_ptr<std::FILE, CloseFile> opened (std::fopen (file.c_str (), "rb"));
     const auto name = Utf8OfAnsi (fileName.substr (0, dot));
     if (!opened || name.empty ())
-        return;
+        return 0;
     const auto length =
         static_cast<std::uint32_t> (std::min<std::uint64_t> (size, KPRD_WinCollectionImp::kLongestFile));
     auto entry = std::make_unique<KPRD_Data> ();
     auto* bytes = entry->SetFile (name.c_str (), length);
     std::fread (bytes, 1, length, opened.get ()); // what the file has lost since it was listed stays zero
     list.push_back (std::move (entry));
+    return length;
 }
 
 } // namespace
@@ -79,6 +81,8 @@ void KPRD_WinCollectionImp::Load (KPRD_Entries& list)
 
 void KPRD_WinCollectionImp::Scan (std::int32_t depth, const std::string& pattern, KPRD_Entries& list)
 {
+    if (depth == 0)
+        entriesLeft = kMostEntries, bytesLeft = kMostBytes;
     const auto folder = pattern.substr (0, pattern.size () - 1);
     WIN32_FIND_DATAA found{};
     const HANDLE first = FindFirstFileA (pattern.c_str (), &found);
@@ -89,13 +93,14 @@ void KPRD_WinCollectionImp::Scan (std::int32_t depth, const std::string& pattern
     {
         const std::string name = found.cFileName;
         if (!IsFolder (found.dwFileAttributes))
-            AddFile (folder + name, name, std::uint64_t{ found.nFileSizeHigh } << 32U | found.nFileSizeLow, list);
+            bytesLeft -=
+                AddFile (folder + name, name, std::uint64_t{ found.nFileSizeHigh } << 32U | found.nFileSizeLow, list);
         else if (depth == 0 && name != "." && name != "..")
         {
             list.push_back (std::make_unique<KPRD_Data> ());
             Scan (depth + 1, folder + name + "\\*", list.back ()->SetName (name.c_str ()));
         }
-    } while (FindNextFileA (search.get (), &found));
+    } while (--entriesLeft > 0 && bytesLeft > 0 && FindNextFileA (search.get (), &found));
 }
 
 } // namespace tessaly

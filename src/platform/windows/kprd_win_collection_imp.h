@@ -12,11 +12,16 @@ namespace tessaly
 /// listed even when they are empty. Nothing looks into the files: whatever has the extension is listed.
 ///
 /// Names and paths are the system's in its ANSI code page. A file's name goes into the entry as UTF-8, a folder's as the
-/// system gave it. Of a file kLongestFile bytes are read. Passed over without a message: a missing or unreadable
-/// folder, and files that cannot be opened or whose names cannot be converted.
+/// system gave it. Passed over without a message: a missing or unreadable folder, and files that cannot be opened or
+/// whose names cannot be converted.
+///
+/// A host is waiting, so there are bounds. For each collection folder kMostEntries names are looked at, those below it
+/// included, and kMostBytes are read; what comes after them is not seen. Of a file kLongestFile bytes are read.
 class KPRD_WinCollectionImp : public KPRD_CollectionImp
 {
 public:
+    static constexpr std::int32_t kMostEntries = 10000;
+    static constexpr std::int64_t kMostBytes = 16 * 1024 * 1024;
     static constexpr std::uint32_t kLongestFile = 64 * 1024; // a key-point file has 512
 
     void Load (KPRD_Entries& list) override;
@@ -32,6 +37,10 @@ public:
 
 protected:
     std::string path;
+
+private:
+    std::int32_t entriesLeft = kMostEntries;
+    std::int64_t bytesLeft = kMostBytes;
 };
 
 } // namespace tessaly

@@ -47,6 +47,16 @@ TEST_CASE ("KPRD_WinCollectionImp: lists what has the extension, two levels deep
     CHECK (std::string (reinterpret_cast<const char*> (entries[2]->Children ()[0]->Data ()), 4) == "soft");
 }
 
+TEST_CASE ("KPRD_WinCollectionImp: what is read has a bound")
+{
+    const test::TempFolder folder;
+    for (int i = 0; i < 300; ++i)
+        folder.Write (std::to_string (i) + ".kpd", std::string (KPRD_WinCollectionImp::kLongestFile + 1, 'x'));
+    KPRD_Entries entries;
+    CollectionIn (folder).Load (entries);
+    CHECK (entries.size () == KPRD_WinCollectionImp::kMostBytes / KPRD_WinCollectionImp::kLongestFile);
+}
+
 TEST_CASE ("KPRD_WinCollectionImp: the machine's folder lies below the shared documents")
 {
     KPRD_WinCollectionImp collection;
