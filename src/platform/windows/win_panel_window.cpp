@@ -213,12 +213,16 @@ void WinPanelWindow::WatchPointer ()
     input->SetDefaultCursor ();
 }
 
+/// Fine wheels turn by less than a notch a message.
 bool WinPanelWindow::OnWheel (WPARAM wParam, LPARAM lParam)
 {
     POINT place{ GET_X_LPARAM (lParam), GET_Y_LPARAM (lParam) };
     ScreenToClient (window, &place);
-    const double notches = static_cast<double> (GET_WHEEL_DELTA_WPARAM (wParam)) / WHEEL_DELTA;
-    return listener.OnWheel ({ place.x, place.y }, notches);
+    const int turned = GET_WHEEL_DELTA_WPARAM (wParam);
+    wheelRest = (turned < 0) == (wheelRest < 0) ? wheelRest + turned : turned;
+    const int notches = wheelRest / WHEEL_DELTA;
+    wheelRest %= WHEEL_DELTA;
+    return notches == 0 || listener.OnWheel ({ place.x, place.y }, notches);
 }
 
 bool WinPanelWindow::OnKeyMessage (UINT message, WPARAM wParam, LPARAM lParam)

@@ -69,6 +69,7 @@ private:
     bool pointerInside = false;
     bool holdsPointer = false;   // the pointer is captured
     bool captureLost = false;    // to another window, with a button held
+    int wheelRest = 0;           // what the wheel has turned of the next notch, in WHEEL_DELTA
     HBRUSH fieldBrush = nullptr; // owned; null before the first text field
 };
 

@@ -153,7 +153,8 @@ TEST_CASE ("Panel: a wheel's notch is an edit that ends by time, and other keys 
     ClientToScreen (panel.Panel (), &place);
     SetCursorPos (place.x, place.y);
     RunMessages (100);
-    SendMessageW (panel.Panel (), WM_MOUSEWHEEL, MAKEWPARAM (0, WHEEL_DELTA), MAKELPARAM (place.x, place.y));
+    for (const int turned : { WHEEL_DELTA / 4, WHEEL_DELTA / 4, WHEEL_DELTA / 2 }) // a fine wheel
+        SendMessageW (panel.Panel (), WM_MOUSEWHEEL, MAKEWPARAM (0, turned), MAKELPARAM (place.x, place.y));
     RunMessages (100);
     CHECK (std::ranges::count (plugin.calls, HandlerCall::Kind::beginEdit, &HandlerCall::kind) == 1);
     RunMessages (3000);
