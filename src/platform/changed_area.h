@@ -16,7 +16,8 @@ public:
     static constexpr std::size_t kMost = 16;
 
     void Add (ZRect rect); ///< an empty one adds nothing
-    std::span<const ZRect> Rects () const { return { rects.data (), count }; }
+    std::span<const ZRect> Rects () const& { return { rects.data (), count }; }
+    std::span<const ZRect> Rects () const&& = delete; // they would go with it
 
 private:
     std::array<ZRect, kMost> rects{};

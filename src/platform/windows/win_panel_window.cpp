@@ -297,7 +297,10 @@ void WinPanelWindow::MakeSurface (std::int32_t width, std::int32_t height, doubl
 
 void WinPanelWindow::ShowChanges ()
 {
-    for (const auto& pixels : std::exchange (changes, {}).Rects ())
+    if (window == nullptr) // to the system that is all windows
+        return;
+    const auto changed = std::exchange (changes, {});
+    for (const auto& pixels : changed.Rects ())
     {
         const RECT area{ pixels.left, pixels.top, pixels.right, pixels.bottom };
         InvalidateRect (window, &area, FALSE);
