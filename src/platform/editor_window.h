@@ -3,6 +3,7 @@
 #include "event_imp.h"
 #include "native_key.h"
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -34,6 +35,9 @@ public:
     virtual bool OnWheel (ZPoint pixel, double notches) = 0;  ///< away from the user counts up. @return taken
     virtual bool OnKey (const NativeKey& key, bool down) = 0; ///< a held key comes again. @return taken
     virtual void OnKeyboardLost () = 0;                       ///< the user works elsewhere now
+    /// Does what a window's own field wants done on a message of its own. The host may close the window in answer, which
+    /// then ends with this call.
+    virtual void OnFieldMessage (const std::function<void ()>& work) = 0;
 };
 
 /// The pointer and the keys over a window, for one call after another.

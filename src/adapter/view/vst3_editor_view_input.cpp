@@ -287,6 +287,13 @@ void ZVst3EditorViewWrapper::LeaveInput ()
     brackets.EndAllHeldEdits ();
 }
 
+void ZVst3EditorViewWrapper::OnFieldMessage (const std::function<void ()>& work)
+{
+    const HostCall call;
+    Stay ();
+    work ();
+}
+
 void ZVst3EditorViewWrapper::SetParameter (std::int32_t tag, float value)
 {
     const auto id = static_cast<Vst::ParamID> (tag);

@@ -10,6 +10,7 @@
 #include "pluginterfaces/vst/ivstplugview.h"
 #include "public.sdk/source/vst/vsteditcontroller.h"
 #include "scale_menu.h"
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -101,6 +102,7 @@ private:
     bool OnWheel (ZPoint pixel, double notches) override;
     bool OnKey (const NativeKey& key, bool down) override;
     void OnKeyboardLost () override { onFocus (false); }
+    void OnFieldMessage (const std::function<void ()>& work) override;
 
     bool IsEditorOpen () const;
     ZPoint PanelPixels () const;

@@ -75,6 +75,26 @@ std::int32_t ButtonOf (UINT message)
     }
 }
 
+/// A typed value goes to the host, which may do anything on hearing of it.
+class PanelTextEditImp final : public ZWinTextEditImpWithHandleEvent
+{
+public:
+    PanelTextEditImp (HWND over, double pixels, EditorWindowListener& hearing)
+        : ZWinTextEditImpWithHandleEvent (over, pixels)
+        , listener (hearing)
+    {
+    }
+
+protected:
+    void End (bool commit) override
+    {
+        listener.OnFieldMessage ([this, commit] { ZWinTextEditImpWithHandleEvent::End (commit); });
+    }
+
+private:
+    EditorWindowListener& listener; // not owned: outlives this
+};
+
 } // namespace
 
 WinPanelWindow::WinPanelWindow (EditorWindowListener& hearing)
@@ -181,7 +201,10 @@ LRESULT WinPanelWindow::OnMessage (UINT message, WPARAM wParam, LPARAM lParam)
 
 void WinPanelWindow::OnPress (UINT message, LPARAM lParam)
 {
-    SetFocus (window);
+    const HWND handle = window;
+    SetFocus (handle); // who loses it may end this
+    if (GetWindowLongPtrW (handle, GWLP_USERDATA) != reinterpret_cast<LONG_PTR> (this))
+        return;
     SetCapture (window);
     holdsPointer = true;
     captureLost = false;
@@ -320,7 +343,7 @@ std::unique_ptr<ZMatrixMenuImp> WinPanelWindow::CreateMenuImp ()
 
 std::unique_ptr<ZTextEditImp> WinPanelWindow::CreateTextEditImp ()
 {
-    return std::make_unique<ZWinTextEditImpWithHandleEvent> (window, surface->GetScale ());
+    return std::make_unique<PanelTextEditImp> (window, surface->GetScale (), listener);
 }
 
 } // namespace tessaly

@@ -164,20 +164,25 @@ LRESULT ZWinTextEditImpWithHandleEvent::HandleMessage (HWND window, UINT message
     switch (message)
     {
     case WM_KILLFOCUS:
-        control->CloseModal (false);
+        End (false);
         return 0;
     case WM_GETDLGCODE:
         return DLGC_WANTALLKEYS; // else a dialog of the host's takes return and escape
     case WM_KEYDOWN:
         if (wParam == VK_RETURN || wParam == VK_CANCEL)
-            control->CloseModal (true);
+            End (true);
         else if (wParam == VK_ESCAPE)
-            control->CloseModal (false);
+            End (false);
         break;
     default:
         break;
     }
     return IsWindow (window) != FALSE ? CallWindowProcW (procedure, window, message, wParam, lParam) : 0;
+}
+
+void ZWinTextEditImpWithHandleEvent::End (bool commit)
+{
+    control->CloseModal (commit);
 }
 
 } // namespace tessaly

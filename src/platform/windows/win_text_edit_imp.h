@@ -53,6 +53,9 @@ public:
 
     virtual LRESULT HandleMessage (HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
+protected:
+    virtual void End (bool commit); ///< this object may end within it
+
 private:
     static LRESULT CALLBACK Procedure (HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     void PutProcedureBack ();
