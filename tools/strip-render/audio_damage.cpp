@@ -109,6 +109,25 @@ std::string Wave64Damage (const InputFile& file, const HeaderReader& header)
     return {};
 }
 
+/// CAF: names of 4 bytes, sizes of 8. The size of the audio may be left open (all bits set) where it ends the file.
+std::string CoreAudioDamage (const InputFile& file, const HeaderReader& header)
+{
+    constexpr std::int64_t kWideHeader = 12;
+    std::int64_t place = 8;
+    for (int i = 0; i < kMostChunks; ++i)
+    {
+        const auto size = header.Number (place + 4, 8);
+        if (!size)
+            return "it ends ahead of its audio";
+        if (*size < 0)
+            return {};
+        if (header.Has (place, "data"))
+            return Missing (*size, file.Size () - place - kWideHeader);
+        place += kWideHeader + *size;
+    }
+    return {};
+}
+
 /// The last page of a stream is marked as such, and is as long as its table of segments says.
 std::string OggDamage (const InputFile& file)
 {
@@ -140,6 +159,8 @@ std::string AudioDamage (const InputFile& file)
         return little.Has (8, "WAVE") ? ChunkedDamage (file, little, "data") : "";
     if (little.Has (0, "riff"))
         return Wave64Damage (file, little);
+    if (big.Has (0, "caff"))
+        return CoreAudioDamage (file, big);
     if (big.Has (0, "FORM"))
         return ChunkedDamage (file, big, "SSND");
     if (big.Has (0, ".snd"))

@@ -196,12 +196,15 @@ void AudioWriter::Flush ()
 {
     if (!WriteFirst (file.get (), waiting, waitingCount))
         throw RenderError ("the output cannot be written: " + Reason (file.get ()));
+    hasSamples = hasSamples || waitingCount > 0;
     waitingCount = 0;
 }
 
 void AudioWriter::Close ()
 {
     Flush ();
+    if (!hasSamples) // FLAC writes its header with the first of them
+        sf_command (file.get (), SFC_UPDATE_HEADER_NOW, nullptr, 0);
     sf_write_sync (file.get ());
     if (sf_error (file.get ()) != SF_ERR_NO_ERROR)
         throw RenderError ("the output cannot be written: " + Reason (file.get ()));

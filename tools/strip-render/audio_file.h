@@ -111,6 +111,7 @@ private:
     std::optional<SampleQuantizer> quantizer;
     FileSamples waiting; // the first of them for the next write to the file
     std::size_t waitingCount = 0;
+    bool hasSamples = false; // in the file
 };
 
 /// The format, or RF64 in the place of WAV where the file comes to four gigabytes. Where the length is not known it is
