@@ -46,8 +46,11 @@ void SetUp (Channel_Strip& strip, const KeyPointSet& table, std::uint32_t row)
                                static_cast<float> (table.KeyPointStep (row, column)));
 }
 
-/// @param at      0 to 1, along the axis
-/// @param valueAt of a place on the axis
+/// Beyond any diagram: the steps of a file may lie beyond their parameters, and what they make be infinite or NaN.
+constexpr double kFarthestDb = 1000.0;
+
+/// @param placeAt  of 0 to 1, along the axis
+/// @param valueAt  in dB, of a place on the axis
 template <typename Place, typename Value>
 std::vector<plot::Sample> Sampled (const Place& placeAt, const Value& valueAt)
 {
@@ -55,7 +58,7 @@ std::vector<plot::Sample> Sampled (const Place& placeAt, const Value& valueAt)
     for (int i = 0; i <= kSamples; ++i)
     {
         const double x = placeAt (static_cast<double> (i) / kSamples);
-        samples.push_back ({ x, valueAt (x) });
+        samples.push_back ({ x, std::fmin (std::fmax (valueAt (x), -kFarthestDb), kFarthestDb) }); // NaN as lowest
     }
     return samples;
 }
@@ -91,15 +94,16 @@ Curves CurvesOf (const KeyPointSet& table)
     return curves;
 }
 
-/// Half the height of the equalizer's diagram: steps of 6 dB.
+/// Half the height of the equalizer's diagram: steps of 6 dB, at most what three bands make.
 double LargestGainDb (const std::vector<Curve>& curves)
 {
     constexpr double kStepDb = 6.0;
+    constexpr double kMostDb = 54.0;
     double largest = kStepDb;
     for (const Curve& curve : curves)
         for (const plot::Sample& sample : curve.samples)
             largest = std::max (largest, std::abs (sample.y));
-    return std::ceil (largest / kStepDb - 1e-6) * kStepDb;
+    return std::min (std::ceil (largest / kStepDb - 1e-6) * kStepDb, kMostDb);
 }
 
 } // namespace
