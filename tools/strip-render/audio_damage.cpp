@@ -123,7 +123,7 @@ std::string CoreAudioDamage (const InputFile& file, const HeaderReader& header)
             return {};
         if (header.Has (place, "data"))
             return Missing (*size, file.Size () - place - kWideHeader);
-        place += kWideHeader + *size;
+        place += kWideHeader + std::min (*size, file.Size ());
     }
     return {};
 }
@@ -157,6 +157,8 @@ std::string AudioDamage (const InputFile& file)
     const HeaderReader big (file, true);
     if (little.Has (0, "RIFF") || little.Has (0, "RF64"))
         return little.Has (8, "WAVE") ? ChunkedDamage (file, little, "data") : "";
+    if (big.Has (0, "RIFX")) // WAV with the highest byte first
+        return ChunkedDamage (file, big, "data");
     if (little.Has (0, "riff"))
         return Wave64Damage (file, little);
     if (big.Has (0, "caff"))
@@ -169,6 +171,18 @@ std::string AudioDamage (const InputFile& file)
         return IsUnknown (declared) ? "" : Missing (declared, file.Size () - big.Number (4).value_or (0));
     }
     return little.Has (0, "OggS") ? OggDamage (file) : "";
+}
+
+bool IsUnfinished (const InputFile& file)
+{
+    const HeaderReader little (file, false);
+    const HeaderReader big (file, true);
+    const auto goesOnBehind = [&file] (std::int64_t told) { return file.Size () > told + 1; }; // but for an even length
+    if (little.Has (0, "RIFF"))
+        return goesOnBehind (little.Number (4).value_or (0) + kChunkHeader);
+    if (big.Has (0, "RIFX"))
+        return goesOnBehind (big.Number (4).value_or (0) + kChunkHeader);
+    return big.Has (0, ".snd") && goesOnBehind (big.Number (4).value_or (0));
 }
 
 bool IsLengthGuessed (const InputFile& file)

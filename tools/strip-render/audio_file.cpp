@@ -107,6 +107,9 @@ AudioReader::AudioReader (const fs::path& of, Damage whenDamaged)
         if (!file)
             throw NotAudio ("\"" + path.string () + "\" is not an audio file that can be read: " + Reason (nullptr));
     }
+    if (info.frames == 0 && IsUnfinished (input))
+        throw RenderError ("\"" + path.string () +
+                           "\" is damaged: its header was not finished and tells of no audio, though more follows");
     ahead = SamplesToRead (info.format);
     Resize (ahead, FramesAtOnce (info.channels) * static_cast<std::size_t> (info.channels));
     if (const auto fault = AudioDamage (input); !fault.empty ())
