@@ -73,7 +73,8 @@ public:
             std::error_code ignored;
             if (holdsResults && IsBelow (entry.path (), options.outFolder))
                 continue;
-            if (entry.is_regular_file (ignored))
+            const bool leadsNowhere = entry.is_symlink (ignored) && !entry.exists (ignored);
+            if (entry.is_regular_file (ignored) || (leadsNowhere && IsNamedAsAudio (entry.path ())))
                 files.push_back (entry.path ());
             else if (!entry.is_directory (ignored))
                 continue;
