@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 namespace tessaly::host
@@ -18,11 +19,16 @@ namespace fs = std::filesystem;
 namespace
 {
 
+constexpr std::string_view kWorkingPrefix = ".tessaly-";
+constexpr std::string_view kWorkingSuffix = ".part";
+
 /// Not made from the target's name, which may already be as long as a name can be.
 std::string WorkingName ()
 {
     static std::atomic<int> made = 0; // several threads may write files
-    return ".tessaly-" + std::to_string (tools::ProcessNumber ()) + "-" + std::to_string (++made) + ".part";
+    std::string name (kWorkingPrefix);
+    name += std::to_string (tools::ProcessNumber ()) + "-" + std::to_string (++made);
+    return name += kWorkingSuffix;
 }
 
 [[noreturn]] void RefuseToReplace (const fs::path& file)
@@ -115,6 +121,12 @@ void PendingFile::Rename ()
     if (error)
         throw HostError ("cannot put the result at \"" + target.string () + "\": " + error.message ());
     committed = true;
+}
+
+bool IsPendingFile (const fs::path& file)
+{
+    const std::string name = file.filename ().string ();
+    return name.starts_with (kWorkingPrefix) && name.ends_with (kWorkingSuffix);
 }
 
 } // namespace tessaly::host

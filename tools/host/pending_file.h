@@ -45,4 +45,7 @@ private:
     bool committed = false;
 };
 
+/// Whether a name is that of a working file, as a process leaves one that is killed.
+bool IsPendingFile (const std::filesystem::path& file);
+
 } // namespace tessaly::host

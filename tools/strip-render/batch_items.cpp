@@ -1,6 +1,7 @@
 #include "batch_items.h"
 
 #include "output_format.h"
+#include "pending_file.h"
 #include "render_error.h"
 #include "text.h"
 #include "warning.h"
@@ -71,7 +72,7 @@ public:
         for (const auto& entry : Iterator (folder, fs::directory_options::skip_permission_denied))
         {
             std::error_code ignored;
-            if (holdsResults && IsBelow (entry.path (), options.outFolder))
+            if ((holdsResults && IsBelow (entry.path (), options.outFolder)) || host::IsPendingFile (entry.path ()))
                 continue;
             const bool leadsNowhere = entry.is_symlink (ignored) && !entry.exists (ignored);
             if (entry.is_regular_file (ignored) || (leadsNowhere && IsNamedAsAudio (entry.path ())))
@@ -130,7 +131,9 @@ bool IsNamedAsAudio (const fs::path& file)
         std::to_array<std::string_view> ({ ".wav", ".wave", ".bwf", ".rf64", ".w64",  ".flac", ".aiff", ".aif", ".aifc",
                                            ".au",  ".caf",  ".ogg", ".oga",  ".opus", ".mp3",  ".mp2",  ".m4a", ".m4b",
                                            ".aac", ".wma",  ".wv",  ".ape",  ".amr",  ".mka",  ".dsf",  ".dff" });
-    return std::ranges::find (kAudio, Lowered (file.extension ().string ())) != kAudio.end ();
+    // Beside each file macOS keeps attributes of it under such a name, on file systems that have none.
+    return !file.filename ().string ().starts_with ("._") &&
+           std::ranges::find (kAudio, Lowered (file.extension ().string ())) != kAudio.end ();
 }
 
 std::vector<BatchItem> BatchItems (const Options& options)
@@ -147,8 +150,7 @@ std::vector<BatchItem> BatchItems (const Options& options)
             collector.AddFolder<fs::directory_iterator> (given);
     }
     FindFaults (collector.items);
-    const auto isNamedAsAudio = [] (const BatchItem& item) { return IsNamedAsAudio (item.input); };
-    if (collector.leavesFoldersOut && std::ranges::none_of (collector.items, isNamedAsAudio))
+    if (collector.leavesFoldersOut)
         Warn ("folders in the folder are left out; --recursive takes what is in them");
     return collector.items;
 }

@@ -100,10 +100,11 @@ struct Texts
 
 void Describe (CLI::App& app, Options& options, Texts& texts)
 {
-    app.add_option ("IN OUT", options.batch,
-                    "Recording to render: WAV, RF64, FLAC, AIFF, AU, Ogg, Opus, MP3; any rate, any number of channels; "
-                    "- for standard input. Then the file to write; its extension tells the format; - for standard "
-                    "output, as WAV. With --out-dir: any number of recordings and folders");
+    app.add_option (
+        "IN OUT", options.batch,
+        "Recording to render: WAV, RF64, W64, CAF, FLAC, AIFF, AU, Ogg, Opus, MP3; any rate, any number of channels; "
+        "- for standard input. Then the file to write; its extension tells the format; - for standard "
+        "output, as WAV. With --out-dir: any number of recordings and folders");
     app.add_option ("--out-dir", options.outFolder, "Folder for the results, which keep names and folders")
         ->type_name ("DIR");
     app.add_flag ("--recursive", options.recursive, "Folders with all that is below them");
